@@ -1,0 +1,154 @@
+#include "CGroupManager.h"
+
+#include "CUserManager.h"
+#include "ServerCall.h"
+
+namespace PlatformLogic {
+
+using GroupLogical::IGroupManagerObserver;
+
+namespace {
+
+/// For answers without data.
+constexpr auto TakeNothing = [](IGroupManagerObserver::Param&, wire::Nothing&&) {};
+constexpr auto TakeOrganization = [](IGroupManagerObserver::Param& param,
+                                      GroupLogical::Organization_t&& organization) {
+    param.vecOrganizations.push_back(std::move(organization));
+};
+constexpr auto TakePage = [](IGroupManagerObserver::Param& param, GroupLogical::DevicePage_t&& page) {
+    param.devicePage = std::move(page);
+};
+constexpr auto TakeFailed = [](IGroupManagerObserver::Param& param, wire::BatchAnswer&& answer) {
+    param.vecFailed = std::move(answer.vecFailed);
+};
+
+} // namespace
+
+CGroupManager::CGroupManager(CServerConnection& connection, CUserManager& userManager)
+    : m_connection(connection)
+    , m_userManager(userManager)
+{
+}
+
+template <class Op, class Take>
+int CGroupManager::Call(int nResultCode, const typename Op::Request& request, Take take)
+{
+    if (!m_userManager.GetUserRight())
+        return 0;
+    return CallServer<Op>(
+        m_connection, request, [this, nResultCode, take](TypedAnswer<typename Op::Answer>&& answer) {
+            Param param;
+            param.nResultCode = nResultCode;
+            param.nSequence = answer.nSequence;
+            param.nErrorCode = answer.nErrorCode;
+            param.sErrorDetail = std::move(answer.sDetail);
+            take(param, std::move(answer.data));
+            Notify(param);
+        });
+}
+
+void CGroupManager::Notify(const Param& param)
+{
+    m_observers.ForEach([&](IGroupManagerObserver& observer) { observer.OnNotifyGroupManagerState(param); });
+}
+
+void CGroupManager::NotifyPush(int nResultCode)
+{
+    Param param;
+    param.nResultCode = nResultCode;
+    Notify(param);
+}
+
+void CGroupManager::AddObserver(IGroupManagerObserver* pObserver)
+{
+    m_observers.Add(pObserver);
+}
+
+void CGroupManager::RemoveObserver(IGroupManagerObserver* pObserver)
+{
+    m_observers.Remove(pObserver);
+}
+
+int CGroupManager::GetOrganizationLevelLimit()
+{
+    return m_userManager.GetOrganizationLevelLimit();
+}
+
+int CGroupManager::QueryOrganizations()
+{
+    return Call<wire::QueryOrganizations>(
+        IGroupManagerObserver::ResultQueryOrganizations, {}, [](Param& param, wire::Organizations&& data) {
+            param.vecOrganizations = std::move(data.vecOrganizations);
+        });
+}
+
+int CGroupManager::AddOrganization(const GroupLogical::Organization_t& organization)
+{
+    return Call<wire::AddOrganization>(
+        IGroupManagerObserver::ResultAddOrganization, organization, TakeOrganization);
+}
+
+int CGroupManager::ModifyOrganization(const GroupLogical::Organization_t& organization)
+{
+    return Call<wire::ModifyOrganization>(
+        IGroupManagerObserver::ResultModifyOrganization, organization, TakeOrganization);
+}
+
+int CGroupManager::DeleteOrganization(const std::string& sCode)
+{
+    return Call<wire::DeleteOrganization>(
+        IGroupManagerObserver::ResultDeleteOrganization, {sCode}, TakeNothing);
+}
+
+int CGroupManager::MoveOrganization(const std::string& sCode, const std::string& sNewParentCode)
+{
+    return Call<wire::MoveOrganization>(
+        IGroupManagerObserver::ResultMoveOrganization, {sCode, sNewParentCode}, TakeNothing);
+}
+
+int CGroupManager::QueryDevicePage(const GroupLogical::DevicePageRequest_t& request)
+{
+    return Call<wire::QueryDevicePage>(IGroupManagerObserver::ResultQueryDevicePage, request, TakePage);
+}
+
+int CGroupManager::ExportDevice(const GroupLogical::DevicePageRequest_t& request)
+{
+    return Call<wire::ExportDevice>(IGroupManagerObserver::ResultExportDevice, request, TakePage);
+}
+
+int CGroupManager::QueryDeviceDetail(const std::string& sDeviceId)
+{
+    return Call<wire::QueryDeviceDetail>(IGroupManagerObserver::ResultQueryDeviceDetail, {sDeviceId},
+        [](Param& param, GroupLogical::DeviceAddInfo_t&& device) {
+            if (param.nErrorCode == UICommonMdl::ErrorNone)
+                param.optDevice = std::move(device);
+        });
+}
+
+int CGroupManager::QueryDeviceReferences(const std::string& sDeviceId)
+{
+    return Call<wire::QueryDeviceReferences>(IGroupManagerObserver::ResultQueryDeviceReferences, {sDeviceId},
+        [](Param& param, wire::DeviceReferences&& data) {
+            param.vecReferences = std::move(data.vecReferences);
+        });
+}
+
+int CGroupManager::DeleteDevice(const std::vector<std::string>& vecDeviceIds, int nMode)
+{
+    return Call<wire::DeleteDevice>(
+        IGroupManagerObserver::ResultDeleteDevice, {vecDeviceIds, nMode}, TakeFailed);
+}
+
+int CGroupManager::MoveDevice(const std::vector<std::string>& vecDeviceIds, const std::string& sOrgCode)
+{
+    return Call<wire::MoveDevice>(
+        IGroupManagerObserver::ResultMoveDevice, {vecDeviceIds, sOrgCode}, TakeFailed);
+}
+
+int CGroupManager::QueryDeviceTypes()
+{
+    return Call<wire::QueryDeviceTypes>(IGroupManagerObserver::ResultQueryDeviceTypes, {},
+        [](Param& param, wire::DeviceTypes&& data) { param.vecDeviceTypes = std::move(data.vecTypes); });
+}
+
+} // namespace PlatformLogic

@@ -1,0 +1,192 @@
+#include "CNetworkWorker.h"
+
+#include <UICommonMdl/ErrorCodes.h>
+#include <wire/Operation.h>
+
+#include <QNetworkReply>
+
+namespace PlatformLogic {
+
+namespace {
+
+constexpr int FirstRetryMs = 250;
+constexpr int LastRetryMs = 5000;
+// The server sends at least a comment every ten seconds; a stream that is silent for longer than two of them
+// is dead.
+constexpr int SilenceMs = 25000;
+
+int ConnectionError(QNetworkReply::NetworkError error)
+{
+    switch (error) {
+    case QNetworkReply::SslHandshakeFailedError:
+        return UICommonMdl::ErrorTlsFailed;
+    // The transfer time-out of a request ends it as cancelled.
+    case QNetworkReply::TimeoutError:
+    case QNetworkReply::OperationCanceledError:
+        return UICommonMdl::ErrorTimeOut;
+    default:
+        return UICommonMdl::ErrorDisconnected;
+    }
+}
+
+} // namespace
+
+CNetworkWorker::CNetworkWorker(QObject* pParent)
+    : QObject(pParent)
+    , m_network(this)
+    , m_retry(this)
+    , m_silence(this)
+{
+    m_network.setRedirectPolicy(QNetworkRequest::ManualRedirectPolicy);
+    m_retry.setSingleShot(true);
+    m_silence.setSingleShot(true);
+    connect(&m_retry, &QTimer::timeout, this, &CNetworkWorker::OpenStream);
+    connect(&m_silence, &QTimer::timeout, this, &CNetworkWorker::OnStreamSilent);
+}
+
+CNetworkWorker::~CNetworkWorker()
+{
+    DropStream();
+}
+
+void CNetworkWorker::SetServer(const QUrl& url, const QSslConfiguration& tls)
+{
+    m_server = url;
+    m_tls = tls;
+}
+
+void CNetworkWorker::SetToken(const std::string& sToken)
+{
+    m_token = QByteArray::fromStdString(sToken);
+}
+
+QNetworkRequest CNetworkWorker::MakeRequest(const QString& sPath) const
+{
+    QUrl url = m_server;
+    QString sBase = url.path();
+    if (sBase.endsWith(QLatin1Char('/')))
+        sBase.chop(1);
+    url.setPath(sBase + sPath);
+    QNetworkRequest request(url);
+    if (url.scheme() == QLatin1String("https"))
+        request.setSslConfiguration(m_tls);
+    request.setRawHeader(wire::ProtocolVersionHeader, QByteArray::number(wire::ProtocolVersion));
+    if (!m_token.isEmpty())
+        request.setRawHeader("Authorization", "Bearer " + m_token);
+    return request;
+}
+
+void CNetworkWorker::Post(
+    const std::string& sOperation, const QByteArray& body, int nTimeOutMs, const AnswerHandler& handler)
+{
+    QNetworkRequest request =
+        MakeRequest(QString::fromLatin1(wire::OperationPrefix) + QString::fromStdString(sOperation));
+    request.setHeader(QNetworkRequest::ContentTypeHeader, QByteArrayLiteral("application/json"));
+    request.setTransferTimeout(nTimeOutMs);
+    QNetworkReply* pReply = m_network.post(request, body);
+    connect(pReply, &QNetworkReply::finished, this, [pReply, handler] {
+        RawAnswer answer;
+        answer.body = pReply->readAll();
+        // Error statuses of the server carry a readable body all the same; without one the connection failed.
+        const bool bAnswered = pReply->attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid();
+        const bool bCut =
+            pReply->error() != QNetworkReply::NoError && pReply->error() < QNetworkReply::ContentAccessDenied;
+        if (pReply->property("cancelled").toBool())
+            answer.nErrorCode = UICommonMdl::ErrorCancelled;
+        else if (!bAnswered || bCut)
+            answer.nErrorCode = ConnectionError(pReply->error());
+        pReply->deleteLater();
+        handler(answer);
+    });
+}
+
+void CNetworkWorker::CancelAll()
+{
+    const auto replies = m_network.findChildren<QNetworkReply*>();
+    for (QNetworkReply* pReply : replies) {
+        if (pReply == m_pStream || pReply->isFinished())
+            continue;
+        pReply->setProperty("cancelled", true);
+        pReply->abort();
+    }
+}
+
+void CNetworkWorker::OpenStream()
+{
+    m_bStreamWanted = true;
+    DropStream();
+    m_pParser =
+        std::make_unique<EventStreamParser>([this](const std::string& sName, const std::string& sData) {
+            // The first event tells that the server accepted the stream.
+            m_nRetryDelayMs = 0;
+            SetStreamState(StreamState::Connected);
+            Q_EMIT SignalEvent(sName, sData);
+        });
+    QNetworkRequest request = MakeRequest(QString::fromLatin1(wire::EventPath));
+    request.setRawHeader("Accept", "text/event-stream");
+    m_pStream = m_network.get(request);
+    connect(m_pStream, &QNetworkReply::readyRead, this, &CNetworkWorker::OnStreamReadable);
+    connect(m_pStream, &QNetworkReply::finished, this, &CNetworkWorker::OnStreamFinished);
+    m_silence.start(SilenceMs);
+}
+
+void CNetworkWorker::CloseStream()
+{
+    m_bStreamWanted = false;
+    m_retry.stop();
+    DropStream();
+    SetStreamState(StreamState::Closed);
+}
+
+void CNetworkWorker::DropStream()
+{
+    m_silence.stop();
+    if (!m_pStream)
+        return;
+    m_pStream->disconnect(this);
+    m_pStream->abort();
+    m_pStream->deleteLater();
+    m_pStream = nullptr;
+}
+
+void CNetworkWorker::OnStreamReadable()
+{
+    if (m_pStream->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() != 200)
+        return;
+    m_silence.start(SilenceMs);
+    QNetworkReply* const pStream = m_pStream;
+    if (!m_pParser->Feed(pStream->readAll()) && pStream == m_pStream)
+        OnStreamSilent();
+}
+
+void CNetworkWorker::OnStreamFinished()
+{
+    const bool bRefused = m_pStream->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() == 401;
+    DropStream();
+    if (!m_bStreamWanted)
+        return;
+    if (bRefused) {
+        m_bStreamWanted = false;
+        SetStreamState(StreamState::Refused);
+        return;
+    }
+    SetStreamState(StreamState::Lost);
+    m_nRetryDelayMs = qBound(FirstRetryMs, m_nRetryDelayMs * 2, LastRetryMs);
+    m_retry.start(m_nRetryDelayMs);
+}
+
+void CNetworkWorker::OnStreamSilent()
+{
+    if (m_pStream)
+        OnStreamFinished();
+}
+
+void CNetworkWorker::SetStreamState(StreamState state)
+{
+    if (state == m_streamState)
+        return;
+    m_streamState = state;
+    Q_EMIT SignalStreamState(state);
+}
+
+} // namespace PlatformLogic

@@ -1,0 +1,234 @@
+#include "CPlatformClient.h"
+
+#include "CGroupManager.h"
+#include "CLocalConfig.h"
+#include "CRemoteConfigManager.h"
+#include "CUserManager.h"
+#include "ServerCall.h"
+
+#include <QDir>
+
+namespace PlatformLogic {
+
+using UserLogical::IUserManagerObserver;
+
+struct CPlatformClient::Private
+{
+    Private(CPlatformClient* pOwner, const QString& sConfigFolder);
+    /// Open requests are answered while the managers that they belong to still stand.
+    ~Private() { pConnection.reset(); }
+
+    /// Runs the call on the user-interface thread as long as the client lives.
+    template <class Call>
+    void OnUiThread(Call call)
+    {
+        QMetaObject::invokeMethod(pClient, std::move(call), Qt::QueuedConnection);
+    }
+
+    // The following run on the network thread.
+    void OnEvent(const std::string& sName, const std::string& sData);
+    void OnState(CServerConnection::State state);
+    void OnDeviceStates(const std::string& sData);
+    void RefreshSession();
+    void EndSession();
+
+    CPlatformClient* pClient;
+    CUserManager userManager;
+    CLocalConfig localConfig;
+    std::unique_ptr<CServerConnection> pConnection;
+    CGroupManager groupManager;
+    CRemoteConfigManager remoteConfigManager;
+};
+
+CPlatformClient::Private::Private(CPlatformClient* pOwner, const QString& sConfigFolder)
+    : pClient(pOwner)
+    , localConfig(sConfigFolder)
+    , pConnection(std::make_unique<CServerConnection>())
+    , groupManager(*pConnection, userManager)
+    , remoteConfigManager(*pConnection, userManager)
+{
+    pConnection->SetEventHandler([this](const auto& sName, const auto& sData) { OnEvent(sName, sData); });
+    pConnection->SetStateHandler([this](CServerConnection::State state) { OnState(state); });
+}
+
+void CPlatformClient::Private::OnEvent(const std::string& sName, const std::string& sData)
+{
+    using GroupLogical::IGroupManagerObserver;
+    if (sName == wire::event::DeviceStates)
+        OnDeviceStates(sData);
+    else if (sName == wire::event::DevicesChanged)
+        groupManager.NotifyPush(IGroupManagerObserver::ResultDevicesChanged);
+    else if (sName == wire::event::OrganizationsChanged)
+        groupManager.NotifyPush(IGroupManagerObserver::ResultOrganizationsChanged);
+    else if (sName == wire::event::RightsChanged)
+        RefreshSession();
+    else if (sName == wire::event::SessionEnded)
+        EndSession();
+}
+
+void CPlatformClient::Private::OnDeviceStates(const std::string& sData)
+{
+    try {
+        const auto states = nlohmann::json::parse(sData).get<wire::DeviceStates>();
+        remoteConfigManager.NotifyStates(states.vecStates);
+    } catch (const nlohmann::json::exception& error) {
+        qWarning("Device states could not be read[%s].", error.what());
+    }
+}
+
+void CPlatformClient::Private::OnState(CServerConnection::State state)
+{
+    switch (state) {
+    case CServerConnection::State::Disconnected:
+        break;
+    case CServerConnection::State::SessionRefused:
+        EndSession();
+        break;
+    case CServerConnection::State::Lost:
+        remoteConfigManager.SetServerConnected(false);
+        OnUiThread([this] { Q_EMIT pClient->SignalConnectionChanged(false); });
+        break;
+    case CServerConnection::State::Connected:
+        if (remoteConfigManager.IsServerConnected())
+            break;
+        // Rights may have changed while nobody could tell.
+        RefreshSession();
+        remoteConfigManager.SetServerConnected(true);
+        OnUiThread([this] { Q_EMIT pClient->SignalConnectionChanged(true); });
+        break;
+    }
+}
+
+void CPlatformClient::Private::RefreshSession()
+{
+    CallServer<wire::GetSession>(*pConnection, {}, [this](TypedAnswer<wire::Session>&& answer) {
+        if (answer.nErrorCode != UICommonMdl::ErrorNone || !userManager.GetUserRight())
+            return;
+        if (!userManager.SetSession(answer.data))
+            return;
+        userManager.Notify(IUserManagerObserver::ResultRightsChanged, UICommonMdl::ErrorNone);
+        OnUiThread([this] { Q_EMIT pClient->SignalRightsChanged(); });
+    });
+}
+
+void CPlatformClient::Private::EndSession()
+{
+    if (!userManager.GetUserRight())
+        return;
+    userManager.ClearSession();
+    pConnection->CloseSession();
+    userManager.Notify(IUserManagerObserver::ResultSessionEnded, UICommonMdl::ErrorNotSignedIn);
+    OnUiThread([this] { Q_EMIT pClient->SignalSessionEnded(); });
+}
+
+CPlatformClient::CPlatformClient(const QString& sConfigFolder, QObject* pParent)
+    : QObject(pParent)
+{
+    QDir().mkpath(sConfigFolder);
+    m_pPrivate = std::make_unique<Private>(this, sConfigFolder);
+}
+
+CPlatformClient::~CPlatformClient() = default;
+
+VxPluginAPI::IManager* CPlatformClient::FindManager(const std::string& sInterfaceId)
+{
+    if (sInterfaceId == GroupLogical::IGroupManager::InterfaceId)
+        return GetGroupManager();
+    if (sInterfaceId == RemoteConfigLogical::IRemoteConfigManager::InterfaceId)
+        return GetRemoteConfigManager();
+    if (sInterfaceId == UserLogical::IUserManager::InterfaceId)
+        return GetUserManager();
+    if (sInterfaceId == UICommonMdl::ILocalConfig::InterfaceId)
+        return GetLocalConfig();
+    return nullptr;
+}
+
+GroupLogical::IGroupManager* CPlatformClient::GetGroupManager() const
+{
+    return &m_pPrivate->groupManager;
+}
+
+RemoteConfigLogical::IRemoteConfigManager* CPlatformClient::GetRemoteConfigManager() const
+{
+    return &m_pPrivate->remoteConfigManager;
+}
+
+UserLogical::IUserManager* CPlatformClient::GetUserManager() const
+{
+    return &m_pPrivate->userManager;
+}
+
+UICommonMdl::ILocalConfig* CPlatformClient::GetLocalConfig() const
+{
+    return &m_pPrivate->localConfig;
+}
+
+void CPlatformClient::SetServer(const QUrl& url, const QSslConfiguration& tls)
+{
+    m_pPrivate->userManager.ClearSession();
+    m_pPrivate->pConnection->CloseSession();
+    m_pPrivate->pConnection->SetServer(url, tls);
+}
+
+QUrl CPlatformClient::GetServer() const
+{
+    return m_pPrivate->pConnection->GetServer();
+}
+
+void CPlatformClient::SetRequestTimeOut(int nMilliseconds)
+{
+    m_pPrivate->pConnection->SetTimeOut(nMilliseconds);
+}
+
+bool CPlatformClient::IsSignedIn() const
+{
+    return m_pPrivate->userManager.GetUserRight() != nullptr;
+}
+
+void CPlatformClient::QueryServerState()
+{
+    Private& p = *m_pPrivate;
+    CallServer<wire::GetServerState>(*p.pConnection, {}, [&p](TypedAnswer<wire::ServerState>&& answer) {
+        p.OnUiThread([&p, nCode = answer.nErrorCode, bSetup = answer.data.bSetupNeeded] {
+            Q_EMIT p.pClient->SignalServerState(nCode, bSetup);
+        });
+    });
+}
+
+void CPlatformClient::SetUp(const QString& sPassword)
+{
+    Private& p = *m_pPrivate;
+    CallServer<wire::SetUp>(
+        *p.pConnection, {sPassword.toStdString()}, [&p](TypedAnswer<wire::Nothing>&& answer) {
+            p.OnUiThread([&p, nCode = answer.nErrorCode, sDetail = QString::fromStdString(answer.sDetail)] {
+                Q_EMIT p.pClient->SignalSetUp(nCode, sDetail);
+            });
+        });
+}
+
+void CPlatformClient::SignIn(const QString& sUserName, const QString& sPassword)
+{
+    Private& p = *m_pPrivate;
+    const wire::SignInRequest request{sUserName.toStdString(), sPassword.toStdString()};
+    CallServer<wire::SignIn>(*p.pConnection, request, [&p](TypedAnswer<wire::Session>&& answer) {
+        if (answer.nErrorCode == UICommonMdl::ErrorNone) {
+            p.userManager.SetSession(answer.data);
+            p.pConnection->OpenSession(answer.data.sToken);
+        }
+        p.OnUiThread([&p, nCode = answer.nErrorCode, sDetail = QString::fromStdString(answer.sDetail)] {
+            Q_EMIT p.pClient->SignalSignIn(nCode, sDetail);
+        });
+    });
+}
+
+void CPlatformClient::SignOut()
+{
+    Private& p = *m_pPrivate;
+    if (!IsSignedIn())
+        return;
+    p.userManager.ClearSession();
+    CallServer<wire::SignOut>(*p.pConnection, {}, [](TypedAnswer<wire::Nothing>&&) {});
+    p.pConnection->CloseSession(CServerConnection::OpenRequests::Keep);
+}
+
+} // namespace PlatformLogic

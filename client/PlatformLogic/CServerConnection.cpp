@@ -1,0 +1,123 @@
+#include "CServerConnection.h"
+
+#include <UICommonMdl/ErrorCodes.h>
+#include <wire/Records.h>
+
+namespace PlatformLogic {
+
+namespace {
+
+/// Takes the wrapper off an answer; whatever cannot be read is ErrorBadAnswer.
+ServerAnswer Unwrap(int nSequence, const RawAnswer& raw)
+{
+    ServerAnswer answer;
+    answer.nSequence = nSequence;
+    answer.nErrorCode = raw.nErrorCode;
+    if (raw.nErrorCode != UICommonMdl::ErrorNone)
+        return answer;
+    auto json = nlohmann::json::parse(raw.body.begin(), raw.body.end(), nullptr, false);
+    if (!json.is_object() || !json.contains(wire::AnswerCode)
+        || !json[wire::AnswerCode].is_number_integer()) {
+        answer.nErrorCode = UICommonMdl::ErrorBadAnswer;
+        return answer;
+    }
+    answer.nErrorCode = json[wire::AnswerCode].get<int>();
+    if (const auto it = json.find(wire::AnswerDetail); it != json.end() && it->is_string())
+        answer.sDetail = it->get<std::string>();
+    if (const auto it = json.find(wire::AnswerData); it != json.end())
+        answer.data = std::move(*it);
+    return answer;
+}
+
+} // namespace
+
+CServerConnection::CServerConnection()
+    : m_pWorker(new CNetworkWorker)
+{
+    m_pWorker->moveToThread(&m_thread);
+    connect(&m_thread, &QThread::finished, m_pWorker, &QObject::deleteLater);
+    connect(m_pWorker, &CNetworkWorker::SignalStreamState, m_pWorker,
+        [this](CNetworkWorker::StreamState state) { OnStreamState(state); });
+    connect(m_pWorker, &CNetworkWorker::SignalEvent, m_pWorker,
+        [this](const std::string& sName, const std::string& sData) {
+            if (m_eventHandler)
+                m_eventHandler(sName, sData);
+        });
+    m_thread.setObjectName(QStringLiteral("network"));
+    m_thread.start();
+}
+
+CServerConnection::~CServerConnection()
+{
+    // Every request that was accepted is answered, also when the client ends.
+    QMetaObject::invokeMethod(
+        m_pWorker,
+        [this] {
+            m_pWorker->CancelAll();
+            m_pWorker->CloseStream();
+        },
+        Qt::BlockingQueuedConnection);
+    m_thread.quit();
+    m_thread.wait();
+}
+
+void CServerConnection::SetServer(const QUrl& url, const QSslConfiguration& tls)
+{
+    m_server = url;
+    QMetaObject::invokeMethod(m_pWorker, [this, url, tls] { m_pWorker->SetServer(url, tls); });
+}
+
+int CServerConnection::Send(const std::string& sOperation, const QByteArray& body, AnswerHandler handler)
+{
+    const int nSequence = ++m_nSequence;
+    const int nTimeOutMs = m_nTimeOutMs;
+    const int nSession = m_nSession;
+    QMetaObject::invokeMethod(m_pWorker, [=, this, handler = std::move(handler)] {
+        m_pWorker->Post(
+            sOperation, body, nTimeOutMs, [this, nSequence, nSession, handler](const RawAnswer& raw) {
+                const ServerAnswer answer = Unwrap(nSequence, raw);
+                handler(answer);
+                if (answer.nErrorCode == UICommonMdl::ErrorNotSignedIn && nSession == m_nSession
+                    && m_stateHandler)
+                    m_stateHandler(State::SessionRefused);
+            });
+    });
+    return nSequence;
+}
+
+void CServerConnection::OpenSession(const std::string& sToken)
+{
+    ++m_nSession;
+    QMetaObject::invokeMethod(m_pWorker, [this, sToken] {
+        m_pWorker->SetToken(sToken);
+        m_pWorker->OpenStream();
+    });
+}
+
+void CServerConnection::CloseSession(OpenRequests openRequests)
+{
+    QMetaObject::invokeMethod(m_pWorker, [this, openRequests] {
+        if (openRequests == OpenRequests::Cancel)
+            m_pWorker->CancelAll();
+        m_pWorker->CloseStream();
+        m_pWorker->SetToken({});
+    });
+}
+
+void CServerConnection::OnStreamState(CNetworkWorker::StreamState state)
+{
+    if (!m_stateHandler)
+        return;
+    switch (state) {
+    case CNetworkWorker::StreamState::Closed:
+        return m_stateHandler(State::Disconnected);
+    case CNetworkWorker::StreamState::Connected:
+        return m_stateHandler(State::Connected);
+    case CNetworkWorker::StreamState::Lost:
+        return m_stateHandler(State::Lost);
+    case CNetworkWorker::StreamState::Refused:
+        return m_stateHandler(State::SessionRefused);
+    }
+}
+
+} // namespace PlatformLogic

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "CServerConnection.h"
+
+#include <UICommonMdl/ErrorCodes.h>
+#include <wire/Operations.h>
+
+namespace PlatformLogic {
+
+/// A typed answer: data is filled when nErrorCode is 0, else as default-constructed.
+template <class Answer>
+struct TypedAnswer
+{
+    int nSequence = 0;
+    int nErrorCode = 0;
+    std::string sDetail;
+    Answer data;
+};
+
+/// Sends one operation; the handler is called once, on the network thread. Answers the request's number
+/// (above 0). Text that is not UTF-8 is replaced, never sent as it is.
+template <class Op, class Handler>
+int CallServer(CServerConnection& connection, const typename Op::Request& request, Handler handler)
+{
+    const std::string sBody =
+        nlohmann::json(request).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+    return connection.Send(std::string(Op::Name), QByteArray::fromStdString(sBody),
+        [handler = std::move(handler)](const ServerAnswer& raw) {
+            TypedAnswer<typename Op::Answer> answer{raw.nSequence, raw.nErrorCode, raw.sDetail, {}};
+            if (raw.nErrorCode == UICommonMdl::ErrorNone) {
+                try {
+                    raw.data.get_to(answer.data);
+                } catch (const nlohmann::json::exception&) {
+                    answer.nErrorCode = UICommonMdl::ErrorBadAnswer;
+                }
+            }
+            handler(std::move(answer));
+        });
+}
+
+} // namespace PlatformLogic
