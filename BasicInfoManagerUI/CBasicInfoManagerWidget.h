@@ -1,0 +1,17 @@
+#pragma once
+
+#include <common/CEntryWidget.h>
+
+namespace BasicInfoManagerUI {
+
+/// The entry "Person and Vehicle Info".
+class CBasicInfoManagerWidget : public Common::CEntryWidget
+{
+    Q_OBJECT
+
+public:
+    /// pInterfaceSet is borrowed.
+    explicit CBasicInfoManagerWidget(UICommonMdl::CInterfaceSetManager* pInterfaceSet);
+};
+
+} // namespace BasicInfoManagerUI
