@@ -117,6 +117,7 @@ void CPlatformClient::Private::EndSession()
         return;
     userManager.ClearSession();
     pConnection->CloseSession();
+    remoteConfigManager.SetServerConnected(false);
     userManager.Notify(IUserManagerObserver::ResultSessionEnded, UICommonMdl::ErrorNotSignedIn);
     OnUiThread([this] { Q_EMIT pClient->SignalSessionEnded(); });
 }
@@ -183,6 +184,11 @@ void CPlatformClient::SetRequestTimeOut(int nMilliseconds)
 bool CPlatformClient::IsSignedIn() const
 {
     return m_pPrivate->userManager.GetUserRight() != nullptr;
+}
+
+int CPlatformClient::GetOpenRequestCount() const
+{
+    return m_pPrivate->pConnection->GetOpenRequestCount();
 }
 
 void CPlatformClient::QueryServerState()

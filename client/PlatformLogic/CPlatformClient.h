@@ -54,6 +54,8 @@ public:
     /// Ends the session on the server as far as it can be reached, and here at once.
     void SignOut();
     bool IsSignedIn() const;
+    /// Requests that are not answered yet.
+    int GetOpenRequestCount() const;
 
 Q_SIGNALS:
     void SignalServerState(int nErrorCode, bool bSetupNeeded);

@@ -72,11 +72,13 @@ int CServerConnection::Send(const std::string& sOperation, const QByteArray& bod
     const int nSequence = ++m_nSequence;
     const int nTimeOutMs = m_nTimeOutMs;
     const int nSession = m_nSession;
+    ++m_nOpenRequests;
     QMetaObject::invokeMethod(m_pWorker, [=, this, handler = std::move(handler)] {
         m_pWorker->Post(
             sOperation, body, nTimeOutMs, [this, nSequence, nSession, handler](const RawAnswer& raw) {
                 const ServerAnswer answer = Unwrap(nSequence, raw);
                 handler(answer);
+                --m_nOpenRequests;
                 if (answer.nErrorCode == UICommonMdl::ErrorNotSignedIn && nSession == m_nSession
                     && m_stateHandler)
                     m_stateHandler(State::SessionRefused);

@@ -55,6 +55,8 @@ public:
     /// Sends the operation with that JSON body. The number is above 0, and the handler is called exactly once
     /// with it.
     int Send(const std::string& sOperation, const QByteArray& body, AnswerHandler handler);
+    /// Requests that are not answered yet.
+    int GetOpenRequestCount() const { return m_nOpenRequests; }
 
     /// From now on requests carry this token and the event stream is kept open.
     void OpenSession(const std::string& sToken);
@@ -78,6 +80,7 @@ private:
     CNetworkWorker* m_pWorker;
     QUrl m_server;
     std::atomic<int> m_nSequence{0};
+    std::atomic<int> m_nOpenRequests{0};
     /// Raised by every new session: a late refusal of an older one says nothing about the present one.
     std::atomic<int> m_nSession{0};
     std::atomic<int> m_nTimeOutMs{DefaultTimeOutMs};
