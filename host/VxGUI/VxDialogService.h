@@ -29,7 +29,8 @@ public:
 
     /// The service in use; never null.
     static VxDialogService* Current();
-    /// Replaces the service (borrowed); null brings the built-in one back. Answers the one that was in use.
+    /// Replaces the service (borrowed); null brings the built-in one back. Answers the replacement that was
+    /// in use, null when it was the built-in one.
     static VxDialogService* SetCurrent(VxDialogService* pService);
 };
 

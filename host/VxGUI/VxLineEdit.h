@@ -53,10 +53,6 @@ Q_SIGNALS:
     void textEdited(const QString& sText);
     void returnPressed();
 
-protected:
-    void changeEvent(QEvent* pEvent) override;
-    bool eventFilter(QObject* pWatched, QEvent* pEvent) override;
-
 private:
     enum class CheckKind
     {

@@ -37,7 +37,7 @@ Q_SIGNALS:
 
 protected:
     void resizeEvent(QResizeEvent* pEvent) override;
-    void keyPressEvent(QKeyEvent* pEvent) override;
+    bool eventFilter(QObject* pWatched, QEvent* pEvent) override;
 
 private:
     int ColumnsFor(int nWidth) const;

@@ -1,0 +1,82 @@
+#include <UICommonMdl/CErrorCode.h>
+
+#include <QCoreApplication>
+
+#include <map>
+
+namespace UICommonMdl {
+
+namespace {
+
+const std::map<int, const char*>& Texts()
+{
+    static const std::map<int, const char*> s_texts = {
+        {ErrorTimeOut, QT_TRANSLATE_NOOP("CErrorCode", "The server did not answer in time.")},
+        {ErrorDisconnected, QT_TRANSLATE_NOOP("CErrorCode", "The server cannot be reached.")},
+        {ErrorBadAnswer, QT_TRANSLATE_NOOP("CErrorCode", "The server's answer could not be read.")},
+        {ErrorCancelled, QT_TRANSLATE_NOOP("CErrorCode", "The operation was cancelled.")},
+        {ErrorTlsFailed, QT_TRANSLATE_NOOP("CErrorCode", "The server's certificate is not trusted.")},
+        {ErrorInternal, QT_TRANSLATE_NOOP("CErrorCode", "Internal error of the server.")},
+        {ErrorMalformed, QT_TRANSLATE_NOOP("CErrorCode", "The server could not read the request.")},
+        {ErrorTooLarge, QT_TRANSLATE_NOOP("CErrorCode", "The request is too large.")},
+        {ErrorProtocolVersion,
+            QT_TRANSLATE_NOOP("CErrorCode", "Client and server are of different versions. Please update.")},
+        {ErrorUnknownOperation, QT_TRANSLATE_NOOP("CErrorCode", "The server does not know this operation.")},
+        {ErrorInvalidInput, QT_TRANSLATE_NOOP("CErrorCode", "The input is not valid.")},
+        {ErrorDatabaseBusy, QT_TRANSLATE_NOOP("CErrorCode", "The database is busy. Please try again.")},
+        {ErrorDatabaseFull, QT_TRANSLATE_NOOP("CErrorCode", "The database has no space left.")},
+        {ErrorServerBusy, QT_TRANSLATE_NOOP("CErrorCode", "The server is busy. Please try again.")},
+        {ErrorNotSignedIn, QT_TRANSLATE_NOOP("CErrorCode", "You are not signed in.")},
+        {ErrorWrongPassword, QT_TRANSLATE_NOOP("CErrorCode", "User name or password is wrong.")},
+        {ErrorAccountLocked,
+            QT_TRANSLATE_NOOP("CErrorCode", "The account is locked. Please try again in a few minutes.")},
+        {ErrorNoRight, QT_TRANSLATE_NOOP("CErrorCode", "You do not have the right to do this.")},
+        {ErrorPasswordRule,
+            QT_TRANSLATE_NOOP("CErrorCode", "The password does not follow the password rule.")},
+        {ErrorSetupDone, QT_TRANSLATE_NOOP("CErrorCode", "The built-in account has its password already.")},
+        {ErrorSetupNeeded, QT_TRANSLATE_NOOP("CErrorCode", "The built-in account has no password yet.")},
+        {ErrorSetupRemote,
+            QT_TRANSLATE_NOOP(
+                "CErrorCode", "The first password can be set on the server's own machine only.")},
+        {ErrorVersionConflict,
+            QT_TRANSLATE_NOOP(
+                "CErrorCode", "Somebody else changed it in the meantime. Please load it again.")},
+        {ErrorNotFound, QT_TRANSLATE_NOOP("CErrorCode", "It does not exist any more.")},
+        {ErrorNameExists, QT_TRANSLATE_NOOP("CErrorCode", "The name exists already.")},
+        {ErrorReferenced, QT_TRANSLATE_NOOP("CErrorCode", "Other configuration refers to it.")},
+        {ErrorOrganizationRoot,
+            QT_TRANSLATE_NOOP("CErrorCode", "The root organization cannot be changed so.")},
+        {ErrorOrganizationDepth, QT_TRANSLATE_NOOP("CErrorCode", "The organization would lie too deep.")},
+        {ErrorOrganizationNotEmpty, QT_TRANSLATE_NOOP("CErrorCode", "The organization holds devices.")},
+        {ErrorOrganizationCycle,
+            QT_TRANSLATE_NOOP("CErrorCode", "An organization cannot be moved into itself.")},
+        {ErrorDeviceUsedByRecordPlan,
+            QT_TRANSLATE_NOOP("CErrorCode", "The device is used by a record plan.")},
+        {ErrorDeviceUsedByAlarmScheme,
+            QT_TRANSLATE_NOOP("CErrorCode", "The device is used by an alarm scheme.")},
+        {ErrorDeviceExtractingLogs,
+            QT_TRANSLATE_NOOP("CErrorCode", "The platform is extracting device logs. Please delete later.")},
+        {ErrorDeviceExtractingPersons,
+            QT_TRANSLATE_NOOP(
+                "CErrorCode", "The platform is extracting device person information. Please delete later.")},
+        {ErrorDeviceGettingRecordings,
+            QT_TRANSLATE_NOOP(
+                "CErrorCode", "The platform is getting device recordings. Please delete later.")},
+        {ErrorDeviceUpdating,
+            QT_TRANSLATE_NOOP("CErrorCode", "The platform is updating device. Please delete later.")},
+    };
+    return s_texts;
+}
+
+} // namespace
+
+QString CErrorCode::GetErroCodeInfor(int nErrorCode)
+{
+    if (nErrorCode == ErrorNone)
+        return {};
+    const auto it = Texts().find(nErrorCode);
+    return it == Texts().end() ? QCoreApplication::translate("CErrorCode", "Unknown error")
+                               : QCoreApplication::translate("CErrorCode", it->second);
+}
+
+} // namespace UICommonMdl

@@ -1,0 +1,35 @@
+#include <VxGUI/VxSearchBox.h>
+
+#include <Trv/QSkin.h>
+
+#include <QAction>
+
+namespace VxGUI {
+
+VxSearchBox::VxSearchBox(QWidget* pParent)
+    : QLineEdit(pParent)
+    , m_pSearchAction(new QAction(this))
+{
+    m_pSearchAction->setIcon(Trv::GetIcon(QStringLiteral("search")));
+    m_pSearchAction->setToolTip(tr("Search"));
+    addAction(m_pSearchAction, QLineEdit::TrailingPosition);
+    setClearButtonEnabled(true);
+    connect(m_pSearchAction, &QAction::triggered, this, &VxSearchBox::SignalSearch);
+    connect(this, &QLineEdit::returnPressed, this, &VxSearchBox::SignalSearch);
+    // An emptied field is a search for everything; waiting for Enter would leave a list that nobody asked
+    // for.
+    connect(this, &QLineEdit::textEdited, this, [this](const QString& sText) {
+        if (sText.isEmpty())
+            Q_EMIT SignalSearch();
+    });
+    if (auto* pClear = findChild<QAction*>(QStringLiteral("_q_qlineeditclearaction")))
+        connect(pClear, &QAction::triggered, this, &VxSearchBox::SignalSearch);
+}
+
+void VxSearchBox::SetBackgroundText(const QString& sText)
+{
+    setPlaceholderText(sText);
+    setAccessibleName(sText);
+}
+
+} // namespace VxGUI
