@@ -1,0 +1,63 @@
+#include "RecordingDialogService.h"
+
+#include <gtest/gtest.h>
+
+RecordingDialogService::RecordingDialogService()
+    : m_pBefore(SetCurrent(this))
+{
+}
+
+RecordingDialogService::~RecordingDialogService()
+{
+    SetCurrent(m_pBefore);
+    EXPECT_TRUE(m_queAnswers.empty()) << "a question that was expected did not come";
+    EXPECT_TRUE(m_queFiles.empty()) << "a file chooser that was expected did not come";
+}
+
+void RecordingDialogService::Record(const QString& sTitle, const QString& sText)
+{
+    m_listShown << sTitle + QStringLiteral(": ") + sText;
+    m_sLastText = sText;
+}
+
+bool RecordingDialogService::Question(QWidget*, const QString& sTitle, const QString& sText)
+{
+    Record(sTitle, sText);
+    if (m_queAnswers.empty()) {
+        ADD_FAILURE() << "unexpected question: " << qPrintable(sText);
+        return false;
+    }
+    const bool bOk = m_queAnswers.front();
+    m_queAnswers.pop_front();
+    return bOk;
+}
+
+void RecordingDialogService::Message(
+    QWidget*, const QString& sTitle, const QString& sText, const QString& sDetails)
+{
+    Record(sTitle, sDetails.isEmpty() ? sText : sText + QLatin1Char('\n') + sDetails);
+}
+
+QString RecordingDialogService::TakeFile(const QString& sTitle, const QString& sFilter)
+{
+    Record(sTitle, sFilter);
+    if (m_queFiles.empty()) {
+        ADD_FAILURE() << "unexpected file chooser: " << qPrintable(sTitle);
+        return {};
+    }
+    const QString sPath = m_queFiles.front();
+    m_queFiles.pop_front();
+    return sPath;
+}
+
+QString RecordingDialogService::SaveFile(
+    QWidget*, const QString& sTitle, const QString&, const QString& sFilter)
+{
+    return TakeFile(sTitle, sFilter);
+}
+
+QString RecordingDialogService::OpenFile(
+    QWidget*, const QString& sTitle, const QString&, const QString& sFilter)
+{
+    return TakeFile(sTitle, sFilter);
+}
