@@ -24,11 +24,13 @@ function(_product_defaults target)
     endif()
 endfunction()
 
-# product_library(NAME STATIC|SHARED SOURCES … [HEADERS …] [DEPENDS …] [PRIVATE_DEPENDS …] [PCH …])
-#   HEADERS  headers outside the folder that moc has to read (declarations in host/)
-#   PCH      headers to precompile
+# product_library(NAME STATIC|SHARED|MODULE SOURCES … [HEADERS …] [DEPENDS …] [PRIVATE_DEPENDS …]
+#                 [PCH … | PCH_FROM TARGET])
+#   HEADERS   headers outside the folder that moc has to read (declarations in host/)
+#   PCH       headers to precompile
+#   PCH_FROM  library whose precompiled headers serve here too (same dependencies)
 function(product_library name kind)
-    cmake_parse_arguments(A "" "" "SOURCES;HEADERS;DEPENDS;PRIVATE_DEPENDS;PCH" ${ARGN})
+    cmake_parse_arguments(A "" "PCH_FROM" "SOURCES;HEADERS;DEPENDS;PRIVATE_DEPENDS;PCH" ${ARGN})
     add_library(${name} ${kind} ${A_SOURCES} ${A_HEADERS})
     _product_defaults(${name})
     target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR}/..)
@@ -39,6 +41,8 @@ function(product_library name kind)
     endif()
     if(A_PCH)
         target_precompile_headers(${name} PRIVATE ${A_PCH})
+    elseif(A_PCH_FROM)
+        target_precompile_headers(${name} REUSE_FROM ${A_PCH_FROM})
     endif()
 endfunction()
 

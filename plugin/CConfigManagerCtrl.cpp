@@ -13,6 +13,13 @@ namespace ConfigManagerPlugin {
 namespace {
 constexpr int MsgRightsChanged = 7;
 constexpr int MsgAutoResize = 36;
+
+/// The texts' context is the class name alone, which the class's own tr would put behind its namespace.
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(CConfigManagerCtrl)
+};
+
 } // namespace
 
 CConfigManagerCtrl::CConfigManagerCtrl(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
@@ -29,9 +36,9 @@ CConfigManagerCtrl::~CConfigManagerCtrl() = default;
 
 void CConfigManagerCtrl::SetTexts()
 {
-    m_pUi->lbBasic->setText(tr("Basic Configuration"));
-    m_pUi->lbApplication->setText(tr("Applications Configuration"));
-    m_pUi->lbSystem->setText(tr("System Configuration"));
+    m_pUi->lbBasic->setText(Text::tr("Basic Configuration"));
+    m_pUi->lbApplication->setText(Text::tr("Applications Configuration"));
+    m_pUi->lbSystem->setText(Text::tr("System Configuration"));
 }
 
 CConfigManagerCtrl::Group CConfigManagerCtrl::ApplicationGroup()

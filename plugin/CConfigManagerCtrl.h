@@ -2,7 +2,6 @@
 
 #include <UICommonMdl/CBasePanel.h>
 
-#include <QCoreApplication>
 #include <QVector>
 
 #include <memory>
@@ -20,7 +19,6 @@ namespace ConfigManagerPlugin {
 class CConfigManagerCtrl : public UICommonMdl::CBasePanel
 {
     Q_OBJECT
-    Q_DECLARE_TR_FUNCTIONS(CConfigManagerCtrl)
 
 public:
     CConfigManagerCtrl(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent);

@@ -123,7 +123,12 @@ QStringList GetSkins()
 {
     SkinState& state = State();
     const QMutexLocker lock(&state.mutex);
-    return QDir(Root(state)).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::Reversed);
+    QStringList listSkins;
+    for (const QString& sName : QDir(Root(state)).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        if (QFile::exists(Root(state) + QLatin1Char('/') + sName + QStringLiteral("/tokens.ini")))
+            listSkins << sName;
+    }
+    return listSkins;
 }
 
 QString GetSkin()

@@ -28,12 +28,14 @@ void VxTabPanel::AddTab(const QString& sName, const QString& sTitle, const QIcon
     pTab->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     pTab->setIcon(icon);
     pTab->setIconSize(IconSize);
-    pTab->setText(fontMetrics().elidedText(sTitle, Qt::ElideRight, TabSize.width() - 16));
     pTab->setToolTip(sTitle);
     pTab->setAccessibleName(sTitle);
     pTab->setFocusPolicy(Qt::StrongFocus);
     pTab->installEventFilter(this);
     connect(pTab, &QToolButton::clicked, this, [this, sName] { Q_EMIT SignalTabClicked(sName); });
+    // The font is the style sheet's only once the tab is polished.
+    pTab->ensurePolished();
+    pTab->setText(WrapTitle(sTitle, pTab->fontMetrics(), TabSize.width() - 2 * TextMargin));
     m_vecTabs.append(pTab);
     pTab->show();
     LayoutTabs();

@@ -3,6 +3,7 @@
 #include "ClientOptions.h"
 
 #include <QObject>
+#include <QSslConfiguration>
 #include <QTemporaryDir>
 
 #include <memory>

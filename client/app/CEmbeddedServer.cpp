@@ -82,7 +82,8 @@ void CEmbeddedServer::OnLog()
 {
     const QByteArray log = m_server.readAllStandardError();
     fwrite(log.constData(), 1, size_t(log.size()), stderr);
-    m_lastLog = (m_lastLog + log).right(8192);
+    m_lastLog += log;
+    m_lastLog = m_lastLog.right(8192);
 }
 
 void CEmbeddedServer::OnFinished()

@@ -39,7 +39,7 @@ CMainWindow::CMainWindow(PlatformLogic::CPlatformClient& client, VxPluginAPI::IA
     m_pUi->lbConnection->hide();
 
     connect(m_pUi->btnHome, &QToolButton::clicked, this, &CMainWindow::ShowHome);
-    connect(new QShortcut(QKeySequence(Qt::ALT | Qt::Key_Home), this), &QShortcut::activated, this,
+    connect(new QShortcut(QKeySequence(QStringLiteral("Alt+Home")), this), &QShortcut::activated, this,
         &CMainWindow::ShowHome);
     connect(m_pUi->btnSkin, &QToolButton::clicked, this, &CMainWindow::SignalSwitchSkin);
     connect(
