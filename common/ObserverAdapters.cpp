@@ -1,0 +1,27 @@
+#include "ObserverAdapters.h"
+
+namespace Common {
+
+void RegisterSignalTypes()
+{
+    qRegisterMetaType<GroupLogical::DeviceAddInfo_t>("GroupLogical::DeviceAddInfo_t");
+    qRegisterMetaType<GroupLogical::IGroupManagerObserver::Param>(
+        "GroupLogical::IGroupManagerObserver::Param");
+    qRegisterMetaType<RemoteConfigLogical::IRemoteDeviceObserver::Param>(
+        "RemoteConfigLogical::IRemoteDeviceObserver::Param");
+    qRegisterMetaType<RemoteConfigLogical::ISystemConfigObserver::Param>(
+        "RemoteConfigLogical::ISystemConfigObserver::Param");
+}
+
+CGroupManagerAdapter::CGroupManagerAdapter(GroupLogical::IGroupManager* pManager, QObject* pParent)
+    : QObject(pParent)
+    , m_registration((RegisterSignalTypes(), pManager), this)
+{
+}
+
+void CGroupManagerAdapter::OnNotifyGroupManagerState(const Param& param)
+{
+    Q_EMIT SignalState(param);
+}
+
+} // namespace Common
