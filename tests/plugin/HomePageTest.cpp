@@ -1,5 +1,7 @@
 #include "PluginFixture.h"
 
+#include "PageDriver.h"
+
 #include <UICommonMdl/CBasePanel.h>
 
 #include <QDir>
@@ -66,7 +68,7 @@ protected:
 TEST_F(HomePageTest, ShowsTheEntriesThatTheUserMayOpenInTheirGroups)
 {
     m_rights.Allow({0, 1, 2, 4, 6, 7, 9, 10, 11, 12, 13, 14, 15, 16, 17});
-    Show();
+    PageDriver(*Show(), {1000, 700}).Screenshot(QStringLiteral("home"));
     EXPECT_EQ(Seen(),
         (SeenGroups{Titles("Device|User|Storage"),
             Titles("Event|Map|Person and Vehicle Info|Watch List|Access Control|Video "

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <vector>
+
+/// One benchmark's outcome. Both figures are measured in the same run, so that only their ratio counts.
+struct BenchResult
+{
+    QString sName;
+    double dMeasured = 0;
+    double dReference = 0;
+    QString sUnit;
+    double dBound = 0;
+    /// True where more is better (requests per second): the ratio is then held from below.
+    bool bAtLeast = false;
+
+    double Ratio() const { return dReference > 0 ? dMeasured / dReference : 0; }
+    bool IsHeld() const { return bAtLeast ? Ratio() >= dBound : Ratio() > 0 && Ratio() <= dBound; }
+};
+
+/// Median of the times of nRuns calls, in milliseconds, after one call that does not count.
+double MedianMs(int nRuns, const std::function<void()>& call);
+
+/// Medians of two things measured in turn, so that whatever else the machine does meets both alike.
+struct Medians
+{
+    double dFirst;
+    double dSecond;
+};
+Medians MedianPairMs(int nRuns, const std::function<void()>& first, const std::function<void()>& second);
+
+/// Runs the event loop until the condition holds; ends the program when it does not within a minute.
+void WaitUntil(const std::function<bool()>& condition);
+
+std::vector<BenchResult> BenchHomePage();
+std::vector<BenchResult> BenchDevicePage();
+std::vector<BenchResult> BenchServerQueries();
