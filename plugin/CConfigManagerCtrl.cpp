@@ -65,6 +65,7 @@ void CConfigManagerCtrl::BuildGroups()
     GetMenuRight(vecRights);
     for (const Group& group : {ApplicationGroup(), PlatformGroup(), SystemGroup()})
         BuildGroup(group, vecRights);
+    OrderTabs();
 }
 
 void CConfigManagerCtrl::BuildGroup(const Group& group, const QVector<UICommonMdl::MenuRightEntry>& vecRights)
@@ -95,6 +96,21 @@ void CConfigManagerCtrl::RebuildGroups()
         group.pPanel->AddPanelTab(*group.pItems);
     for (const Group& group : groups)
         group.pBlock->setVisible(!group.pItems->isEmpty());
+    OrderTabs();
+}
+
+void CConfigManagerCtrl::OrderTabs()
+{
+    // The groups are not built in the order in which they stand; the Tab key follows what is seen.
+    QWidget* pPrevious = nullptr;
+    for (const UICommonMdl::CPluginPanel* pPanel :
+        {m_pUi->m_pBasicPanel, m_pUi->m_pApplicationPanel, m_pUi->m_pSystemPanel}) {
+        for (QToolButton* pTab : pPanel->GetTabs()) {
+            if (pPrevious)
+                setTabOrder(pPrevious, pTab);
+            pPrevious = pTab;
+        }
+    }
 }
 
 void CConfigManagerCtrl::PlaceEntry(const UICommonMdl::MenuRightEntry& right)

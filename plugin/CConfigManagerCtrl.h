@@ -52,6 +52,7 @@ private:
     void RebuildGroups();
     void PlaceEntry(const UICommonMdl::MenuRightEntry& right);
     VxPluginAPI::IAbstractWidget* FindOrMakeEntry(const UICommonMdl::MenuRightEntry& right);
+    void OrderTabs();
     void SetAutoResize(bool bEnable);
     void LoadStyleSheet();
 

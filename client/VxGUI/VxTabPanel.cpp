@@ -6,7 +6,7 @@
 namespace VxGUI {
 
 namespace {
-constexpr QSize TabSize(148, 112);
+constexpr QSize TabSize(148, 116);
 constexpr int MaxTabWidth = 220;
 constexpr int Spacing = 12;
 constexpr QSize IconSize(48, 48);

@@ -22,6 +22,8 @@ public:
     void AddTab(const QString& sName, const QString& sTitle, const QIcon& icon);
     void RemoveAllTab();
     int GetTabCount() const { return m_vecTabs.size(); }
+    /// The tabs in their order; owned by the panel.
+    QVector<QToolButton*> GetTabs() const { return m_vecTabs; }
 
     void SetAutoResize(bool bEnable);
     /// Lays the tabs out again for the present width.

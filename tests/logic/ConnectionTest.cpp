@@ -1,0 +1,261 @@
+#include "ScriptedServer.h"
+
+#include <GroupLogical/IGroupManager.h>
+#include <PlatformLogic/CPlatformClient.h>
+#include <RemoteConfigLogical/IRemoteConfigManager.h>
+#include <UICommonMdl/ErrorCodes.h>
+#include <UICommonMdl/ILocalConfig.h>
+
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <mutex>
+
+using GroupLogical::IGroupManagerObserver;
+using PlatformLogic::CPlatformClient;
+
+namespace {
+
+const QString SignInPath = QStringLiteral("/api/v1/session/sign-in");
+const QString PagePath = QStringLiteral("/api/v1/device/page");
+const QString EventPath = QStringLiteral("/api/v1/events");
+const QByteArray SignedIn = R"({"code":0,"data":{"sToken":"t","sUserName":"system","vecRights":["001001"],
+    "vecMenuRights":[{"sCode":"001001","sWidgetName":"ResourceManagerWidget","nEntryId":0}]}})";
+
+void WaitFor(const std::function<bool()>& condition)
+{
+    QElapsedTimer clock;
+    clock.start();
+    while (!condition()) {
+        ASSERT_LT(clock.elapsed(), 20000) << "waited in vain";
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
+    }
+}
+
+/// Keeps what comes on the network thread.
+class Recorder : public IGroupManagerObserver, public RemoteConfigLogical::ISystemConfigObserver
+{
+public:
+    void OnNotifyGroupManagerState(const IGroupManagerObserver::Param& param) override
+    {
+        const std::lock_guard lock(m_mutex);
+        m_vecAnswers.push_back(param);
+    }
+    void OnNotifySystemConfigState(const ISystemConfigObserver::Param& param) override
+    {
+        const std::lock_guard lock(m_mutex);
+        m_vecStates.push_back(param.nResultCode);
+    }
+    std::vector<IGroupManagerObserver::Param> Answers()
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_vecAnswers;
+    }
+    std::vector<int> States()
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_vecStates;
+    }
+
+private:
+    std::mutex m_mutex;
+    std::vector<IGroupManagerObserver::Param> m_vecAnswers;
+    std::vector<int> m_vecStates;
+};
+
+class ConnectionTest : public testing::Test
+{
+protected:
+    ConnectionTest()
+    {
+        m_server.SetScript(SignInPath, ScriptedServer::Answer(SignedIn));
+        m_server.SetScript(QStringLiteral("/api/v1/session/get"), ScriptedServer::Answer(SignedIn));
+        m_server.SetScript(EventPath, [this](QTcpSocket& socket, const QByteArray&) {
+            m_pStream = &socket;
+            socket.write(
+                "HTTP/1.1 200 OK\r\nContent-Type: text/event-stream\r\n\r\nevent: hello\ndata: {}\n\n");
+        });
+        m_pClient = std::make_unique<CPlatformClient>(m_folder.path());
+        m_pClient->SetServer(m_server.Url());
+        m_pClient->GetGroupManager()->AddObserver(&m_recorder);
+        m_pClient->GetRemoteConfigManager()->AddObserver(&m_recorder);
+        QObject::connect(m_pClient.get(), &CPlatformClient::SignalSignIn, m_pClient.get(),
+            [this](int nErrorCode) { m_vecSignIns.push_back(nErrorCode); });
+        QObject::connect(m_pClient.get(), &CPlatformClient::SignalSessionEnded, m_pClient.get(),
+            [this] { ++m_nSessionsEnded; });
+    }
+
+    void SignIn()
+    {
+        m_pClient->SignIn(QStringLiteral("system"), QStringLiteral("secret"));
+        WaitFor([&] { return !m_vecSignIns.empty() && m_server.RequestCount(EventPath) > 0; });
+        ASSERT_EQ(m_vecSignIns.back(), 0);
+    }
+
+    QTemporaryDir m_folder;
+    ScriptedServer m_server;
+    QPointer<QTcpSocket> m_pStream;
+    Recorder m_recorder;
+    std::unique_ptr<CPlatformClient> m_pClient;
+    std::vector<int> m_vecSignIns;
+    int m_nSessionsEnded = 0;
+};
+
+struct AnswerCase
+{
+    const char* pszName;
+    ScriptedServer::Script script;
+    int nErrorCode;
+    const char* pszDetail;
+};
+
+class AnswerTest : public ConnectionTest, public testing::WithParamInterface<AnswerCase>
+{
+};
+
+} // namespace
+
+TEST_P(AnswerTest, EveryRequestHasExactlyOneAnswer)
+{
+    SignIn();
+    m_pClient->SetRequestTimeOut(300);
+    m_server.SetScript(PagePath, GetParam().script);
+    const int nFirst = m_pClient->GetGroupManager()->QueryDevicePage({});
+    const int nSecond = m_pClient->GetGroupManager()->QueryDevicePage({});
+    ASSERT_GT(nFirst, 0);
+    ASSERT_NE(nFirst, nSecond);
+    WaitFor([&] { return m_recorder.Answers().size() >= 2 && m_pClient->GetOpenRequestCount() == 0; });
+    const auto vecAnswers = m_recorder.Answers();
+    ASSERT_EQ(vecAnswers.size(), 2U);
+    EXPECT_THAT((std::vector<int>{vecAnswers[0].nSequence, vecAnswers[1].nSequence}),
+        testing::UnorderedElementsAre(nFirst, nSecond));
+    for (const auto& answer : vecAnswers) {
+        EXPECT_EQ(answer.nResultCode, IGroupManagerObserver::ResultQueryDevicePage);
+        EXPECT_EQ(answer.nErrorCode, GetParam().nErrorCode);
+        EXPECT_EQ(answer.sErrorDetail, GetParam().pszDetail);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Answers, AnswerTest,
+    testing::Values(
+        AnswerCase{"success",
+            ScriptedServer::Answer(R"({"code":0,"data":{"vecDevices":[],"nTotal":0,"nPage":1}})"), 0, ""},
+        AnswerCase{"refused", ScriptedServer::Answer(R"({"code":23,"detail":"001001"})"),
+            UICommonMdl::ErrorNoRight, "001001"},
+        AnswerCase{"error_status_with_body", ScriptedServer::Answer(R"({"code":3})", "413 Payload Too Large"),
+            UICommonMdl::ErrorTooLarge, ""},
+        AnswerCase{"not_json", ScriptedServer::Answer("<html>"), UICommonMdl::ErrorBadAnswer, ""},
+        AnswerCase{"wrapper_without_code", ScriptedServer::Answer(R"({"data":{}})"),
+            UICommonMdl::ErrorBadAnswer, ""},
+        AnswerCase{"field_of_wrong_type", ScriptedServer::Answer(R"({"code":0,"data":{"nTotal":"many"}})"),
+            UICommonMdl::ErrorBadAnswer, ""},
+        AnswerCase{"cut_before_the_answer", [](QTcpSocket& socket, const QByteArray&) { socket.abort(); },
+            UICommonMdl::ErrorDisconnected, ""},
+        AnswerCase{"cut_inside_the_answer",
+            [](QTcpSocket& socket, const QByteArray&) {
+                socket.write("HTTP/1.1 200 OK\r\nContent-Length: 500\r\n\r\n{\"code\":0");
+                socket.flush();
+                socket.disconnectFromHost();
+            },
+            UICommonMdl::ErrorDisconnected, ""},
+        AnswerCase{"silence", [](QTcpSocket&, const QByteArray&) {}, UICommonMdl::ErrorTimeOut, ""}),
+    [](const auto& info) { return info.param.pszName; });
+
+TEST_F(ConnectionTest, CallsAreRefusedWithoutASession)
+{
+    EXPECT_LE(m_pClient->GetGroupManager()->QueryDevicePage({}), 0);
+    EXPECT_LE(m_pClient->GetRemoteConfigManager()->QueryDictionary(), 0);
+    EXPECT_EQ(m_pClient->GetUserManager()->GetUserRight(), nullptr);
+    SignIn();
+    EXPECT_TRUE(m_pClient->GetUserManager()->GetUserRight()->HasRight("001001"));
+    EXPECT_FALSE(m_pClient->GetUserManager()->GetUserRight()->HasRight("003001"));
+    m_pClient->SignOut();
+    EXPECT_LE(m_pClient->GetGroupManager()->QueryDevicePage({}), 0);
+    EXPECT_EQ(m_server.RequestCount(PagePath), 0);
+}
+
+TEST_F(ConnectionTest, OpenRequestsAreAnsweredWhenTheClientEnds)
+{
+    SignIn();
+    m_server.SetScript(PagePath, [](QTcpSocket&, const QByteArray&) {});
+    const int nSequence = m_pClient->GetGroupManager()->QueryDevicePage({});
+    WaitFor([&] { return m_server.RequestCount(PagePath) == 1; });
+    m_pClient.reset();
+    const auto vecAnswers = m_recorder.Answers();
+    ASSERT_EQ(vecAnswers.size(), 1U);
+    EXPECT_EQ(vecAnswers[0].nSequence, nSequence);
+    EXPECT_EQ(vecAnswers[0].nErrorCode, UICommonMdl::ErrorCancelled);
+}
+
+TEST_F(ConnectionTest, ALostServerIsSeenAndFoundAgain)
+{
+    using RemoteConfigLogical::ISystemConfigObserver;
+    SignIn();
+    m_server.CutAll();
+    WaitFor([&] { return !m_recorder.States().empty(); });
+    EXPECT_FALSE(m_pClient->GetRemoteConfigManager()->IsServerConnected());
+    m_pClient->GetGroupManager()->QueryDevicePage({});
+    WaitFor([&] { return !m_recorder.Answers().empty(); });
+    EXPECT_EQ(m_recorder.Answers()[0].nErrorCode, UICommonMdl::ErrorDisconnected);
+    m_server.Listen();
+    WaitFor([&] { return m_recorder.States().size() == 2; });
+    EXPECT_EQ(m_recorder.States(),
+        (std::vector<int>{ISystemConfigObserver::ResultServerDisconnected,
+            ISystemConfigObserver::ResultServerReconnected}));
+}
+
+TEST_F(ConnectionTest, PushesReachTheObserversWithNumberZero)
+{
+    SignIn();
+    m_pStream->write("event: devices-changed\ndata: {}\n\nevent: organizations-changed\ndata: {}\n\n");
+    WaitFor([&] { return m_recorder.Answers().size() == 2; });
+    EXPECT_EQ(m_recorder.Answers()[0].nResultCode, IGroupManagerObserver::ResultDevicesChanged);
+    EXPECT_EQ(m_recorder.Answers()[0].nSequence, 0);
+    EXPECT_EQ(m_recorder.Answers()[1].nResultCode, IGroupManagerObserver::ResultOrganizationsChanged);
+}
+
+TEST_F(ConnectionTest, ARefusedTokenEndsTheSessionOnce)
+{
+    SignIn();
+    m_server.SetScript(PagePath, ScriptedServer::Answer(R"({"code":20})", "401 Unauthorized"));
+    m_pClient->GetGroupManager()->QueryDevicePage({});
+    m_pClient->GetGroupManager()->QueryDevicePage({});
+    WaitFor([&] { return m_nSessionsEnded > 0 && m_pClient->GetOpenRequestCount() == 0; });
+    QCoreApplication::processEvents();
+    EXPECT_EQ(m_nSessionsEnded, 1);
+    EXPECT_FALSE(m_pClient->IsSignedIn());
+    SignIn();
+    EXPECT_TRUE(m_pClient->IsSignedIn());
+}
+
+TEST_F(ConnectionTest, ALateRefusalOfAnOlderSessionLeavesTheNewOne)
+{
+    SignIn();
+    QPointer<QTcpSocket> pOpen;
+    m_server.SetScript(PagePath, [&](QTcpSocket& socket, const QByteArray&) { pOpen = &socket; });
+    m_pClient->GetGroupManager()->QueryDevicePage({});
+    WaitFor([&] { return !pOpen.isNull(); });
+    m_pClient->SignOut();
+    m_vecSignIns.clear();
+    SignIn();
+    ScriptedServer::Answer(R"({"code":20})", "401 Unauthorized")(*pOpen, {});
+    WaitFor([&] { return !m_recorder.Answers().empty(); });
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(m_pClient->IsSignedIn());
+    EXPECT_EQ(m_nSessionsEnded, 0);
+}
+
+TEST_F(ConnectionTest, SettingsAreThereInTheNextRun)
+{
+    m_pClient->GetLocalConfig()->SetValue(QStringLiteral("DeviceManager/HiddenColumns"), QVariantList{1, 5});
+    m_pClient = std::make_unique<CPlatformClient>(m_folder.path());
+    EXPECT_EQ(m_pClient->GetLocalConfig()
+                  ->GetValue(QStringLiteral("DeviceManager/HiddenColumns"), QVariant())
+                  .toList()
+                  .size(),
+        2);
+    EXPECT_TRUE(QFile::exists(m_folder.filePath(QStringLiteral("Localcfg.ini"))));
+}
