@@ -86,7 +86,8 @@ void CNetworkWorker::Post(
     QNetworkReply* pReply = m_network.post(request, body);
     connect(pReply, &QNetworkReply::finished, this, [pReply, handler] {
         RawAnswer answer;
-        answer.body = pReply->readAll();
+        if (pReply->isOpen())
+            answer.body = pReply->readAll();
         // Error statuses of the server carry a readable body all the same; without one the connection failed.
         const bool bAnswered = pReply->attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid();
         const bool bCut =

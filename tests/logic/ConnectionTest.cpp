@@ -112,6 +112,11 @@ struct AnswerCase
     const char* pszDetail;
 };
 
+void PrintTo(const AnswerCase& param, std::ostream* pStream)
+{
+    *pStream << param.pszName;
+}
+
 class AnswerTest : public ConnectionTest, public testing::WithParamInterface<AnswerCase>
 {
 };

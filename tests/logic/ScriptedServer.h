@@ -19,6 +19,7 @@ public:
     using Script = std::function<void(QTcpSocket& socket, const QByteArray& body)>;
 
     ScriptedServer();
+    ~ScriptedServer() override { CutAll(); }
 
     QUrl Url() const;
     void SetScript(const QString& sPath, Script script) { m_mapScripts[sPath] = std::move(script); }

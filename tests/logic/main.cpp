@@ -1,3 +1,5 @@
+#include "QtWarnings.h"
+
 #include <QCoreApplication>
 
 #include <gtest/gtest.h>
@@ -6,5 +8,8 @@ int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
     QCoreApplication application(argc, argv);
-    return RUN_ALL_TESTS();
+    InstallWarningHandler();
+    const int nResult = RUN_ALL_TESTS();
+    RemoveWarningHandler();
+    return nResult;
 }

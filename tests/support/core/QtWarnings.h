@@ -13,3 +13,7 @@ public:
     ExpectWarning(const ExpectWarning&) = delete;
     ExpectWarning& operator=(const ExpectWarning&) = delete;
 };
+
+/// Takes Qt's messages from now on: warnings and worse fail the running test.
+void InstallWarningHandler();
+void RemoveWarningHandler();
