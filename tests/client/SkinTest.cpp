@@ -1,0 +1,205 @@
+#include <Trv/QSkin.h>
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QImage>
+#include <QMovie>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QSvgRenderer>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace {
+
+QString ReadText(const QString& sPath)
+{
+    QFile file(sPath);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(sPath);
+    return QString::fromUtf8(file.readAll());
+}
+
+bool IsBlank(const QImage& image)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (qAlpha(image.pixel(x, y)) > 0)
+                return false;
+        }
+    }
+    return true;
+}
+
+void ExpectSvgDraws(const QString& sPath)
+{
+    QSvgRenderer renderer(sPath);
+    ASSERT_TRUE(renderer.isValid());
+    QImage image(32, 32, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    renderer.render(&painter);
+    painter.end();
+    EXPECT_FALSE(IsBlank(image));
+}
+
+void ExpectPngInBothScales(const QString& sPath)
+{
+    const QImage single(sPath);
+    const QImage twice(QString(sPath).replace(QStringLiteral(".png"), QStringLiteral("@2x.png")));
+    ASSERT_FALSE(single.isNull());
+    EXPECT_EQ(twice.size(), single.size() * 2);
+    EXPECT_FALSE(IsBlank(twice));
+}
+
+class Skin : public testing::TestWithParam<const char*>
+{
+protected:
+    void SetUp() override
+    {
+        m_sBefore = Trv::GetSkin();
+        ASSERT_TRUE(Trv::SetSkin(QLatin1String(GetParam())));
+    }
+    void TearDown() override { Trv::SetSkin(m_sBefore); }
+
+    static QString Root() { return Trv::GetSkinPath(QString(), QString()); }
+
+    /// WCAG's ratio of the luminance of two tokens.
+    static double Contrast(const char* pszOne, const char* pszOther)
+    {
+        const auto luminance = [](const char* pszToken) {
+            const QColor color = Trv::GetColor(QLatin1String(pszToken));
+            EXPECT_TRUE(color.isValid()) << pszToken;
+            const auto linear = [](double value) {
+                return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+            };
+            return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF())
+                + 0.0722 * linear(color.blueF());
+        };
+        const double one = luminance(pszOne) + 0.05;
+        const double other = luminance(pszOther) + 0.05;
+        return std::max(one, other) / std::min(one, other);
+    }
+
+private:
+    QString m_sBefore;
+};
+
+TEST_P(Skin, EveryPictureOfTheMapIsThereAndShowsSomething)
+{
+    static const QRegularExpression s_line(
+        QStringLiteral("^([^# ]+) = [^ ]+"), QRegularExpression::MultilineOption);
+    auto it = s_line.globalMatch(ReadText(QStringLiteral(PRODUCT_SOURCE_DIR "/skin/icons.map")));
+    EXPECT_TRUE(it.hasNext());
+    while (it.hasNext()) {
+        const QString sPath = Root() + it.next().captured(1);
+        SCOPED_TRACE(qPrintable(sPath));
+        if (sPath.endsWith(QLatin1String(".svg")))
+            ExpectSvgDraws(sPath);
+        else if (sPath.endsWith(QLatin1String(".png")))
+            ExpectPngInBothScales(sPath);
+        else
+            EXPECT_GT(QMovie(sPath).frameCount(), 1);
+    }
+}
+
+TEST_P(Skin, IconsThatTheSourcesNameExist)
+{
+    static const QRegularExpression s_name(
+        QStringLiteral("GetIcon\\(Q(?:StringLiteral|Latin1String)\\(\"([^\"]+)\""));
+    int nNamed = 0;
+    for (const char* const pszFolder : {"client", "plugin", "common", "ResourceManagerUI"}) {
+        QDirIterator files(QStringLiteral(PRODUCT_SOURCE_DIR "/") + QLatin1String(pszFolder),
+            {QStringLiteral("*.cpp")}, QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            const QString sFile = files.next();
+            for (auto it = s_name.globalMatch(ReadText(sFile)); it.hasNext(); ++nNamed) {
+                const QString sName = it.next().captured(1);
+                EXPECT_FALSE(Trv::GetIcon(sName).isNull())
+                    << qPrintable(sName + QLatin1String(" in ") + sFile);
+            }
+        }
+    }
+    EXPECT_GT(nNamed, 0);
+    EXPECT_TRUE(Trv::GetIcon(QStringLiteral("no-such-icon")).isNull());
+}
+
+TEST_P(Skin, StyleSheetsAreCompleteAndTheirPicturesExist)
+{
+    static const QRegularExpression s_picture(QStringLiteral("url\\(([^)]*)\\)"));
+    QDirIterator files(Root(), {QStringLiteral("*.qss")}, QDir::Files, QDirIterator::Subdirectories);
+    EXPECT_TRUE(files.hasNext());
+    while (files.hasNext()) {
+        const QString sFile = files.next();
+        SCOPED_TRACE(qPrintable(sFile));
+        QString sSheet;
+        ASSERT_TRUE(Trv::loadStyleSheet(sFile, sSheet));
+        EXPECT_FALSE(sSheet.contains(QLatin1Char('@')));
+        for (auto it = s_picture.globalMatch(sSheet); it.hasNext();) {
+            const QString sPicture = it.next().captured(1);
+            EXPECT_TRUE(QFile::exists(sPicture)) << qPrintable(sPicture);
+        }
+    }
+}
+
+TEST_P(Skin, ContrastIsReadable)
+{
+    constexpr double Text = 4.5;
+    constexpr double Graphic = 3.0;
+    const struct
+    {
+        const char* pszFront;
+        std::vector<const char*> vecBacks;
+        double nLeast;
+    } pairs[] = {{"text",
+                     {"window", "surface", "surface-alt", "hover", "pressed", "selected", "information-soft",
+                         "success-soft", "warning-soft", "danger-soft"},
+                     Text},
+        {"text-muted", {"window", "surface", "surface-alt"}, Text},
+        {"on-accent", {"accent", "accent-hover", "accent-pressed"}, Text},
+        {"on-danger", {"danger", "danger-hover", "danger-pressed"}, Text},
+        {"danger", {"window", "surface"}, Text}, {"warning", {"warning-soft"}, Text},
+        {"on-tooltip", {"tooltip"}, Text}, {"border-strong", {"surface", "window"}, Graphic},
+        {"focus", {"surface", "window"}, Graphic}, {"icon", {"surface", "hover", "pressed"}, Graphic},
+        {"online", {"surface"}, Graphic}, {"offline", {"surface"}, Graphic},
+        {"information", {"information-soft"}, Graphic}, {"success", {"success-soft"}, Graphic},
+        {"danger", {"danger-soft"}, Graphic},
+        {"on-tile", {"tile-basic", "tile-application", "tile-system"}, Graphic}};
+    for (const auto& pair : pairs) {
+        for (const char* const pszBack : pair.vecBacks)
+            EXPECT_GE(Contrast(pair.pszFront, pszBack), pair.nLeast) << pair.pszFront << " on " << pszBack;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Looks, Skin, testing::Values("light", "dark"));
+
+TEST(Skins, KnowTheirNamesAndRefuseOthers)
+{
+    EXPECT_EQ(Trv::GetSkins(), QStringList({QStringLiteral("light"), QStringLiteral("dark")}));
+    const QString sBefore = Trv::GetSkin();
+    EXPECT_FALSE(Trv::SetSkin(QStringLiteral("CMakeFiles")));
+    EXPECT_FALSE(Trv::SetSkin(QStringLiteral("../skin/dark")));
+    EXPECT_EQ(Trv::GetSkin(), sBefore);
+}
+
+TEST(Skins, SwitchingGivesTheOtherColours)
+{
+    ASSERT_TRUE(Trv::SetSkin(QStringLiteral("dark")));
+    const QColor dark = Trv::GetColor(QStringLiteral("window"));
+    const QImage darkIcon = Trv::GetIcon(QStringLiteral("add")).pixmap(16, 16).toImage();
+    ASSERT_TRUE(Trv::SetSkin(QStringLiteral("light")));
+    EXPECT_NE(Trv::GetColor(QStringLiteral("window")), dark);
+    EXPECT_NE(Trv::GetIcon(QStringLiteral("add")).pixmap(16, 16).toImage(), darkIcon);
+    EXPECT_FALSE(Trv::GetColor(QStringLiteral("no-such-colour")).isValid());
+}
+
+TEST(Skins, StyleSheetThatCannotBeReadLeavesTheOldOne)
+{
+    QString sSheet = QStringLiteral("old");
+    EXPECT_FALSE(Trv::loadStyleSheet(Trv::GetSkinPath(QStringLiteral("No.qss"), QString()), sSheet));
+    EXPECT_EQ(sSheet, QStringLiteral("old"));
+}
+
+} // namespace
