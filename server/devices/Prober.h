@@ -1,0 +1,56 @@
+#pragma once
+
+#include "Reachability.h"
+#include "http/EventHub.h"
+#include "services/Generations.h"
+#include "store/DatabasePool.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+namespace Platform {
+
+/// Keeps the online state of all devices: probes them at its start and then at an interval, on a thread of
+/// its own, writes what changed in batches and tells the clients.
+class Prober
+{
+public:
+    Prober(DatabasePool& pool, EventHub& hub, Generations& generations,
+        std::unique_ptr<Reachability> pReachability, std::chrono::milliseconds interval);
+    /// Gives up the probes under way.
+    ~Prober();
+    Prober(const Prober&) = delete;
+    Prober& operator=(const Prober&) = delete;
+
+private:
+    struct Row
+    {
+        ProbeTarget target;
+        ProbeResult known;
+    };
+    struct Change
+    {
+        ProbeTarget target;
+        ProbeResult result;
+    };
+
+    void Run(const std::stop_token& stop);
+    void ProbeAll(const std::stop_token& stop);
+    std::vector<Row> ReadRows(std::int64_t nAfterId);
+    void Write(std::vector<Change>& vecChanges);
+
+    DatabasePool& m_pool;
+    EventHub& m_hub;
+    Generations& m_generations;
+    const std::unique_ptr<Reachability> m_pReachability;
+    const std::chrono::milliseconds m_interval;
+    std::mutex m_mutex;
+    std::condition_variable_any m_wake;
+    std::jthread m_thread;
+};
+
+} // namespace Platform

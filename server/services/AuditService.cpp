@@ -1,0 +1,56 @@
+#include "AuditService.h"
+
+#include <nlohmann/json.hpp>
+
+namespace Platform {
+
+namespace {
+
+bool IsSecret(std::string sName)
+{
+    for (char& c : sName)
+        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    for (const char* szPart : {"password", "token", "secret", "hash"})
+        if (sName.find(szPart) != std::string::npos)
+            return true;
+    return false;
+}
+
+QVariant JsonValue(nlohmann::json record)
+{
+    if (record.is_null())
+        return TextValue({});
+    AuditService::Redact(record);
+    return TextValue(record.dump());
+}
+
+} // namespace
+
+AuditService::AuditService(Clock clock)
+    : m_clock(std::move(clock))
+{
+}
+
+void AuditService::Redact(nlohmann::json& record)
+{
+    if (!record.is_structured())
+        return;
+    for (auto it = record.begin(); it != record.end(); ++it) {
+        if (record.is_object() && IsSecret(it.key()))
+            *it = "***";
+        else
+            Redact(*it);
+    }
+}
+
+void AuditService::Write(Database& database, const Context& context, std::string_view sOperation,
+    const std::string& sObjectId, const nlohmann::json& before, const nlohmann::json& after) const
+{
+    database.Run(
+        QStringLiteral("INSERT INTO audit_log (at, account_name, client_address, operation, object_id, "
+                       "before_json, after_json) VALUES (?, ?, ?, ?, ?, ?, ?)"),
+        {static_cast<qlonglong>(m_clock()), TextValue(context.sUserName), TextValue(context.sClientAddress),
+            TextValue(std::string(sOperation)), TextValue(sObjectId), JsonValue(before), JsonValue(after)});
+}
+
+} // namespace Platform

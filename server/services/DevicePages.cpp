@@ -1,0 +1,340 @@
+#include "DevicePages.h"
+
+#include "ServiceError.h"
+#include "TextRules.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <vector>
+
+namespace Platform {
+
+using GroupLogical::DeviceInfo_t;
+using GroupLogical::DevicePage_t;
+using GroupLogical::DevicePageRequest_t;
+
+namespace {
+
+constexpr std::size_t KnownLimit = 256;
+constexpr std::size_t AnchorLimit = 4096;
+constexpr std::size_t TrigramLength = 3;
+constexpr int PageSizeLimit = 1000;
+
+const char* const Columns = "d.id, d.name, d.address, d.port, d.category, d.model, d.org_code, o.name, "
+                            "d.online_state, d.offline_reason, d.manufacturer, d.protocol, d.version, ";
+
+std::string WithoutControlCharacters(std::string sText)
+{
+    std::erase_if(sText, [](char c) { return HasControlCharacter(std::string(1, c)); });
+    return sText;
+}
+
+QString LikePattern(const std::string& sText)
+{
+    QString sPattern = QString::fromStdString(sText);
+    for (const QLatin1Char c : {QLatin1Char('\\'), QLatin1Char('%'), QLatin1Char('_')})
+        sPattern.replace(c, QString(QLatin1Char('\\')) + c);
+    return QLatin1Char('%') + sPattern + QLatin1Char('%');
+}
+
+QString QuotedPhrase(const std::string& sText)
+{
+    QString sPhrase = QString::fromStdString(sText);
+    sPhrase.replace(QLatin1Char('"'), QLatin1String("\"\""));
+    return QLatin1Char('"') + sPhrase + QLatin1Char('"');
+}
+
+DeviceInfo_t ReadRow(const Rows& rows)
+{
+    DeviceInfo_t device;
+    device.sDeviceId = rows.Text(0);
+    device.sName = rows.Text(1);
+    device.sIp = rows.Text(2);
+    device.nPort = rows.Int(3);
+    device.nCategory = rows.Int(4);
+    device.sModel = rows.Text(5);
+    device.sOrgCode = rows.Text(6);
+    device.sOrgName = rows.Text(7);
+    device.nOnlineState = rows.Int(8);
+    device.nOfflineReason = rows.Int(9);
+    device.sManufacturer = rows.Text(10);
+    device.sProtocol = rows.Text(11);
+    device.nVersion = rows.Big(12);
+    return device;
+}
+
+} // namespace
+
+/// The filter of a request, checked and in the words of the database.
+struct DevicePages::Filter
+{
+    explicit Filter(const DevicePageRequest_t& request);
+
+    /// " WHERE …" (or nothing) with its values. bWalk: the rows are to be read along the sort index, because
+    /// the filter lets most of them through.
+    QString Where(const Database& database, bool bWalk, const Plan* pPlan, QVariantList& values) const;
+    QString Statement(const Database& database, bool bWalk, const Plan& plan, QVariantList& values) const;
+    bool IsEmpty() const { return sOrgCode.empty() && nCategory == 0 && !OfState() && sSearch.empty(); }
+    bool OfState() const { return nOnlineState != GroupLogical::StateAll; }
+    std::string CacheKey() const;
+
+    std::string sOrgCode;
+    int nCategory;
+    int nOnlineState;
+    std::string sSearch;
+    QString sSortColumn;
+};
+
+DevicePages::Filter::Filter(const DevicePageRequest_t& request)
+    : sOrgCode(request.sOrgCode == GroupLogical::RootOrganizationCode ? std::string() : request.sOrgCode)
+    , nCategory(request.nCategory)
+    , nOnlineState(request.nOnlineState)
+    , sSearch(FoldCase(WithoutControlCharacters(PercentDecoded(request.sSearchText))))
+    , sSortColumn(request.nSortField == GroupLogical::SortByIp ? QStringLiteral("d.address_key")
+                                                               : QStringLiteral("d.name_key"))
+{
+    if (request.nSortField != GroupLogical::SortByIp && request.nSortField != GroupLogical::SortByName)
+        throw ServiceError(UICommonMdl::ErrorInvalidInput, "nSortField");
+    if (nOnlineState < GroupLogical::StateAll || nOnlineState > GroupLogical::StateOnline)
+        throw ServiceError(UICommonMdl::ErrorInvalidInput, "nOnlineState");
+    if (nCategory < 0)
+        throw ServiceError(UICommonMdl::ErrorInvalidInput, "nCategory");
+}
+
+std::string DevicePages::Filter::CacheKey() const
+{
+    return sSortColumn.toStdString() + '\n' + sOrgCode + '\n' + std::to_string(nCategory) + '\n'
+        + std::to_string(nOnlineState) + '\n' + sSearch;
+}
+
+QString DevicePages::Filter::Where(
+    const Database& database, bool bWalk, const Plan* pPlan, QVariantList& values) const
+{
+    const auto column = [&](const char* szName) {
+        const QString sName = QString::fromLatin1(szName);
+        return bWalk ? database.Unindexed(sName) : sName;
+    };
+    QStringList listTerms;
+    if (!sOrgCode.empty()) {
+        listTerms << column("d.org_code")
+                + QLatin1String(" IN (SELECT code FROM organization_ancestor WHERE ancestor = ?)");
+        values << TextValue(sOrgCode);
+    }
+    if (nCategory != 0) {
+        listTerms << column("d.category") + QLatin1String(" = ?");
+        values << nCategory;
+    }
+    if (OfState()) {
+        listTerms << column("d.online_state") + QLatin1String(" = ?");
+        values << nOnlineState;
+    }
+    if (!sSearch.empty()) {
+        if (database.IsPostgres()) {
+            listTerms << QStringLiteral("d.search_key LIKE ? ESCAPE '\\'");
+            values << LikePattern(sSearch);
+        } else if (bWalk || CharacterCount(sSearch) < TrigramLength) {
+            listTerms << QStringLiteral("instr(d.search_key, ?) > 0");
+            values << TextValue(sSearch);
+        } else {
+            listTerms << QStringLiteral(
+                "d.id IN (SELECT rowid FROM device_search WHERE device_search MATCH ?)");
+            values << QuotedPhrase(sSearch);
+        }
+    }
+    if (pPlan && pPlan->optAnchor) {
+        listTerms << QLatin1Char('(') + sSortColumn + QLatin1String(", d.id) ")
+                + QLatin1String(pPlan->bForward ? ">=" : "<") + QLatin1String(" (?, ?)");
+        values << TextValue(pPlan->optAnchor->sSortKey) << static_cast<qlonglong>(pPlan->optAnchor->nId);
+    }
+    return listTerms.isEmpty() ? QString()
+                               : QLatin1String(" WHERE ") + listTerms.join(QLatin1String(" AND "));
+}
+
+QString DevicePages::Filter::Statement(
+    const Database& database, bool bWalk, const Plan& plan, QVariantList& values) const
+{
+    const QString sDirection = plan.bForward ? QString() : QStringLiteral(" DESC");
+    // The outer join keeps the device table in front, so that its index gives the order.
+    QString sSql = QLatin1String("SELECT ") + QLatin1String(Columns) + sSortColumn
+        + QLatin1String(" FROM device d LEFT JOIN organization o ON o.code = d.org_code")
+        + Where(database, bWalk, &plan, values) + QLatin1String(" ORDER BY ") + sSortColumn + sDirection
+        + QLatin1String(", d.id") + sDirection + QLatin1String(" LIMIT ? OFFSET ?");
+    values << plan.nCount << plan.nSkip;
+    return sSql;
+}
+
+DevicePages::DevicePages(const Generations& generations)
+    : m_generations(generations)
+{
+}
+
+std::optional<DevicePages::Known> DevicePages::Find(const std::string& sKey, const Filter& filter) const
+{
+    const std::lock_guard lock(m_mutex);
+    const auto it = m_mapKnown.find(sKey);
+    if (it == m_mapKnown.end() || it->second.nDevices != m_generations.devices
+        || (filter.OfState() && it->second.nStates != m_generations.states))
+        return std::nullopt;
+    return it->second;
+}
+
+void DevicePages::Remember(const std::string& sKey, const Filter& filter, Known known)
+{
+    const std::lock_guard lock(m_mutex);
+    const auto it = m_mapKnown.find(sKey);
+    if (it == m_mapKnown.end()) {
+        if (m_mapKnown.size() >= KnownLimit) {
+            m_mapKnown.erase(m_order.front());
+            m_order.pop_front();
+        }
+        m_order.push_back(sKey);
+        m_mapKnown.emplace(sKey, std::move(known));
+        return;
+    }
+    // Pages that were served side by side add their anchors.
+    Known& present = it->second;
+    const bool bSame =
+        present.nDevices == known.nDevices && (!filter.OfState() || present.nStates == known.nStates);
+    if (bSame && present.mapAnchors.size() + known.mapAnchors.size() <= AnchorLimit)
+        known.mapAnchors.merge(present.mapAnchors);
+    present = std::move(known);
+}
+
+DevicePages::Plan DevicePages::MakePlan(const Known& known, int nFirst, int nCount)
+{
+    const int nEnd = nFirst + nCount;
+    Plan plan{true, std::nullopt, nFirst, nCount};
+    const auto itAfter = known.mapAnchors.upper_bound(nFirst);
+    if (itAfter != known.mapAnchors.begin()) {
+        const auto it = std::prev(itAfter);
+        plan = {true, it->second, nFirst - it->first, nCount};
+    }
+    if (const auto it = known.mapAnchors.lower_bound(nEnd); it != known.mapAnchors.end()) {
+        if (it->first - nEnd < plan.nSkip)
+            plan = {false, it->second, it->first - nEnd, nCount};
+    } else if (known.nTotal - nEnd < plan.nSkip) {
+        plan = {false, std::nullopt, known.nTotal - nEnd, nCount};
+    }
+    return plan;
+}
+
+std::vector<DeviceInfo_t> DevicePages::Read(
+    Database& database, const Filter& filter, const Plan& plan, int nTotal, int nAll, Key* pFirst, Key* pLast)
+{
+    // Rows to step over along the sort index, against rows to fetch and sort.
+    const double dWalk = (double(plan.nSkip) + plan.nCount) * nAll / std::max(1, nTotal);
+    const bool bWalk = dWalk < 2.0 * nTotal;
+    QVariantList values;
+    const QString sSql = filter.Statement(database, bWalk, plan, values);
+    std::vector<DeviceInfo_t> vecDevices;
+    vecDevices.reserve(static_cast<std::size_t>(plan.nCount));
+    Rows rows = database.Run(sSql, values);
+    Key last;
+    while (rows.Next()) {
+        vecDevices.push_back(ReadRow(rows));
+        last = {rows.Text(13), rows.Big(0)};
+        if (vecDevices.size() == 1)
+            *pFirst = last;
+    }
+    *pLast = last;
+    if (!plan.bForward) {
+        std::reverse(vecDevices.begin(), vecDevices.end());
+        std::swap(*pFirst, *pLast);
+    }
+    return vecDevices;
+}
+
+DevicePage_t DevicePages::Page(Database& database, const DevicePageRequest_t& request)
+{
+    if (request.nPage < 1)
+        throw ServiceError(UICommonMdl::ErrorInvalidInput, "nPage");
+    if (request.nPageSize < 1 || request.nPageSize > PageSizeLimit)
+        throw ServiceError(UICommonMdl::ErrorInvalidInput, "nPageSize");
+    const Filter filter(request);
+    const std::string sKey = filter.CacheKey();
+    std::optional<Known> optKnown = Find(sKey, filter);
+    if (!optKnown) {
+        optKnown.emplace();
+        optKnown->nDevices = m_generations.devices;
+        optKnown->nStates = m_generations.states;
+        optKnown->nTotal = Count(database, filter);
+    }
+    Known known = std::move(*optKnown);
+
+    DevicePage_t page;
+    page.nTotal = known.nTotal;
+    const int nPages = std::max(1, (known.nTotal + request.nPageSize - 1) / request.nPageSize);
+    page.nPage = std::min(request.nPage, nPages);
+    const int nOffset = (page.nPage - 1) * request.nPageSize;
+    const int nCount = std::min(request.nPageSize, known.nTotal - nOffset);
+    if (nCount > 0) {
+        const int nFirst = request.bAscending ? nOffset : known.nTotal - nOffset - nCount;
+        Key first;
+        Key last;
+        const int nAll = filter.IsEmpty() ? known.nTotal : CountAll(database);
+        page.vecDevices =
+            Read(database, filter, MakePlan(known, nFirst, nCount), known.nTotal, nAll, &first, &last);
+        // Fewer rows than counted: a change came between, and the row numbers are no longer these.
+        if (static_cast<int>(page.vecDevices.size()) == nCount) {
+            known.mapAnchors[nFirst] = std::move(first);
+            known.mapAnchors[nFirst + nCount - 1] = std::move(last);
+        }
+        if (!request.bAscending)
+            std::reverse(page.vecDevices.begin(), page.vecDevices.end());
+    }
+    Remember(sKey, filter, std::move(known));
+    return page;
+}
+
+int DevicePages::Count(Database& database, const Filter& filter)
+{
+    QVariantList values;
+    const QString sSql =
+        QLatin1String("SELECT COUNT(*) FROM device d") + filter.Where(database, false, nullptr, values);
+    Rows rows = database.Run(sSql, values);
+    rows.Next();
+    return rows.Int(0);
+}
+
+int DevicePages::CountAll(Database& database)
+{
+    const std::uint64_t nDevices = m_generations.devices;
+    {
+        const std::lock_guard lock(m_mutex);
+        if (m_nAllOf == nDevices)
+            return m_nAll;
+    }
+    const int nAll = Count(database, Filter(DevicePageRequest_t{}));
+    const std::lock_guard lock(m_mutex);
+    m_nAllOf = nDevices;
+    m_nAll = nAll;
+    return nAll;
+}
+
+DevicePage_t DevicePages::All(Database& database, const DevicePageRequest_t& request)
+{
+    const Filter filter(request);
+    DevicePage_t page;
+    page.nTotal = Count(database, filter);
+    Key first;
+    Key last;
+    const Plan plan{request.bAscending, std::nullopt, 0, page.nTotal};
+    page.vecDevices = Read(database, filter, plan, page.nTotal, page.nTotal, &first, &last);
+    if (!request.bAscending)
+        std::reverse(page.vecDevices.begin(), page.vecDevices.end());
+    page.nTotal = static_cast<int>(page.vecDevices.size());
+    return page;
+}
+
+std::pair<QString, QVariantList> DevicePages::FirstPageStatement(
+    const Database& database, const DevicePageRequest_t& request)
+{
+    QVariantList values;
+    const Filter filter(request);
+    QString sSql = filter.Statement(
+        database, filter.IsEmpty(), Plan{request.bAscending, std::nullopt, 0, request.nPageSize}, values);
+    return {std::move(sSql), std::move(values)};
+}
+
+} // namespace Platform

@@ -1,0 +1,60 @@
+#include "TextRules.h"
+
+#include <QByteArray>
+#include <QHostAddress>
+#include <QString>
+
+#include <algorithm>
+
+namespace Platform {
+
+std::string FoldCase(const std::string& sText)
+{
+    return QString::fromStdString(sText).toCaseFolded().toStdString();
+}
+
+std::string Trimmed(const std::string& sText)
+{
+    return QString::fromStdString(sText).trimmed().toStdString();
+}
+
+std::size_t CharacterCount(const std::string& sText)
+{
+    return static_cast<std::size_t>(std::count_if(
+        sText.begin(), sText.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xc0U) != 0x80U; }));
+}
+
+bool HasControlCharacter(const std::string& sText)
+{
+    return std::any_of(sText.begin(), sText.end(), [](char c) {
+        const auto byte = static_cast<unsigned char>(c);
+        return byte < 0x20U || byte == 0x7fU;
+    });
+}
+
+std::string PercentDecoded(const std::string& sText)
+{
+    // Bytes that are not UTF-8 after decoding become replacement characters, which match nothing.
+    return QString::fromUtf8(QByteArray::fromPercentEncoding(QByteArray::fromStdString(sText))).toStdString();
+}
+
+std::string AddressSortKey(const std::string& sAddress)
+{
+    if (sAddress.empty())
+        return "~";
+    QHostAddress address;
+    if (!address.setAddress(QString::fromStdString(sAddress)))
+        return 'h' + FoldCase(sAddress);
+    if (address.protocol() == QAbstractSocket::IPv4Protocol)
+        return QStringLiteral("4%1").arg(address.toIPv4Address(), 8, 16, QLatin1Char('0')).toStdString();
+    const Q_IPV6ADDR bytes = address.toIPv6Address();
+    return '6' + QByteArray(reinterpret_cast<const char*>(bytes.c), 16).toHex().toStdString();
+}
+
+std::string DeviceSearchKey(const std::string& sName, const std::string& sAddress)
+{
+    // Names and addresses hold no line break, so that no search matches across the two.
+    return FoldCase(sName) + '\n' + FoldCase(sAddress);
+}
+
+} // namespace Platform

@@ -1,0 +1,180 @@
+#include "Migrations.h"
+
+#include <initializer_list>
+
+namespace Platform {
+
+namespace {
+
+/// A statement for both databases with {words} that they spell differently, or one for only one of them.
+struct Statement
+{
+    enum Use
+    {
+        Both,
+        SqliteOnly,
+        PostgresOnly
+    };
+    Use use;
+    const char* szText;
+};
+
+QString Spell(const char* szText, bool bPostgres)
+{
+    QString sText = QString::fromUtf8(szText);
+    sText.replace(QLatin1String("{id}"),
+        bPostgres ? QStringLiteral("BIGINT PRIMARY KEY") : QStringLiteral("INTEGER PRIMARY KEY"));
+    sText.replace(QLatin1String("{serial}"),
+        bPostgres ? QStringLiteral("BIGSERIAL PRIMARY KEY")
+                  : QStringLiteral("INTEGER PRIMARY KEY AUTOINCREMENT"));
+    // Sorted and compared byte by byte, so that both databases agree and LIKE can use an index.
+    sText.replace(
+        QLatin1String("{key}"), bPostgres ? QStringLiteral("TEXT COLLATE \"C\"") : QStringLiteral("TEXT"));
+    return sText;
+}
+
+Migration Step(int nNumber, const char* szName, bool bPostgres, std::initializer_list<Statement> statements)
+{
+    Migration migration;
+    migration.nNumber = nNumber;
+    migration.sName = QString::fromLatin1(szName);
+    for (const Statement& statement : statements)
+        if (statement.use == Statement::Both || (statement.use == Statement::PostgresOnly) == bPostgres)
+            migration.listStatements << Spell(statement.szText, bPostgres);
+    return migration;
+}
+
+Migration Accounts(bool bPostgres)
+{
+    using S = Statement;
+    return Step(1, "accounts", bPostgres,
+        {
+            {S::Both, "CREATE TABLE counter (name {key} PRIMARY KEY, value BIGINT NOT NULL)"},
+            {S::Both,
+                "CREATE TABLE account (id {id}, name TEXT NOT NULL, name_key {key} NOT NULL UNIQUE, "
+                "password_hash TEXT, failed_count INTEGER NOT NULL DEFAULT 0, "
+                "locked_until BIGINT NOT NULL DEFAULT 0)"},
+            {S::Both,
+                "CREATE TABLE role (id {id}, name TEXT NOT NULL, name_key {key} NOT NULL UNIQUE, "
+                "has_all_rights INTEGER NOT NULL DEFAULT 0)"},
+            {S::Both,
+                "CREATE TABLE account_role (account_id BIGINT NOT NULL REFERENCES account (id) ON DELETE "
+                "CASCADE, "
+                "role_id BIGINT NOT NULL REFERENCES role (id) ON DELETE CASCADE, "
+                "PRIMARY KEY (account_id, role_id))"},
+            {S::Both, "CREATE TABLE right_code (code {key} PRIMARY KEY)"},
+            {S::Both,
+                "CREATE TABLE role_right (role_id BIGINT NOT NULL REFERENCES role (id) ON DELETE CASCADE, "
+                "code {key} NOT NULL REFERENCES right_code (code), PRIMARY KEY (role_id, code))"},
+            {S::Both,
+                "CREATE TABLE menu_entry (entry_id INTEGER PRIMARY KEY, "
+                "code {key} NOT NULL REFERENCES right_code (code), widget_name TEXT NOT NULL)"},
+            {S::Both,
+                "CREATE TABLE session (token_hash {key} PRIMARY KEY, "
+                "account_id BIGINT NOT NULL REFERENCES account (id) ON DELETE CASCADE, "
+                "client_address TEXT NOT NULL, created_at BIGINT NOT NULL, expires_at BIGINT NOT NULL)"},
+            {S::Both, "CREATE INDEX session_expiry ON session (expires_at)"},
+            {S::Both,
+                "CREATE TABLE audit_log (id {serial}, at BIGINT NOT NULL, account_name TEXT NOT NULL, "
+                "client_address TEXT NOT NULL, operation {key} NOT NULL, object_id {key} NOT NULL, "
+                "before_json TEXT NOT NULL, after_json TEXT NOT NULL)"},
+            {S::Both, "CREATE INDEX audit_log_at ON audit_log (at)"},
+            {S::Both, "CREATE INDEX audit_log_object ON audit_log (object_id, at)"},
+            {S::Both,
+                "INSERT INTO right_code (code) VALUES ('001001'), ('001001001'), ('001001002'), ('001002'), "
+                "('001003'), ('002001'), ('002002'), ('002003'), ('002004'), ('002005'), ('002006'), "
+                "('002007'), ('002008'), ('002009'), ('003001'), ('003003'), ('003004')"},
+            {S::Both,
+                "INSERT INTO menu_entry (entry_id, code, widget_name) VALUES "
+                "(0, '001001', 'ResourceManagerWidget'), (1, '001002', 'UserManagerWidget'), "
+                "(2, '001003', 'StorageManagerWidget'), (4, '003001', 'ServiceManageWidget'), "
+                "(6, '003003', 'SystemConfigWidget'), (7, '003004', 'BackupRestoreWidget'), "
+                "(9, '002001', 'EventConfigWidget'), (10, '002002', 'EmapConfigUI'), "
+                "(11, '002003', 'BasicInfoManagerUI'), (12, '002004', 'CArmLibWidget'), "
+                "(13, '002005', 'ACSManagerWidget'), (14, '002006', 'VideoIntercomConfigWidget'), "
+                "(15, '002007', 'AttendanceManagerWidget'), (16, '002008', 'VisitorParamWidget'), "
+                "(17, '002009', 'EntranceConfigWidget')"},
+            {S::Both, "INSERT INTO account (id, name, name_key) VALUES (1, 'system', 'system')"},
+            {S::Both,
+                "INSERT INTO role (id, name, name_key, has_all_rights) "
+                "VALUES (1, 'Administrator', 'administrator', 1)"},
+            {S::Both, "INSERT INTO account_role (account_id, role_id) VALUES (1, 1)"},
+        });
+}
+
+Migration Devices(bool bPostgres)
+{
+    using S = Statement;
+    return Step(2, "organizations and devices", bPostgres,
+        {
+            {S::Both, "INSERT INTO counter (name, value) VALUES ('organization', 1000), ('device', 1000000)"},
+            {S::Both,
+                "CREATE TABLE organization (code {key} PRIMARY KEY, parent_code {key} NOT NULL, "
+                "name TEXT NOT NULL, name_key {key} NOT NULL, remark TEXT NOT NULL, "
+                "sort INTEGER NOT NULL DEFAULT 0, version BIGINT NOT NULL DEFAULT 1)"},
+            {S::Both, "CREATE UNIQUE INDEX organization_sibling ON organization (parent_code, name_key)"},
+            // Every organisation is its own ancestor at the distance 0.
+            {S::Both,
+                "CREATE TABLE organization_ancestor (ancestor {key} NOT NULL, code {key} NOT NULL, "
+                "distance INTEGER NOT NULL, PRIMARY KEY (ancestor, code))"},
+            {S::Both, "CREATE INDEX organization_ancestor_code ON organization_ancestor (code, distance)"},
+            {S::Both,
+                "INSERT INTO organization (code, parent_code, name, name_key, remark) "
+                "VALUES ('001', '', 'Root', 'root', '')"},
+            {S::Both,
+                "INSERT INTO organization_ancestor (ancestor, code, distance) VALUES ('001', '001', 0)"},
+            {S::Both,
+                "CREATE TABLE device (id {id}, name TEXT NOT NULL, name_key {key} NOT NULL, "
+                "address TEXT NOT NULL, address_key {key} NOT NULL, port INTEGER NOT NULL, "
+                "search_key {key} NOT NULL, category INTEGER NOT NULL, model TEXT NOT NULL, "
+                "org_code {key} NOT NULL REFERENCES organization (code), manufacturer TEXT NOT NULL, "
+                "protocol TEXT NOT NULL, access_direction INTEGER NOT NULL DEFAULT 0, "
+                "serial_number TEXT NOT NULL DEFAULT '', user_name TEXT NOT NULL DEFAULT '', "
+                "remark TEXT NOT NULL DEFAULT '', video_channels INTEGER NOT NULL DEFAULT 0, "
+                "alarm_inputs INTEGER NOT NULL DEFAULT 0, alarm_outputs INTEGER NOT NULL DEFAULT 0, "
+                "online_state INTEGER NOT NULL DEFAULT 0, offline_reason INTEGER NOT NULL DEFAULT 1, "
+                "version BIGINT NOT NULL DEFAULT 1)"},
+            // The filters' columns follow the sort key, so that a page is read off the index alone.
+            {S::Both,
+                "CREATE INDEX device_by_address ON device (address_key, id, category, org_code, "
+                "online_state)"},
+            {S::Both,
+                "CREATE INDEX device_by_name ON device (name_key, id, category, org_code, online_state)"},
+            {S::Both, "CREATE INDEX device_by_organization ON device (org_code, category, online_state)"},
+            {S::Both, "CREATE INDEX device_by_category ON device (category, online_state)"},
+            {S::Both,
+                "CREATE TABLE device_reference (device_id BIGINT NOT NULL REFERENCES device (id) ON DELETE "
+                "CASCADE, "
+                "kind INTEGER NOT NULL, name {key} NOT NULL, PRIMARY KEY (device_id, kind, name))"},
+            {S::Both,
+                "CREATE TABLE device_task (device_id BIGINT NOT NULL REFERENCES device (id) ON DELETE "
+                "CASCADE, "
+                "kind INTEGER NOT NULL, PRIMARY KEY (device_id, kind))"},
+            {S::SqliteOnly,
+                "CREATE VIRTUAL TABLE device_search USING fts5 (search_key, content = 'device', "
+                "content_rowid = 'id', tokenize = 'trigram case_sensitive 1')"},
+            {S::SqliteOnly,
+                "CREATE TRIGGER device_search_insert AFTER INSERT ON device BEGIN "
+                "INSERT INTO device_search (rowid, search_key) VALUES (new.id, new.search_key); END"},
+            {S::SqliteOnly,
+                "CREATE TRIGGER device_search_delete AFTER DELETE ON device BEGIN "
+                "INSERT INTO device_search (device_search, rowid, search_key) "
+                "VALUES ('delete', old.id, old.search_key); END"},
+            {S::SqliteOnly,
+                "CREATE TRIGGER device_search_update AFTER UPDATE OF search_key ON device BEGIN "
+                "INSERT INTO device_search (device_search, rowid, search_key) "
+                "VALUES ('delete', old.id, old.search_key); "
+                "INSERT INTO device_search (rowid, search_key) VALUES (new.id, new.search_key); END"},
+            {S::PostgresOnly, "CREATE EXTENSION IF NOT EXISTS pg_trgm"},
+            {S::PostgresOnly, "CREATE INDEX device_search ON device USING gin (search_key gin_trgm_ops)"},
+        });
+}
+
+} // namespace
+
+std::vector<Migration> Migrations(bool bPostgres)
+{
+    return {Accounts(bPostgres), Devices(bPostgres)};
+}
+
+} // namespace Platform
