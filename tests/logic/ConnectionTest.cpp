@@ -90,6 +90,7 @@ protected:
 
     void SignIn()
     {
+        m_vecSignIns.clear();
         m_pClient->SignIn(QStringLiteral("system"), QStringLiteral("secret"));
         WaitFor([&] { return !m_vecSignIns.empty() && m_server.RequestCount(EventPath) > 0; });
         ASSERT_EQ(m_vecSignIns.back(), 0);
@@ -244,7 +245,6 @@ TEST_F(ConnectionTest, ALateRefusalOfAnOlderSessionLeavesTheNewOne)
     m_pClient->GetGroupManager()->QueryDevicePage({});
     WaitFor([&] { return !pOpen.isNull(); });
     m_pClient->SignOut();
-    m_vecSignIns.clear();
     SignIn();
     ScriptedServer::Answer(R"({"code":20})", "401 Unauthorized")(*pOpen, {});
     WaitFor([&] { return !m_recorder.Answers().empty(); });
