@@ -16,7 +16,7 @@ struct CPlatformClient::Private
 {
     Private(CPlatformClient* pOwner, const QString& sConfigFolder);
     /// Open requests are answered while the managers that they belong to still stand.
-    ~Private() { pConnection.reset(); }
+    ~Private() { connection.Stop(); }
 
     /// Runs the call on the user-interface thread as long as the client lives.
     template <class Call>
@@ -35,7 +35,7 @@ struct CPlatformClient::Private
     CPlatformClient* pClient;
     CUserManager userManager;
     CLocalConfig localConfig;
-    std::unique_ptr<CServerConnection> pConnection;
+    CServerConnection connection;
     CGroupManager groupManager;
     CRemoteConfigManager remoteConfigManager;
 };
@@ -43,12 +43,11 @@ struct CPlatformClient::Private
 CPlatformClient::Private::Private(CPlatformClient* pOwner, const QString& sConfigFolder)
     : pClient(pOwner)
     , localConfig(sConfigFolder)
-    , pConnection(std::make_unique<CServerConnection>())
-    , groupManager(*pConnection, userManager)
-    , remoteConfigManager(*pConnection, userManager)
+    , groupManager(connection, userManager)
+    , remoteConfigManager(connection, userManager)
 {
-    pConnection->SetEventHandler([this](const auto& sName, const auto& sData) { OnEvent(sName, sData); });
-    pConnection->SetStateHandler([this](CServerConnection::State state) { OnState(state); });
+    connection.SetEventHandler([this](const auto& sName, const auto& sData) { OnEvent(sName, sData); });
+    connection.SetStateHandler([this](CServerConnection::State state) { OnState(state); });
 }
 
 void CPlatformClient::Private::OnEvent(const std::string& sName, const std::string& sData)
@@ -101,7 +100,7 @@ void CPlatformClient::Private::OnState(CServerConnection::State state)
 
 void CPlatformClient::Private::RefreshSession()
 {
-    CallServer<wire::GetSession>(*pConnection, {}, [this](TypedAnswer<wire::Session>&& answer) {
+    CallServer<wire::GetSession>(connection, {}, [this](TypedAnswer<wire::Session>&& answer) {
         if (answer.nErrorCode != UICommonMdl::ErrorNone || !userManager.GetUserRight())
             return;
         if (!userManager.SetSession(answer.data))
@@ -116,7 +115,7 @@ void CPlatformClient::Private::EndSession()
     if (!userManager.GetUserRight())
         return;
     userManager.ClearSession();
-    pConnection->CloseSession();
+    connection.CloseSession();
     remoteConfigManager.SetServerConnected(false);
     userManager.Notify(IUserManagerObserver::ResultSessionEnded, UICommonMdl::ErrorNotSignedIn);
     OnUiThread([this] { Q_EMIT pClient->SignalSessionEnded(); });
@@ -167,18 +166,18 @@ UICommonMdl::ILocalConfig* CPlatformClient::GetLocalConfig() const
 void CPlatformClient::SetServer(const QUrl& url, const QSslConfiguration& tls)
 {
     m_pPrivate->userManager.ClearSession();
-    m_pPrivate->pConnection->CloseSession();
-    m_pPrivate->pConnection->SetServer(url, tls);
+    m_pPrivate->connection.CloseSession();
+    m_pPrivate->connection.SetServer(url, tls);
 }
 
 QUrl CPlatformClient::GetServer() const
 {
-    return m_pPrivate->pConnection->GetServer();
+    return m_pPrivate->connection.GetServer();
 }
 
 void CPlatformClient::SetRequestTimeOut(int nMilliseconds)
 {
-    m_pPrivate->pConnection->SetTimeOut(nMilliseconds);
+    m_pPrivate->connection.SetTimeOut(nMilliseconds);
 }
 
 bool CPlatformClient::IsSignedIn() const
@@ -188,13 +187,13 @@ bool CPlatformClient::IsSignedIn() const
 
 int CPlatformClient::GetOpenRequestCount() const
 {
-    return m_pPrivate->pConnection->GetOpenRequestCount();
+    return m_pPrivate->connection.GetOpenRequestCount();
 }
 
 void CPlatformClient::QueryServerState()
 {
     Private& p = *m_pPrivate;
-    CallServer<wire::GetServerState>(*p.pConnection, {}, [&p](TypedAnswer<wire::ServerState>&& answer) {
+    CallServer<wire::GetServerState>(p.connection, {}, [&p](TypedAnswer<wire::ServerState>&& answer) {
         p.OnUiThread([&p, nCode = answer.nErrorCode, bSetup = answer.data.bSetupNeeded] {
             Q_EMIT p.pClient->SignalServerState(nCode, bSetup);
         });
@@ -205,7 +204,7 @@ void CPlatformClient::SetUp(const QString& sPassword)
 {
     Private& p = *m_pPrivate;
     CallServer<wire::SetUp>(
-        *p.pConnection, {sPassword.toStdString()}, [&p](TypedAnswer<wire::Nothing>&& answer) {
+        p.connection, {sPassword.toStdString()}, [&p](TypedAnswer<wire::Nothing>&& answer) {
             p.OnUiThread([&p, nCode = answer.nErrorCode, sDetail = QString::fromStdString(answer.sDetail)] {
                 Q_EMIT p.pClient->SignalSetUp(nCode, sDetail);
             });
@@ -216,10 +215,10 @@ void CPlatformClient::SignIn(const QString& sUserName, const QString& sPassword)
 {
     Private& p = *m_pPrivate;
     const wire::SignInRequest request{sUserName.toStdString(), sPassword.toStdString()};
-    CallServer<wire::SignIn>(*p.pConnection, request, [&p](TypedAnswer<wire::Session>&& answer) {
+    CallServer<wire::SignIn>(p.connection, request, [&p](TypedAnswer<wire::Session>&& answer) {
         if (answer.nErrorCode == UICommonMdl::ErrorNone) {
             p.userManager.SetSession(answer.data);
-            p.pConnection->OpenSession(answer.data.sToken);
+            p.connection.OpenSession(answer.data.sToken);
         }
         p.OnUiThread([&p, nCode = answer.nErrorCode, sDetail = QString::fromStdString(answer.sDetail)] {
             Q_EMIT p.pClient->SignalSignIn(nCode, sDetail);
@@ -233,8 +232,8 @@ void CPlatformClient::SignOut()
     if (!IsSignedIn())
         return;
     p.userManager.ClearSession();
-    CallServer<wire::SignOut>(*p.pConnection, {}, [](TypedAnswer<wire::Nothing>&&) {});
-    p.pConnection->CloseSession(CServerConnection::OpenRequests::Keep);
+    CallServer<wire::SignOut>(p.connection, {}, [](TypedAnswer<wire::Nothing>&&) {});
+    p.connection.CloseSession(CServerConnection::OpenRequests::Keep);
 }
 
 } // namespace PlatformLogic

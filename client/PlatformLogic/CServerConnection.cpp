@@ -49,6 +49,13 @@ CServerConnection::CServerConnection()
 
 CServerConnection::~CServerConnection()
 {
+    Stop();
+}
+
+void CServerConnection::Stop()
+{
+    if (!m_thread.isRunning())
+        return;
     // Every request that was accepted is answered, also when the client ends.
     QMetaObject::invokeMethod(
         m_pWorker,

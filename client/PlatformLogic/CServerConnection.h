@@ -48,6 +48,9 @@ public:
     CServerConnection();
     ~CServerConnection() override;
 
+    /// Answers what is open with ErrorCancelled and ends the network thread: no handler is called after it returned.
+    void Stop();
+
     void SetServer(const QUrl& url, const QSslConfiguration& tls);
     QUrl GetServer() const { return m_server; }
     void SetTimeOut(int nMilliseconds) { m_nTimeOutMs = nMilliseconds; }
