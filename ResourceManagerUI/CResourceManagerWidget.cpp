@@ -1,5 +1,7 @@
 #include "CResourceManagerWidget.h"
 
+#include "CResourceManager.h"
+
 namespace ResourceManagerUI {
 
 CResourceManagerWidget::CResourceManagerWidget(UICommonMdl::CInterfaceSetManager* pInterfaceSet)
@@ -8,6 +10,12 @@ CResourceManagerWidget::CResourceManagerWidget(UICommonMdl::CInterfaceSetManager
             "CResourceManagerWidget", QStringLiteral("ResourceManagerUI"), QStringLiteral("Resource.png"),
             QStringLiteral("Resource-d.png")})
 {
+}
+
+QWidget* CResourceManagerWidget::CreatePage(
+    UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
+{
+    return new CResourceManager(pInterfaceSet, pParent);
 }
 
 } // namespace ResourceManagerUI

@@ -12,6 +12,9 @@ class CResourceManagerWidget : public Common::CEntryWidget
 public:
     /// pInterfaceSet is borrowed.
     explicit CResourceManagerWidget(UICommonMdl::CInterfaceSetManager* pInterfaceSet);
+
+protected:
+    QWidget* CreatePage(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent) override;
 };
 
 } // namespace ResourceManagerUI

@@ -1,0 +1,133 @@
+#include "CDeviceDetailPage.h"
+
+#include "DeviceCategory.h"
+#include "DeviceRules.h"
+#include "ui_CDeviceDetailPage.h"
+
+#include <Trv/QSkin.h>
+#include <UICommonMdl/CErrorCode.h>
+#include <common/ObserverAdapters.h>
+
+#include <QKeyEvent>
+
+namespace ResourceManagerUI {
+
+namespace {
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(CDeviceDetailPage)
+};
+enum RequestKind : int
+{
+    KindDetail = 1,
+    KindReferences
+};
+} // namespace
+
+CDeviceDetailPage::CDeviceDetailPage(QWidget* pParent)
+    : QWidget(pParent)
+    , m_pUi(std::make_unique<Ui::CDeviceDetailPage>())
+{
+    m_pUi->setupUi(this);
+    m_pUi->btnBack->setIcon(Trv::GetIcon(QStringLiteral("back")));
+    connect(m_pUi->btnBack, &QAbstractButton::clicked, this, &CDeviceDetailPage::SignalFirstBtnClicked);
+    connect(m_pUi->wgtDetailState, &VxGUI::VxEmptyState::SignalAction, this,
+        [this] { ShowDevice(m_sDeviceId, m_sOrgName); });
+}
+
+CDeviceDetailPage::~CDeviceDetailPage() = default;
+
+void CDeviceDetailPage::SetGroupManager(GroupLogical::IGroupManager* pManager)
+{
+    m_pManager = pManager;
+    m_pAdapter = std::make_unique<Common::CGroupManagerAdapter>(pManager);
+    connect(m_pAdapter.get(), &Common::CGroupManagerAdapter::SignalState, this, &CDeviceDetailPage::OnAnswer,
+        Qt::QueuedConnection);
+}
+
+void CDeviceDetailPage::ShowDevice(const QString& sDeviceId, const QString& sOrgName)
+{
+    m_sDeviceId = sDeviceId;
+    m_sOrgName = sOrgName;
+    m_pUi->treeDetail->clear();
+    m_pUi->listReferences->clear();
+    m_pUi->wgtDetailState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading"));
+    m_pUi->stackDetail->setCurrentWidget(m_pUi->pageState);
+    const std::string sId = sDeviceId.toStdString();
+    const bool bSent = m_pManager
+        && m_requests.Supersede(
+            m_pManager->QueryDeviceDetail(sId), KindDetail, [this](const auto& param) { OnDetail(param); });
+    if (!bSent) {
+        ShowFailure(UICommonMdl::ErrorNone);
+        return;
+    }
+    if (!m_requests.Supersede(m_pManager->QueryDeviceReferences(sId), KindReferences,
+            [this](const auto& param) { OnReferences(param); }))
+        m_pUi->listReferences->addItem(Text::tr("Failed to get what refers to the device"));
+}
+
+void CDeviceDetailPage::OnAnswer(const GroupLogical::IGroupManagerObserver::Param& param)
+{
+    m_requests.Answer(param);
+}
+
+void CDeviceDetailPage::OnDetail(const GroupLogical::IGroupManagerObserver::Param& param)
+{
+    if (param.nErrorCode != UICommonMdl::ErrorNone || !param.optDevice) {
+        ShowFailure(param.nErrorCode);
+        return;
+    }
+    const GroupLogical::DeviceAddInfo_t& device = *param.optDevice;
+    const auto text = [](const std::string& s) { return QString::fromStdString(s); };
+    AddLine(Text::tr("Device ID"), text(device.sDeviceId));
+    AddLine(Text::tr("Device Name"), text(device.sName));
+    AddLine(Text::tr("IP Address"), text(device.sIp));
+    AddLine(Text::tr("Port"), QString::number(device.nPort));
+    AddLine(Text::tr("Device Type"), GetCategoryText(device.nCategory));
+    AddLine(Text::tr("Device Model"), text(device.sModel));
+    AddLine(Text::tr("Organization"), m_sOrgName);
+    AddLine(Text::tr("Manufacturer"), text(device.sManufacturer));
+    AddLine(Text::tr("Access Protocol"), text(device.sProtocol));
+    AddLine(Text::tr("Access Direction"), GetAccessDirectionText(device.nAccessDirection));
+    AddLine(Text::tr("Serial Number"), text(device.sSerialNumber));
+    AddLine(Text::tr("User Name"), text(device.sUserName));
+    AddLine(Text::tr("Video Channels"), QString::number(device.nVideoChannels));
+    AddLine(Text::tr("Alarm Inputs"), QString::number(device.nAlarmInputs));
+    AddLine(Text::tr("Alarm Outputs"), QString::number(device.nAlarmOutputs));
+    AddLine(Text::tr("Remark"), text(device.sRemark));
+    m_pUi->treeDetail->resizeColumnToContents(0);
+    m_pUi->stackDetail->setCurrentWidget(m_pUi->pageContent);
+}
+
+void CDeviceDetailPage::OnReferences(const GroupLogical::IGroupManagerObserver::Param& param)
+{
+    if (param.nErrorCode != UICommonMdl::ErrorNone) {
+        m_pUi->listReferences->addItem(UICommonMdl::CErrorCode::GetErroCodeInfor(param.nErrorCode));
+        return;
+    }
+    const QStringList listLines = GetReferenceLines(param.vecReferences);
+    m_pUi->listReferences->addItems(
+        listLines.isEmpty() ? QStringList{Text::tr("Nothing refers to this device.")} : listLines);
+}
+
+void CDeviceDetailPage::ShowFailure(int nErrorCode)
+{
+    m_pUi->wgtDetailState->SetState(VxGUI::VxEmptyState::Kind::Failed, Text::tr("Failed to get device"),
+        UICommonMdl::CErrorCode::GetErroCodeInfor(nErrorCode), Text::tr("Try Again"));
+    m_pUi->stackDetail->setCurrentWidget(m_pUi->pageState);
+}
+
+void CDeviceDetailPage::AddLine(const QString& sCaption, const QString& sText)
+{
+    new QTreeWidgetItem(m_pUi->treeDetail, {sCaption, sText});
+}
+
+void CDeviceDetailPage::keyPressEvent(QKeyEvent* pEvent)
+{
+    if (pEvent->key() == Qt::Key_Escape)
+        Q_EMIT SignalFirstBtnClicked();
+    else
+        QWidget::keyPressEvent(pEvent);
+}
+
+} // namespace ResourceManagerUI

@@ -1,0 +1,200 @@
+#pragma once
+
+#include <GroupLogical/IGroupManager.h>
+#include <RemoteConfigLogical/IRemoteConfigManager.h>
+#include <common/CRequests.h>
+#include <common/ObserverAdapters.h>
+
+#include <QFuture>
+#include <QPointer>
+#include <QTimer>
+#include <QWidget>
+
+#include <map>
+#include <memory>
+#include <set>
+
+class QAbstractButton;
+namespace Ui {
+class CDeviceManagerCtrl;
+}
+namespace UICommonMdl {
+class CInterfaceSetManager;
+class ILocalConfig;
+} // namespace UICommonMdl
+namespace VxGUI {
+class VxWaitDialog;
+}
+namespace Common {
+class CRowButtonDelegate;
+}
+
+namespace ResourceManagerUI {
+
+class CDeviceModel;
+class CDeviceTableHeader;
+
+/// The device page: organisation tree, paged table of devices with its filters, and the operations on them.
+/// User-interface thread; the observer callbacks come on threads of the host.
+class CDeviceManagerCtrl : public QWidget,
+                           private GroupLogical::IGroupManagerObserver,
+                           private RemoteConfigLogical::IRemoteDeviceObserver,
+                           private RemoteConfigLogical::ISystemConfigObserver
+{
+    Q_OBJECT
+
+public:
+    /// What the buttons of a row do.
+    enum RowRole : int
+    {
+        RoleDetails = 1,
+        RoleMoveTo,
+        RoleDelete
+    };
+    using GroupParam = GroupLogical::IGroupManagerObserver::Param;
+    using RemoteParam = RemoteConfigLogical::IRemoteDeviceObserver::Param;
+    using SystemParam = RemoteConfigLogical::ISystemConfigObserver::Param;
+
+    /// pInterfaceSet is borrowed and outlives the page. A manager that it lacks leaves its part of the page
+    /// in the failed state.
+    explicit CDeviceManagerCtrl(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent = nullptr);
+    /// Waits for an export file that is being written.
+    ~CDeviceManagerCtrl() override;
+
+    /// Ends all registrations; the page asks for nothing any more.
+    void Uninit();
+
+Q_SIGNALS:
+    void SignalNotifyGroupManagerState(const GroupLogical::IGroupManagerObserver::Param& param);
+    void SignalNotifyRemoteDeviceState(const RemoteConfigLogical::IRemoteDeviceObserver::Param& param);
+    void SignalNotifySystemConfigState(const RemoteConfigLogical::ISystemConfigObserver::Param& param);
+    void SignalGetDeviceType();
+    void SignalDisconnectCms();
+    void SignalReconnectCms();
+    void SignalOperateTimeOut();
+    /// The export file is written; sError is empty on success. Emitted on the writing thread.
+    void SignalExportFinished(const QString& sError);
+
+protected:
+    void showEvent(QShowEvent* pEvent) override;
+
+private:
+    void OnNotifyGroupManagerState(const GroupParam& param) override;
+    void OnNotifyRemoteDeviceState(const RemoteParam& param) override;
+    void OnNotifySystemConfigState(const SystemParam& param) override;
+
+    // Building the page.
+    void SetUpTable();
+    void SetUpTree();
+    void SetUpCategories();
+    void SetUpToolBar();
+    void SetUpShortcuts();
+    void SetUpObservers();
+    void HideUnavailableActions();
+    void RestoreLayout();
+
+    // Answers and pushes, on the user-interface thread.
+    void OnGroupState(const GroupParam& param);
+    void OnRemoteState(const RemoteParam& param);
+    void OnSystemState(const SystemParam& param);
+    void OnDisconnectCms();
+    void OnReconnectCms();
+    void OnOperateTimeOut();
+    void OnQueryTimer();
+
+    // Queries.
+    void QueryAll();
+    void QueryOrganizations();
+    void QueryCurrentPage();
+    void QueryLater(bool bOrganizations, bool bDevices);
+    void OnGetDevType();
+    void OnDevicePage(const GroupParam& param);
+    void ShowDevicePage(const GroupParam& param);
+    void ShowTableState(int nErrorCode);
+    GroupLogical::DevicePageRequest_t MakeRequest() const;
+
+    // Filters, sorting, paging.
+    void OnFilterBtnClicked();
+    void OnDevTypeFilterChanged(int nCategory);
+    void OnStatusTypeClick(int nOnlineState);
+    void OnDeviceTableHeaderSort(int nColumn);
+    void OnBtnSearchClicked();
+    void OnSearchLineEdit(const QString& sText);
+    void OnPageFlipQueryCurrentPage(int nPage);
+    void OnTreeSelectionChanged(const QModelIndex& index);
+    void SetCategory(int nCategory);
+    void ShowCategories(const std::vector<int>& vecCategories);
+    void QueryFirstPage();
+
+    // The table.
+    void OnCheckStateChanged(const QModelIndex& index);
+    void OnTableColumnStateChanged(int nColumn, int nShown);
+    void OnTableBtnClicked(const QModelIndex& index, int nRole);
+    void OnTableContextMenu(const QPoint& pos);
+    void OnToggleChecks();
+    void UpdateSelectionButtons();
+    void UpdateStatus();
+
+    // Operations.
+    void OnBtnDeleteClicked();
+    void OnBtnExportClicked();
+    void OnBtnMoveToClicked();
+    void OnBtnRefreshClicked();
+    void OnTitleFirstBtnClicked();
+    void OnShowNotify(const QString& sText);
+    void OnSplitterMoved(int nPos, int nIndex);
+    void DeleteDevices(const QStringList& listIds);
+    void MoveDevices(const QStringList& listIds);
+    void OnModifyDeviceOrg(const QVector<QString>& vecIds, const QString& sOrgCode);
+    void OnMoveAnswer(const GroupParam& param);
+    void WriteExport(const class CDeviceExport& writer);
+    void OnExportAnswer(const QString& sPath, const GroupParam& param);
+    void OnExportFinished(const QString& sError);
+    void EndExport();
+    void ShowDetails(const QString& sDeviceId);
+
+    // Organisations.
+    void OnAddOrg(const QString& sParentCode);
+    void OnEditOrg(const QString& sCode, const QString& sName, const QString& sRemark);
+    void OnDeleteOrg(const QString& sCode);
+    void OnMoveOrg(const QString& sCode, const QString& sNewParentCode);
+    void OnAddOrModifyOrgComplete(int nMode, const QString& sCode, const QString& sName);
+
+    void ShowFailure(const QString& sPrefix, int nErrorCode);
+
+    UICommonMdl::CInterfaceSetManager* m_pInterfaceSet;
+    GroupLogical::IGroupManager* m_pGroupManager;
+    RemoteConfigLogical::IRemoteConfigManager* m_pRemoteManager;
+    UICommonMdl::ILocalConfig* m_pLocalConfig;
+    std::unique_ptr<Ui::CDeviceManagerCtrl> m_pUi;
+    CDeviceModel* m_pModel;
+    CDeviceTableHeader* m_pHeader = nullptr;
+    Common::CRowButtonDelegate* m_pRowButtons = nullptr;
+    std::map<int, QAbstractButton*> m_mapCategoryButtons;
+
+    int m_nCategory = 0;
+    int m_nOnlineState = GroupLogical::StateAll;
+    int m_nSortColumn = 2;
+    Qt::SortOrder m_sortOrder = Qt::DescendingOrder;
+    QString m_sSearchText;
+    QString m_sSelectAfterQuery; ///< organisation to select once the tree shows it
+    bool m_bConnected = true;
+
+    Common::CRequests<GroupParam> m_requests;
+    QTimer m_queryTimer; ///< gathers pushes into one query
+    bool m_bOrganizationsStale = false;
+    bool m_bDevicesStale = false;
+    QFuture<void> m_exportFuture;
+    QPointer<VxGUI::VxWaitDialog> m_pWaitDialog;
+
+    Common::CObserverRegistration<GroupLogical::IGroupManager, GroupLogical::IGroupManagerObserver>
+        m_groupRegistration;
+    Common::CObserverRegistration<RemoteConfigLogical::IRemoteConfigManager,
+        RemoteConfigLogical::IRemoteDeviceObserver>
+        m_remoteRegistration;
+    Common::CObserverRegistration<RemoteConfigLogical::IRemoteConfigManager,
+        RemoteConfigLogical::ISystemConfigObserver>
+        m_systemRegistration;
+};
+
+} // namespace ResourceManagerUI

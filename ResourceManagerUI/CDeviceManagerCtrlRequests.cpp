@@ -1,0 +1,253 @@
+#include "CDeviceManagerCtrl.h"
+
+#include "CDeviceModel.h"
+#include "CDeviceTableHeader.h"
+#include "DeviceRequestKinds.h"
+#include "DeviceRules.h"
+#include "ui_CDeviceManagerCtrl.h"
+
+#include <UICommonMdl/CErrorCode.h>
+#include <VxGUI/VxNotification.h>
+#include <common/Prompt.h>
+
+#include <QScrollBar>
+
+namespace ResourceManagerUI {
+
+namespace {
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(CDeviceManagerCtrl)
+};
+} // namespace
+
+void CDeviceManagerCtrl::OnNotifyGroupManagerState(const GroupParam& param)
+{
+    Q_EMIT SignalNotifyGroupManagerState(param);
+}
+
+void CDeviceManagerCtrl::OnNotifyRemoteDeviceState(const RemoteParam& param)
+{
+    Q_EMIT SignalNotifyRemoteDeviceState(param);
+}
+
+void CDeviceManagerCtrl::OnNotifySystemConfigState(const SystemParam& param)
+{
+    Q_EMIT SignalNotifySystemConfigState(param);
+}
+
+void CDeviceManagerCtrl::OnGroupState(const GroupParam& param)
+{
+    if (param.nSequence > 0) {
+        if (m_requests.Answer(param) && param.nErrorCode == UICommonMdl::ErrorTimeOut)
+            Q_EMIT SignalOperateTimeOut();
+        return;
+    }
+    QueryLater(param.nResultCode == ResultOrganizationsChanged,
+        param.nResultCode == ResultDevicesChanged || param.nResultCode == ResultOrganizationsChanged);
+}
+
+void CDeviceManagerCtrl::OnRemoteState(const RemoteParam& param)
+{
+    if (param.nResultCode != ResultDeviceState)
+        return;
+    for (const RemoteConfigLogical::DeviceState_t& state : param.vecStates)
+        m_pModel->UpdateState(state);
+    // Under a filter of the online state rows come and go with it.
+    if (m_nOnlineState != GroupLogical::StateAll)
+        QueryLater(false, true);
+}
+
+void CDeviceManagerCtrl::OnSystemState(const SystemParam& param)
+{
+    if (param.nResultCode == ResultServerDisconnected)
+        Q_EMIT SignalDisconnectCms();
+    else if (param.nResultCode == ResultServerReconnected)
+        Q_EMIT SignalReconnectCms();
+}
+
+void CDeviceManagerCtrl::OnDisconnectCms()
+{
+    m_bConnected = false;
+    m_queryTimer.stop();
+    m_pUi->lbConnection->show();
+    QWidget* const controls[] = {m_pUi->wgtOrgTree, m_pUi->wgtToolBar, m_pUi->wgtCategory, m_pUi->treeDevice,
+        m_pUi->editSearch, m_pUi->wgtTableState, m_pUi->wgtTableFlip, m_pUi->pageEdit};
+    for (QWidget* pControl : controls)
+        pControl->setEnabled(false);
+    for (QPushButton* pButton : {m_pUi->btnDelete, m_pUi->btnResetPwd, m_pUi->btnMoveTo, m_pUi->btnTimeZone})
+        pButton->setEnabled(false);
+    if (m_pModel->rowCount() == 0)
+        ShowTableState(UICommonMdl::ErrorDisconnected);
+}
+
+void CDeviceManagerCtrl::OnReconnectCms()
+{
+    m_bConnected = true;
+    m_pUi->lbConnection->hide();
+    QWidget* const controls[] = {m_pUi->wgtOrgTree, m_pUi->wgtToolBar, m_pUi->wgtCategory, m_pUi->treeDevice,
+        m_pUi->editSearch, m_pUi->wgtTableState, m_pUi->wgtTableFlip, m_pUi->pageEdit};
+    for (QWidget* pControl : controls)
+        pControl->setEnabled(true);
+    UpdateSelectionButtons();
+    QueryAll();
+}
+
+void CDeviceManagerCtrl::OnOperateTimeOut()
+{
+    VxGUI::VxNotification::Show(this, UICommonMdl::CErrorCode::GetErroCodeInfor(UICommonMdl::ErrorTimeOut));
+}
+
+void CDeviceManagerCtrl::QueryAll()
+{
+    QueryOrganizations();
+    Q_EMIT SignalGetDeviceType();
+    QueryCurrentPage();
+}
+
+void CDeviceManagerCtrl::QueryLater(bool bOrganizations, bool bDevices)
+{
+    m_bOrganizationsStale = m_bOrganizationsStale || bOrganizations;
+    m_bDevicesStale = m_bDevicesStale || bDevices;
+    if (m_bConnected && (m_bOrganizationsStale || m_bDevicesStale) && !m_queryTimer.isActive())
+        m_queryTimer.start();
+}
+
+void CDeviceManagerCtrl::OnQueryTimer()
+{
+    if (std::exchange(m_bOrganizationsStale, false))
+        QueryOrganizations();
+    if (std::exchange(m_bDevicesStale, false)) {
+        Q_EMIT SignalGetDeviceType();
+        QueryCurrentPage();
+    }
+}
+
+void CDeviceManagerCtrl::QueryOrganizations()
+{
+    const int nSequence = m_pGroupManager ? m_pGroupManager->QueryOrganizations() : 0;
+    const bool bSent = m_requests.Supersede(nSequence, KindOrganizations, [this](const GroupParam& param) {
+        if (param.nErrorCode != UICommonMdl::ErrorNone) {
+            ShowFailure(Text::tr("Failed to get organization list"), param.nErrorCode);
+            return;
+        }
+        m_pUi->wgtOrgTree->SetOrganizations(param.vecOrganizations);
+        m_pUi->wgtOrgTree->SelectCode(std::exchange(m_sSelectAfterQuery, QString()));
+    });
+    if (!bSent)
+        ShowFailure(Text::tr("Failed to get organization list"), UICommonMdl::ErrorNone);
+}
+
+void CDeviceManagerCtrl::OnGetDevType()
+{
+    const int nSequence = m_pGroupManager ? m_pGroupManager->QueryDeviceTypes() : 0;
+    m_requests.Supersede(nSequence, KindDeviceTypes, [this](const GroupParam& param) {
+        if (param.nErrorCode == UICommonMdl::ErrorNone)
+            ShowCategories(param.vecDeviceTypes);
+    });
+}
+
+GroupLogical::DevicePageRequest_t CDeviceManagerCtrl::MakeRequest() const
+{
+    DeviceQuery query;
+    query.nPage = m_pUi->wgtTableFlip->GetCurrentPage();
+    query.nPageSize = m_pUi->wgtTableFlip->GetPageSize();
+    query.sOrgCode = m_pUi->wgtOrgTree->GetCurrentCode();
+    query.nSortColumn = m_nSortColumn;
+    query.sortOrder = m_sortOrder;
+    query.nOnlineState = m_nOnlineState;
+    query.nCategory = m_nCategory;
+    query.sSearchText = m_sSearchText;
+    return BuildPageRequest(query);
+}
+
+void CDeviceManagerCtrl::QueryCurrentPage()
+{
+    const int nSequence = m_pGroupManager ? m_pGroupManager->QueryDevicePage(MakeRequest()) : 0;
+    if (!m_requests.Supersede(
+            nSequence, KindDevicePage, [this](const GroupParam& param) { OnDevicePage(param); })) {
+        ShowFailure(Text::tr("Failed to get device list"), UICommonMdl::ErrorNone);
+        if (m_pModel->rowCount() == 0)
+            ShowTableState(UICommonMdl::ErrorInternal);
+        return;
+    }
+    if (m_pModel->rowCount() == 0) {
+        m_pUi->wgtTableState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading devices"));
+        m_pUi->stackTable->setCurrentWidget(m_pUi->pageState);
+    }
+}
+
+void CDeviceManagerCtrl::OnDevicePage(const GroupParam& param)
+{
+    if (param.nErrorCode == UICommonMdl::ErrorNone) {
+        ShowDevicePage(param);
+        return;
+    }
+    ShowFailure(Text::tr("Failed to get device list"), param.nErrorCode);
+    // While the connection is lost the rows of before stay, with their checks.
+    if (param.nErrorCode == UICommonMdl::ErrorDisconnected && m_pModel->rowCount() > 0)
+        return;
+    m_pModel->SetDevices({});
+    ShowTableState(param.nErrorCode);
+    UpdateSelectionButtons();
+    UpdateStatus();
+}
+
+void CDeviceManagerCtrl::ShowDevicePage(const GroupParam& param)
+{
+    QTreeView* pTable = m_pUi->treeDevice;
+    const QString sCurrent = m_pModel->GetId(pTable->currentIndex().row());
+    QStringList listSelected;
+    for (const QModelIndex& index : pTable->selectionModel()->selectedRows())
+        listSelected.append(m_pModel->GetId(index.row()));
+    const int nScroll = pTable->verticalScrollBar()->value();
+
+    m_pModel->SetDevices(param.devicePage.vecDevices);
+    QItemSelection selection;
+    for (const QString& sId : qAsConst(listSelected)) {
+        const QModelIndex index = m_pModel->index(m_pModel->FindRow(sId), 0);
+        selection.select(index, index);
+    }
+    const int nCurrent = m_pModel->FindRow(sCurrent);
+    if (nCurrent >= 0) {
+        pTable->selectionModel()->setCurrentIndex(
+            m_pModel->index(nCurrent, ColumnName), QItemSelectionModel::NoUpdate);
+        pTable->verticalScrollBar()->setValue(nScroll);
+    }
+    if (!selection.isEmpty())
+        pTable->selectionModel()->select(selection, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+
+    m_pUi->wgtTableFlip->SetTotalCount(param.devicePage.nTotal);
+    m_pUi->wgtTableFlip->SetCurrentPage(param.devicePage.nPage);
+    ShowTableState(UICommonMdl::ErrorNone);
+    UpdateSelectionButtons();
+    UpdateStatus();
+}
+
+void CDeviceManagerCtrl::ShowTableState(int nErrorCode)
+{
+    using Kind = VxGUI::VxEmptyState::Kind;
+    VxGUI::VxEmptyState* pState = m_pUi->wgtTableState;
+    const QString sRefresh = Text::tr("Refresh");
+    if (nErrorCode == UICommonMdl::ErrorNoRight) {
+        pState->SetState(Kind::NoPermission, Text::tr("You have no permission to see devices."));
+    } else if (nErrorCode != UICommonMdl::ErrorNone) {
+        pState->SetState(Kind::Failed, Text::tr("Failed to get device list"),
+            UICommonMdl::CErrorCode::GetErroCodeInfor(nErrorCode), sRefresh);
+    } else if (m_pModel->rowCount() > 0) {
+        m_pUi->stackTable->setCurrentWidget(m_pUi->pageTable);
+        return;
+    } else if (m_nCategory != 0 || m_nOnlineState != GroupLogical::StateAll || !m_sSearchText.isEmpty()) {
+        pState->SetState(Kind::Empty, Text::tr("No device matches the filters."));
+    } else {
+        pState->SetState(Kind::Empty, Text::tr("There is no device in this organization."));
+    }
+    m_pUi->stackTable->setCurrentWidget(m_pUi->pageState);
+}
+
+void CDeviceManagerCtrl::ShowFailure(const QString& sPrefix, int nErrorCode)
+{
+    VxGUI::VxNotification::Show(this, Common::FailureText(sPrefix, nErrorCode));
+}
+
+} // namespace ResourceManagerUI

@@ -1,0 +1,53 @@
+#include "CDeviceTableHeader.h"
+
+#include "CDeviceModel.h"
+#include "DeviceCategory.h"
+
+#include <Trv/QSkin.h>
+
+#include <QCoreApplication>
+
+namespace ResourceManagerUI {
+
+namespace {
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(CDeviceManagerCtrl)
+};
+} // namespace
+
+CDeviceTableHeader::CDeviceTableHeader(QWidget* pParent)
+    : CFilterHeaderView(pParent)
+{
+    SetCheckSection(ColumnCheck);
+    SetFilterIcon(Trv::GetIcon(QStringLiteral("filter")));
+    QVector<int> vecOptional;
+    for (int nColumn = ColumnId; nColumn < ColumnOperation; ++nColumn)
+        vecOptional.append(nColumn);
+    SetOptionalSections(vecOptional);
+    SetCategories({});
+    SetFilter(ColumnOnline,
+        {{GroupLogical::StateAll, Text::tr("All")},
+            {GroupLogical::StateOnline, CDeviceModel::GetOnlineText(GroupLogical::StateOnline)},
+            {GroupLogical::StateOffline, CDeviceModel::GetOnlineText(GroupLogical::StateOffline)}});
+    SetFilterValue(ColumnOnline, GroupLogical::StateAll);
+    connect(this, &CFilterHeaderView::SignalFilterChosen, this, [this](int nSection, int nValue) {
+        if (nSection == ColumnType)
+            Q_EMIT SignalFilterTypeChanged(nValue);
+        else
+            Q_EMIT sgnBtnClicked(nValue);
+    });
+}
+
+void CDeviceTableHeader::SetCategories(const std::vector<int>& vecCategories)
+{
+    QVector<Common::FilterOption> vecOptions{{CategoryAll, GetCategoryFilterText(CategoryAll)}};
+    for (const int nCategory : vecCategories) {
+        const QString sText = GetCategoryFilterText(nCategory);
+        if (!sText.isEmpty())
+            vecOptions.append({nCategory, sText});
+    }
+    SetFilter(ColumnType, vecOptions);
+}
+
+} // namespace ResourceManagerUI

@@ -1,0 +1,201 @@
+#include "COrganizationTreeCtrl.h"
+
+#include "ui_COrganizationTreeCtrl.h"
+
+#include <Trv/QSkin.h>
+#include <VxGUI/VxNotification.h>
+#include <common/Prompt.h>
+
+#include <QMenu>
+#include <QShortcut>
+#include <QSignalBlocker>
+
+namespace ResourceManagerUI {
+
+namespace {
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(COrganizationTreeCtrl)
+};
+} // namespace
+
+COrganizationTreeCtrl::COrganizationTreeCtrl(QWidget* pParent)
+    : QWidget(pParent)
+    , m_pUi(std::make_unique<Ui::COrganizationTreeCtrl>())
+    , m_pModel(new Common::COrganizationModel(this))
+{
+    m_pUi->setupUi(this);
+    m_pUi->btnAddOrg->setIcon(Trv::GetIcon(QStringLiteral("add")));
+    m_pUi->btnEditOrg->setIcon(Trv::GetIcon(QStringLiteral("edit")));
+    m_pUi->btnDeleteOrg->setIcon(Trv::GetIcon(QStringLiteral("delete")));
+    m_pUi->treeOrg->setModel(m_pModel);
+
+    connect(m_pUi->treeOrg->selectionModel(), &QItemSelectionModel::currentChanged, this,
+        [this](const QModelIndex& index) {
+            UpdateButtons();
+            if (index.isValid())
+                Q_EMIT SignalSelectionChanged(index);
+        });
+    connect(
+        m_pUi->treeOrg, &QWidget::customContextMenuRequested, this, &COrganizationTreeCtrl::OnContextMenu);
+    connect(m_pUi->editFilter, &QLineEdit::textChanged, this, &COrganizationTreeCtrl::OnFilterChanged);
+    connect(m_pUi->btnAddOrg, &QAbstractButton::clicked, this, &COrganizationTreeCtrl::OnAddClicked);
+    connect(m_pUi->btnEditOrg, &QAbstractButton::clicked, this, &COrganizationTreeCtrl::OnEditClicked);
+    connect(m_pUi->btnDeleteOrg, &QAbstractButton::clicked, this, &COrganizationTreeCtrl::OnDeleteClicked);
+    connect(
+        m_pModel, &Common::COrganizationModel::SignalMoveOrg, this, &COrganizationTreeCtrl::SignalMoveOrg);
+    connect(m_pModel, &Common::COrganizationModel::SignalModifyDeviceOrg, this,
+        &COrganizationTreeCtrl::SignalModifyDeviceOrg);
+
+    const auto addShortcut = [this](const QKeySequence& keys, void (COrganizationTreeCtrl::*slot)()) {
+        auto* pShortcut = new QShortcut(keys, m_pUi->treeOrg, nullptr, nullptr, Qt::WidgetShortcut);
+        connect(pShortcut, &QShortcut::activated, this, slot);
+    };
+    addShortcut(Qt::Key_Insert, &COrganizationTreeCtrl::OnAddClicked);
+    addShortcut(Qt::Key_F2, &COrganizationTreeCtrl::OnEditClicked);
+    addShortcut(Qt::Key_Delete, &COrganizationTreeCtrl::OnDeleteClicked);
+    UpdateButtons();
+}
+
+COrganizationTreeCtrl::~COrganizationTreeCtrl() = default;
+
+void COrganizationTreeCtrl::SetOrganizations(
+    const std::vector<GroupLogical::Organization_t>& vecOrganizations)
+{
+    if (m_pModel->GetOrganizations() == vecOrganizations)
+        return;
+    const bool bFirst = m_pModel->rowCount() == 0;
+    const QString sSelected = GetCurrentCode();
+    const QSet<QString> setExpanded = GetExpandedCodes();
+    {
+        const QSignalBlocker blocker(m_pUi->treeOrg->selectionModel());
+        m_pModel->SetOrganizations(vecOrganizations);
+    }
+    for (const GroupLogical::Organization_t& organization : vecOrganizations) {
+        const QModelIndex index = m_pModel->FindCode(QString::fromStdString(organization.sCode));
+        if (setExpanded.contains(QString::fromStdString(organization.sCode))
+            || (bFirst && !index.parent().isValid()))
+            m_pUi->treeOrg->setExpanded(index, true);
+    }
+    OnFilterChanged(m_pUi->editFilter->text());
+
+    const QModelIndex kept = m_pModel->FindCode(sSelected);
+    if (kept.isValid()) {
+        const QSignalBlocker blocker(m_pUi->treeOrg->selectionModel());
+        m_pUi->treeOrg->setCurrentIndex(kept);
+    } else {
+        m_pUi->treeOrg->setCurrentIndex(m_pModel->index(0, 0));
+    }
+    m_pUi->treeOrg->viewport()->update();
+    UpdateButtons();
+}
+
+QString COrganizationTreeCtrl::GetCurrentCode() const
+{
+    return Common::COrganizationModel::GetCode(m_pUi->treeOrg->currentIndex());
+}
+
+void COrganizationTreeCtrl::SelectCode(const QString& sCode)
+{
+    const QModelIndex index = m_pModel->FindCode(sCode);
+    if (index.isValid())
+        m_pUi->treeOrg->setCurrentIndex(index);
+}
+
+QSet<QString> COrganizationTreeCtrl::GetExpandedCodes() const
+{
+    QSet<QString> setCodes;
+    for (const GroupLogical::Organization_t& organization : m_pModel->GetOrganizations()) {
+        const QString sCode = QString::fromStdString(organization.sCode);
+        if (m_pUi->treeOrg->isExpanded(m_pModel->FindCode(sCode)))
+            setCodes.insert(sCode);
+    }
+    return setCodes;
+}
+
+void COrganizationTreeCtrl::OnAddClicked()
+{
+    const QModelIndex current = m_pUi->treeOrg->currentIndex();
+    if (!current.isValid()) {
+        VxGUI::VxNotification::Show(this, Text::tr("No node selected."), VxGUI::NotificationKind::Warning);
+        return;
+    }
+    if (Common::COrganizationModel::GetLevel(current) >= m_nLevelLimit) {
+        VxGUI::VxNotification::Show(this, Text::tr("Can not add, group level limits %1").arg(m_nLevelLimit),
+            VxGUI::NotificationKind::Warning);
+        return;
+    }
+    Q_EMIT SignalAddOrg(GetCurrentCode());
+}
+
+void COrganizationTreeCtrl::OnEditClicked()
+{
+    const GroupLogical::Organization_t* pOrganization = m_pModel->FindOrganization(GetCurrentCode());
+    if (!pOrganization) {
+        VxGUI::VxNotification::Show(this, Text::tr("No node selected."), VxGUI::NotificationKind::Warning);
+        return;
+    }
+    Q_EMIT SignalModifyOrg(QString::fromStdString(pOrganization->sCode),
+        QString::fromStdString(pOrganization->sName), QString::fromStdString(pOrganization->sRemark));
+}
+
+void COrganizationTreeCtrl::OnDeleteClicked()
+{
+    const QString sCode = GetCurrentCode();
+    if (sCode.isEmpty()) {
+        VxGUI::VxNotification::Show(this, Text::tr("No node selected."), VxGUI::NotificationKind::Warning);
+        return;
+    }
+    if (sCode == QLatin1String(GroupLogical::RootOrganizationCode)) {
+        VxGUI::VxNotification::Show(
+            this, Text::tr("You cannot delete root node."), VxGUI::NotificationKind::Warning);
+        return;
+    }
+    if (Common::AskPrompt(this, Text::tr("Are you sure to delete organization?")))
+        Q_EMIT SignalDeleteOrg(sCode);
+}
+
+void COrganizationTreeCtrl::OnFilterChanged(const QString& sText)
+{
+    for (int nRow = 0; nRow < m_pModel->rowCount(); ++nRow)
+        ShowMatches(m_pModel->index(nRow, 0), sText.trimmed());
+}
+
+/// Hides what neither matches nor holds a match; true when the branch stays visible.
+bool COrganizationTreeCtrl::ShowMatches(const QModelIndex& index, const QString& sText)
+{
+    bool bBelow = false;
+    for (int nRow = 0; nRow < m_pModel->rowCount(index); ++nRow)
+        bBelow = ShowMatches(m_pModel->index(nRow, 0, index), sText) || bBelow;
+    const bool bVisible =
+        sText.isEmpty() || bBelow || index.data().toString().contains(sText, Qt::CaseInsensitive);
+    m_pUi->treeOrg->setRowHidden(index.row(), index.parent(), !bVisible);
+    if (bBelow && !sText.isEmpty())
+        m_pUi->treeOrg->expand(index);
+    return bVisible;
+}
+
+void COrganizationTreeCtrl::OnContextMenu(const QPoint& pos)
+{
+    auto* pMenu = new QMenu(this);
+    pMenu->setObjectName(QStringLiteral("menuOrg"));
+    pMenu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto addAction = [&](const QToolButton* pButton, void (COrganizationTreeCtrl::*slot)()) {
+        QAction* pAction = pMenu->addAction(pButton->icon(), pButton->toolTip());
+        pAction->setEnabled(pButton->isEnabled());
+        connect(pAction, &QAction::triggered, this, slot);
+    };
+    addAction(m_pUi->btnAddOrg, &COrganizationTreeCtrl::OnAddClicked);
+    addAction(m_pUi->btnEditOrg, &COrganizationTreeCtrl::OnEditClicked);
+    addAction(m_pUi->btnDeleteOrg, &COrganizationTreeCtrl::OnDeleteClicked);
+    pMenu->popup(m_pUi->treeOrg->viewport()->mapToGlobal(pos));
+}
+
+void COrganizationTreeCtrl::UpdateButtons()
+{
+    const bool bTree = m_pModel->rowCount() > 0;
+    for (QToolButton* pButton : {m_pUi->btnAddOrg, m_pUi->btnEditOrg, m_pUi->btnDeleteOrg})
+        pButton->setEnabled(bTree);
+}
+
+} // namespace ResourceManagerUI

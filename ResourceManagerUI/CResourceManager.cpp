@@ -1,0 +1,103 @@
+#include "CResourceManager.h"
+
+#include "CDeviceManagerCtrl.h"
+#include "CResourceConfigManager.h"
+#include "ui_CResourceManager.h"
+
+#include <Trv/QSkin.h>
+#include <UICommonMdl/CInterfaceSetManager.h>
+#include <UserLogical/IUserManager.h>
+#include <common/StyleSheet.h>
+
+namespace ResourceManagerUI {
+
+namespace {
+constexpr const char* RightDeviceManager = "001001001";
+constexpr const char* RightDeviceConfig = "001001002";
+constexpr int MsgRightsChanged = 7;
+} // namespace
+
+CResourceManager::CResourceManager(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
+    : QWidget(pParent)
+    , m_pInterfaceSet(pInterfaceSet)
+    , m_pUi(std::make_unique<Ui::CResourceManager>())
+    , m_pDeviceManager(new CDeviceManagerCtrl(pInterfaceSet))
+{
+    m_pUi->setupUi(this);
+    setObjectName(QStringLiteral("CResourceManager"));
+    // The stack's frame carries the page's name; the page itself keeps its class name for its style sheet.
+    auto* pDevicePage = new QWidget;
+    pDevicePage->setObjectName(QStringLiteral("pageDeviceManager"));
+    auto* pLayout = new QVBoxLayout(pDevicePage);
+    pLayout->setContentsMargins(0, 0, 0, 0);
+    pLayout->addWidget(m_pDeviceManager);
+    auto* pConfigPage = new CResourceConfigManager;
+    pConfigPage->setObjectName(QStringLiteral("pageDeviceConfig"));
+    m_pUi->stackPages->addWidget(pDevicePage);
+    m_pUi->stackPages->addWidget(pConfigPage);
+    SetUpEntry(m_pUi->btnDeviceManager, QStringLiteral("ResourceManagerUI/DeviceManager"),
+        QStringLiteral("DeviceManager"), pDevicePage);
+    SetUpEntry(m_pUi->btnDeviceConfig, QStringLiteral("ResourceManagerUI/ResourceConfig"),
+        QStringLiteral("DeviceConfig"), pConfigPage);
+    ApplyRights();
+    Common::LoadStyleSheet(this, QStringLiteral("ResourceManagerUI"));
+}
+
+CResourceManager::~CResourceManager() = default;
+
+void CResourceManager::SetUpEntry(
+    QToolButton* pButton, const QString& sFolder, const QString& sIcon, QWidget* pPage)
+{
+    const auto path = [&](const char* pszState) {
+        return Trv::GetSkinPath(sIcon + QLatin1String(pszState), sFolder);
+    };
+    QIcon icon(path("-n.svg"));
+    icon.addFile(path("-h.svg"), QSize(), QIcon::Active);
+    icon.addFile(path("-p.svg"), QSize(), QIcon::Normal, QIcon::On);
+    pButton->setIcon(icon);
+    pButton->setIconSize({24, 24});
+    connect(pButton, &QToolButton::toggled, pPage, [this, pPage](bool bChecked) {
+        if (bChecked)
+            m_pUi->stackPages->setCurrentWidget(pPage);
+    });
+}
+
+bool CResourceManager::HasRight(const char* pszRight) const
+{
+    UserLogical::IUserManager* pManager = m_pInterfaceSet->GetUserManager();
+    UserLogical::IUserRight* pRight = pManager ? pManager->GetUserRight() : nullptr;
+    return pRight && pRight->HasRight(pszRight);
+}
+
+void CResourceManager::ApplyRights()
+{
+    const bool bManager = HasRight(RightDeviceManager);
+    const bool bConfig = HasRight(RightDeviceConfig);
+    m_pUi->btnDeviceManager->setVisible(bManager);
+    m_pUi->btnDeviceConfig->setVisible(bConfig);
+    m_pUi->stackPages->setVisible(bManager || bConfig);
+    const bool bConfigChosen = m_pUi->btnDeviceConfig->isChecked();
+    QToolButton* pChosen =
+        (bConfigChosen && bConfig) || !bManager ? m_pUi->btnDeviceConfig : m_pUi->btnDeviceManager;
+    pChosen->setChecked(true);
+}
+
+bool CResourceManager::OnMsg(int nMsg, QVariant*, void*)
+{
+    if (nMsg == MsgRightsChanged)
+        ApplyRights();
+    return false;
+}
+
+void CResourceManager::UninitUI()
+{
+    m_pDeviceManager->Uninit();
+}
+
+void CResourceManager::showEvent(QShowEvent* pEvent)
+{
+    QWidget::showEvent(pEvent);
+    Common::LoadStyleSheet(this, QStringLiteral("ResourceManagerUI"));
+}
+
+} // namespace ResourceManagerUI

@@ -1,0 +1,17 @@
+#pragma once
+
+namespace ResourceManagerUI {
+
+/// What the device page's requests are for.
+enum DeviceRequestKind : int
+{
+    KindOrganizations = 1,
+    KindDeviceTypes,
+    KindDevicePage,
+    KindDeleteOrganization,
+    KindMoveOrganization,
+    KindMoveDevices,
+    KindExport
+};
+
+} // namespace ResourceManagerUI
