@@ -5,6 +5,8 @@
 
 #include <QNetworkReply>
 
+#include <utility>
+
 namespace PlatformLogic {
 
 namespace {
@@ -84,32 +86,41 @@ void CNetworkWorker::Post(
     request.setHeader(QNetworkRequest::ContentTypeHeader, QByteArrayLiteral("application/json"));
     request.setTransferTimeout(nTimeOutMs);
     QNetworkReply* pReply = m_network.post(request, body);
-    connect(pReply, &QNetworkReply::finished, this, [pReply, handler] {
-        RawAnswer answer;
-        if (pReply->isOpen())
-            answer.body = pReply->readAll();
-        // Error statuses of the server carry a readable body all the same; without one the connection failed.
-        const bool bAnswered = pReply->attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid();
-        const bool bCut =
-            pReply->error() != QNetworkReply::NoError && pReply->error() < QNetworkReply::ContentAccessDenied;
-        if (pReply->property("cancelled").toBool())
-            answer.nErrorCode = UICommonMdl::ErrorCancelled;
-        else if (!bAnswered || bCut)
-            answer.nErrorCode = ConnectionError(pReply->error());
-        pReply->deleteLater();
-        handler(answer);
-    });
+    m_hashOpen.insert(pReply, handler);
+    connect(pReply, &QNetworkReply::finished, this, [this, pReply] { OnAnswered(pReply); });
+}
+
+void CNetworkWorker::OnAnswered(QNetworkReply* pReply)
+{
+    RawAnswer answer;
+    answer.body = pReply->readAll();
+    // Error statuses of the server carry a readable body all the same; without one the connection failed.
+    const bool bAnswered = pReply->attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid();
+    const bool bCut =
+        pReply->error() != QNetworkReply::NoError && pReply->error() < QNetworkReply::ContentAccessDenied;
+    if (!bAnswered || bCut)
+        answer.nErrorCode = ConnectionError(pReply->error());
+    const AnswerHandler handler = m_hashOpen.take(pReply);
+    pReply->deleteLater();
+    handler(answer);
 }
 
 void CNetworkWorker::CancelAll()
 {
-    const auto replies = m_network.findChildren<QNetworkReply*>();
-    for (QNetworkReply* pReply : replies) {
-        if (pReply == m_pStream || pReply->isFinished())
-            continue;
-        pReply->setProperty("cancelled", true);
-        pReply->abort();
+    const auto hashOpen = std::exchange(m_hashOpen, {});
+    for (auto it = hashOpen.begin(); it != hashOpen.end(); ++it) {
+        Drop(it.key());
+        it.value()({UICommonMdl::ErrorCancelled, {}});
     }
+}
+
+void CNetworkWorker::Drop(QNetworkReply* pReply)
+{
+    pReply->disconnect(this);
+    // One that has failed already is about to finish by itself and takes no second error.
+    if (pReply->error() == QNetworkReply::NoError)
+        pReply->abort();
+    pReply->deleteLater();
 }
 
 void CNetworkWorker::OpenStream()
@@ -144,10 +155,7 @@ void CNetworkWorker::DropStream()
     m_silence.stop();
     if (!m_pStream)
         return;
-    m_pStream->disconnect(this);
-    m_pStream->abort();
-    m_pStream->deleteLater();
-    m_pStream = nullptr;
+    Drop(std::exchange(m_pStream, nullptr));
 }
 
 void CNetworkWorker::OnStreamReadable()

@@ -2,6 +2,7 @@
 
 #include "EventStreamParser.h"
 
+#include <QHash>
 #include <QNetworkAccessManager>
 #include <QObject>
 #include <QSslConfiguration>
@@ -59,6 +60,8 @@ Q_SIGNALS:
 
 private:
     QNetworkRequest MakeRequest(const QString& sPath) const;
+    void OnAnswered(QNetworkReply* pReply);
+    void Drop(QNetworkReply* pReply);
     void OnStreamReadable();
     void OnStreamFinished();
     void OnStreamSilent();
@@ -69,6 +72,7 @@ private:
     QUrl m_server;
     QSslConfiguration m_tls;
     QByteArray m_token;
+    QHash<QNetworkReply*, AnswerHandler> m_hashOpen;
     QNetworkReply* m_pStream = nullptr;
     std::unique_ptr<EventStreamParser> m_pParser;
     StreamState m_streamState = StreamState::Closed;

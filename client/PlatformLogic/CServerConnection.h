@@ -48,7 +48,8 @@ public:
     CServerConnection();
     ~CServerConnection() override;
 
-    /// Answers what is open with ErrorCancelled and ends the network thread: no handler is called after it returned.
+    /// Answers what is open with ErrorCancelled and ends the network thread: no handler is called after it
+    /// returned.
     void Stop();
 
     void SetServer(const QUrl& url, const QSslConfiguration& tls);
