@@ -93,7 +93,8 @@ void CNetworkWorker::Post(
 void CNetworkWorker::OnAnswered(QNetworkReply* pReply)
 {
     RawAnswer answer;
-    answer.body = pReply->readAll();
+    if (pReply->isOpen())
+        answer.body = pReply->readAll();
     // Error statuses of the server carry a readable body all the same; without one the connection failed.
     const bool bAnswered = pReply->attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid();
     const bool bCut =
@@ -116,10 +117,9 @@ void CNetworkWorker::CancelAll()
 
 void CNetworkWorker::Drop(QNetworkReply* pReply)
 {
+    // Its destruction closes the connection; aborting it first would make an error cross with one that is
+    // under way.
     pReply->disconnect(this);
-    // One that has failed already is about to finish by itself and takes no second error.
-    if (pReply->error() == QNetworkReply::NoError)
-        pReply->abort();
     pReply->deleteLater();
 }
 
