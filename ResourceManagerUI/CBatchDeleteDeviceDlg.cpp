@@ -8,6 +8,7 @@
 #include <common/CRowButtonDelegate.h>
 #include <common/CTableModel.h>
 #include <common/Prompt.h>
+#include <common/StyleSheet.h>
 
 #include <QShortcut>
 
@@ -84,6 +85,7 @@ CBatchDeleteDeviceDlg::CBatchDeleteDeviceDlg(GroupLogical::IGroupManager* pManag
         &m_adapter, &Common::CGroupManagerAdapter::SignalState, this,
         [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
     ShowProgress();
+    Common::LoadStyleSheet(this, QStringLiteral("ResourceManagerUI/DeviceManager"));
 }
 
 CBatchDeleteDeviceDlg::~CBatchDeleteDeviceDlg() = default;

@@ -1,6 +1,7 @@
 #include "CDevMove.h"
 
 #include <common/COrganizationModel.h>
+#include <common/StyleSheet.h>
 
 #include <QCoreApplication>
 #include <QDialogButtonBox>
@@ -42,6 +43,7 @@ CDevMove::CDevMove(const std::vector<GroupLogical::Organization_t>& vecOrganizat
     pLayout->addWidget(m_pTree);
     pLayout->addWidget(pButtons);
     resize(360, 420);
+    Common::LoadStyleSheet(this, QStringLiteral("ResourceManagerUI/DeviceManager"));
 }
 
 void CDevMove::accept()

@@ -71,7 +71,7 @@ void CDeviceManagerCtrl::OnDisconnectCms()
     m_bConnected = false;
     m_queryTimer.stop();
     m_pUi->lbConnection->show();
-    QWidget* const controls[] = {m_pUi->wgtOrgTree, m_pUi->wgtToolBar, m_pUi->wgtCategory, m_pUi->treeDevice,
+    QWidget* const controls[] = {m_pUi->wgtOrgTree, m_pUi->wgtToolBar, m_pUi->wgtFilter, m_pUi->treeDevice,
         m_pUi->editSearch, m_pUi->wgtTableState, m_pUi->wgtTableFlip, m_pUi->pageEdit};
     for (QWidget* pControl : controls)
         pControl->setEnabled(false);
@@ -85,7 +85,7 @@ void CDeviceManagerCtrl::OnReconnectCms()
 {
     m_bConnected = true;
     m_pUi->lbConnection->hide();
-    QWidget* const controls[] = {m_pUi->wgtOrgTree, m_pUi->wgtToolBar, m_pUi->wgtCategory, m_pUi->treeDevice,
+    QWidget* const controls[] = {m_pUi->wgtOrgTree, m_pUi->wgtToolBar, m_pUi->wgtFilter, m_pUi->treeDevice,
         m_pUi->editSearch, m_pUi->wgtTableState, m_pUi->wgtTableFlip, m_pUi->pageEdit};
     for (QWidget* pControl : controls)
         pControl->setEnabled(true);

@@ -138,6 +138,8 @@ void CDeviceManagerCtrl::SetUpTree()
 {
     if (m_pGroupManager)
         m_pUi->wgtOrgTree->SetLevelLimit(m_pGroupManager->GetOrganizationLevelLimit());
+    // Its style sheet goes by the class name.
+    m_pUi->wgtOrgTree->setObjectName(QStringLiteral("COrganizationTreeCtrl"));
     m_pUi->pageOrg->SetGroupManager(m_pGroupManager);
     m_pUi->pageEdit->SetGroupManager(m_pGroupManager);
     const COrganizationTreeCtrl* pTree = m_pUi->wgtOrgTree;

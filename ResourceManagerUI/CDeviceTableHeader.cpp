@@ -20,7 +20,7 @@ CDeviceTableHeader::CDeviceTableHeader(QWidget* pParent)
     : CFilterHeaderView(pParent)
 {
     SetCheckSection(ColumnCheck);
-    SetFilterIcon(Trv::GetIcon(QStringLiteral("filter")));
+    SetFilterIcons(Trv::GetIcon(QStringLiteral("filter")), Trv::GetIcon(QStringLiteral("filter-active")));
     QVector<int> vecOptional;
     for (int nColumn = ColumnId; nColumn < ColumnOperation; ++nColumn)
         vecOptional.append(nColumn);

@@ -5,6 +5,7 @@
 #include <Trv/QSkin.h>
 #include <VxGUI/VxNotification.h>
 #include <common/Prompt.h>
+#include <common/StyleSheet.h>
 
 #include <QMenu>
 #include <QShortcut>
@@ -55,6 +56,7 @@ COrganizationTreeCtrl::COrganizationTreeCtrl(QWidget* pParent)
     addShortcut(Qt::Key_F2, &COrganizationTreeCtrl::OnEditClicked);
     addShortcut(Qt::Key_Delete, &COrganizationTreeCtrl::OnDeleteClicked);
     UpdateButtons();
+    Common::LoadStyleSheet(this, QStringLiteral("ResourceManagerUI/DeviceManager"));
 }
 
 COrganizationTreeCtrl::~COrganizationTreeCtrl() = default;

@@ -40,7 +40,7 @@ CResourceManager::CResourceManager(UICommonMdl::CInterfaceSetManager* pInterface
     SetUpEntry(m_pUi->btnDeviceConfig, QStringLiteral("ResourceManagerUI/ResourceConfig"),
         QStringLiteral("DeviceConfig"), pConfigPage);
     ApplyRights();
-    Common::LoadStyleSheet(this, QStringLiteral("ResourceManagerUI"));
+    Common::LoadStyleSheet(this, QStringLiteral("ResourceManagerUI/DeviceManager"));
 }
 
 CResourceManager::~CResourceManager() = default;
@@ -97,7 +97,7 @@ void CResourceManager::UninitUI()
 void CResourceManager::showEvent(QShowEvent* pEvent)
 {
     QWidget::showEvent(pEvent);
-    Common::LoadStyleSheet(this, QStringLiteral("ResourceManagerUI"));
+    Common::LoadStyleSheet(this, QStringLiteral("ResourceManagerUI/DeviceManager"));
 }
 
 } // namespace ResourceManagerUI

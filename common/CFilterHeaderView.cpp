@@ -35,9 +35,10 @@ void CFilterHeaderView::SetCheckState(Qt::CheckState state)
     viewport()->update();
 }
 
-void CFilterHeaderView::SetFilterIcon(const QIcon& icon)
+void CFilterHeaderView::SetFilterIcons(const QIcon& icon, const QIcon& activeIcon)
 {
     m_filterIcon = icon;
+    m_activeFilterIcon = activeIcon;
 }
 
 void CFilterHeaderView::SetFilter(int nSection, const QVector<FilterOption>& vecOptions)
@@ -89,8 +90,7 @@ void CFilterHeaderView::paintSection(QPainter* pPainter, const QRect& rect, int 
     }
     const auto it = m_mapFilters.constFind(nSection);
     if (it != m_mapFilters.constEnd())
-        m_filterIcon.paint(
-            pPainter, GetFilterRect(nSection), Qt::AlignCenter, it->bSet ? QIcon::Selected : QIcon::Normal);
+        (it->bSet ? m_activeFilterIcon : m_filterIcon).paint(pPainter, GetFilterRect(nSection));
 }
 
 QSize CFilterHeaderView::sectionSizeFromContents(int nSection) const

@@ -26,8 +26,8 @@ public:
     /// The section with the check-all box; below 0: none.
     void SetCheckSection(int nSection);
     void SetCheckState(Qt::CheckState state);
-    /// The funnel of the sections with a filter.
-    void SetFilterIcon(const QIcon& icon);
+    /// The funnel of the sections with a filter, and how it looks while the filter hides rows.
+    void SetFilterIcons(const QIcon& icon, const QIcon& activeIcon);
     void SetFilter(int nSection, const QVector<FilterOption>& vecOptions);
     /// Marks the option in use; emits nothing.
     void SetFilterValue(int nSection, int nValue);
@@ -63,6 +63,7 @@ private:
     int m_nCheckSection = -1;
     Qt::CheckState m_checkState = Qt::Unchecked;
     QIcon m_filterIcon;
+    QIcon m_activeFilterIcon;
     QHash<int, Filter> m_mapFilters;
     QVector<int> m_vecOptional;
     int m_nPressed = -1; ///< section whose box or funnel holds the mouse button

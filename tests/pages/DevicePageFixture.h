@@ -1,0 +1,77 @@
+#pragma once
+
+#include <ResourceManagerUI/CDeviceManagerCtrl.h>
+#include <ResourceManagerUI/CDeviceModel.h>
+#include <VxGUI/VxNotification.h>
+#include <tests/support/fakes/FakeHost.h>
+#include <tests/support/gui/PageDriver.h>
+#include <tests/support/gui/RecordingDialogService.h>
+
+#include <QApplication>
+#include <QTreeView>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+/// The device page over fakes that serve a small site.
+class DevicePageFixture : public testing::Test
+{
+protected:
+    using Request = GroupLogical::DevicePageRequest_t;
+    using GroupParam = FakeGroupManager::Param;
+
+    void SetUp() override { m_host.group.ServeSite(); }
+    void TearDown() override { Close(); }
+
+    void Open()
+    {
+        m_pPage = std::make_unique<ResourceManagerUI::CDeviceManagerCtrl>(&m_host.interfaceSet);
+        m_pDriver = std::make_unique<PageDriver>(*m_pPage, QSize(1500, 760));
+        PageDriver::Settle();
+    }
+    void Close()
+    {
+        m_pDriver.reset();
+        m_pPage.reset();
+    }
+    QTreeView* Table() { return m_pDriver->Find<QTreeView>(QStringLiteral("treeDevice")); }
+    ResourceManagerUI::CDeviceModel* Model()
+    {
+        return static_cast<ResourceManagerUI::CDeviceModel*>(Table()->model());
+    }
+    QString Cell(int nRow, int nColumn) { return Model()->index(nRow, nColumn).data().toString(); }
+    /// Clicks the check boxes of the first nCount rows.
+    void CheckRows(int nCount)
+    {
+        for (int nRow = 0; nRow < nCount; ++nRow) {
+            const QModelIndex index = Model()->index(nRow, ResourceManagerUI::ColumnCheck);
+            Model()->setData(index, Qt::Checked, Qt::CheckStateRole);
+        }
+    }
+    Request LastRequest() { return m_host.group.LastArgument<Request>("QueryDevicePage"); }
+    QString Notice() { return VxGUI::VxNotification::CurrentText(m_pPage.get()); }
+    template <class Dialog>
+    Dialog* FindDialog()
+    {
+        return m_pPage->findChild<Dialog*>();
+    }
+    void Trigger(const QString& sMenu, const QString& sText)
+    {
+        auto* pMenu = m_pPage->findChild<QMenu*>(sMenu);
+        ASSERT_TRUE(pMenu) << qPrintable(sMenu);
+        for (QAction* pAction : pMenu->actions()) {
+            if (pAction->text() == sText) {
+                pAction->trigger();
+                pMenu->close();
+                return;
+            }
+        }
+        FAIL() << qPrintable(sText);
+    }
+
+    FakeHost m_host;
+    RecordingDialogService m_dialogs;
+    std::unique_ptr<ResourceManagerUI::CDeviceManagerCtrl> m_pPage;
+    std::unique_ptr<PageDriver> m_pDriver;
+};

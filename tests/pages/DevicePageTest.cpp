@@ -1,0 +1,250 @@
+#include "DevicePageFixture.h"
+
+#include <ResourceManagerUI/CDevMove.h>
+#include <ResourceManagerUI/CDeviceTableHeader.h>
+#include <UICommonMdl/CNumberPageCtrl.h>
+#include <UICommonMdl/ErrorCodes.h>
+
+#include <QDialogButtonBox>
+#include <QTemporaryDir>
+
+using namespace ResourceManagerUI;
+using Common::DeviceIdsMimeType;
+
+class DevicePage : public DevicePageFixture
+{
+};
+
+TEST_F(DevicePage, FirstQueryAsksForTheFirstPageByDescendingAddress)
+{
+    Open();
+    const Request request = m_host.group.Calls("QueryDevicePage").empty()
+        ? Request{}
+        : std::any_cast<Request>(m_host.group.Calls("QueryDevicePage").front().argument);
+    EXPECT_EQ(request.nPage, 1);
+    EXPECT_FALSE(request.bAscending);
+    EXPECT_EQ(request.nSortField, GroupLogical::SortByIp);
+    EXPECT_EQ(request.nOnlineState, GroupLogical::StateAll);
+    EXPECT_EQ(request.nCategory, 0);
+    EXPECT_EQ(LastRequest().sOrgCode, "001");
+    EXPECT_EQ(Model()->rowCount(), 12);
+    EXPECT_EQ(Cell(2, ColumnOnline), QStringLiteral("Offline"));
+    EXPECT_EQ(Cell(2, ColumnOfflineReason), QStringLiteral("Connection refused"));
+}
+
+TEST_F(DevicePage, FiltersCombineIntoOneQueryOfTheFirstPage)
+{
+    Open();
+    m_pDriver->Find<UICommonMdl::CNumberPageCtrl>(QStringLiteral("wgtTableFlip"))->SetCurrentPage(3);
+    m_pDriver->Click(QStringLiteral("btnLiftControllerDevice"));
+    EXPECT_EQ(LastRequest().nCategory, 50);
+    EXPECT_EQ(LastRequest().nPage, 1);
+    m_pDriver->Type(QStringLiteral("editSearch"), QStringLiteral("Gate 1"));
+    m_pDriver->Key(QStringLiteral("editSearch"), Qt::Key_Return);
+    auto* pHeader = m_pDriver->Find<CDeviceTableHeader>(QStringLiteral("headerDevice"));
+    QTest::mouseClick(pHeader->viewport(), Qt::LeftButton, {}, pHeader->GetFilterRect(ColumnOnline).center());
+    Trigger(QStringLiteral("menuFilter"), QStringLiteral("Offline"));
+    PageDriver::Settle();
+    const Request request = LastRequest();
+    EXPECT_EQ(request.nCategory, 50);
+    EXPECT_EQ(request.sSearchText, "Gate%201");
+    EXPECT_EQ(request.nOnlineState, GroupLogical::StateOffline);
+    EXPECT_FALSE(m_pDriver->IsShown(QStringLiteral("btnRaderDevice")));
+
+    QTest::mouseClick(pHeader->viewport(), Qt::LeftButton, {}, pHeader->GetFilterRect(ColumnType).center());
+    Trigger(QStringLiteral("menuFilter"), QStringLiteral("Access Control"));
+    EXPECT_EQ(LastRequest().nCategory, 8);
+    EXPECT_TRUE(m_pDriver->Find<QPushButton>(QStringLiteral("btnAccessDevice"))->isChecked());
+}
+
+TEST_F(DevicePage, HeaderClickSorts)
+{
+    Open();
+    auto* pHeader = m_pDriver->Find<CDeviceTableHeader>(QStringLiteral("headerDevice"));
+    const auto click = [&](int nColumn) {
+        QTest::mouseClick(pHeader->viewport(), Qt::LeftButton, {},
+            QPoint(pHeader->sectionViewportPosition(nColumn) + 20, pHeader->height() / 2));
+    };
+    click(ColumnIp);
+    EXPECT_TRUE(LastRequest().bAscending);
+    EXPECT_EQ(LastRequest().nSortField, GroupLogical::SortByIp);
+    click(ColumnOrganization);
+    EXPECT_EQ(LastRequest().nSortField, GroupLogical::SortByName);
+    const int nQueries = m_host.group.Count("QueryDevicePage");
+    click(ColumnCheck);
+    EXPECT_EQ(m_host.group.Count("QueryDevicePage"), nQueries) << "the check-all box does not sort";
+    EXPECT_EQ(Model()->GetCheckedIds().size(), 12);
+}
+
+TEST_F(DevicePage, AnswersThatAreNotPendingAreDropped)
+{
+    Open();
+    m_host.group.Hold("QueryDevicePage");
+    m_pDriver->Click(QStringLiteral("btnEncodeDevice"));
+    const FakeCall first = m_host.group.Last("QueryDevicePage");
+    m_pDriver->Click(QStringLiteral("btnAccessDevice"));
+    const FakeCall second = m_host.group.Last("QueryDevicePage");
+    const auto answerWith = [](const char* pszName) {
+        return [pszName](const FakeCall&, GroupParam& param) {
+            GroupLogical::DeviceInfo_t device;
+            device.sDeviceId = device.sName = pszName;
+            param.devicePage = {{device}, 1, 1};
+        };
+    };
+    m_host.group.Answer(second, answerWith("second"));
+    m_host.group.Answer(first, answerWith("late"));
+    m_host.group.Answer(second, answerWith("twice"));
+    FakeCall unknown = second;
+    unknown.nSequence = 4711;
+    m_host.group.Answer(unknown, answerWith("unknown"));
+    PageDriver::Settle();
+    ASSERT_EQ(Model()->rowCount(), 1);
+    EXPECT_EQ(Cell(0, ColumnName), QStringLiteral("second"));
+}
+
+TEST_F(DevicePage, ChecksEnableTheBoundButtonsAndSurviveAPush)
+{
+    Open();
+    EXPECT_FALSE(m_pDriver->IsUsable(QStringLiteral("btnDelete")));
+    CheckRows(2);
+    EXPECT_TRUE(m_pDriver->IsUsable(QStringLiteral("btnDelete")));
+    EXPECT_TRUE(m_pDriver->IsUsable(QStringLiteral("btnMoveTo")));
+
+    m_host.group.vecDevices.erase(m_host.group.vecDevices.begin());
+    const int nQueries = m_host.group.Count("QueryDevicePage");
+    GroupParam push;
+    push.nResultCode = FakeGroupManager::Observer::ResultDevicesChanged;
+    for (int n = 0; n < 3; ++n)
+        m_host.group.Send(push);
+    EXPECT_TRUE(PageDriver::WaitFor([&] { return Model()->rowCount() == 11; }));
+    EXPECT_EQ(m_host.group.Count("QueryDevicePage"), nQueries + 1);
+    EXPECT_EQ(Model()->GetCheckedIds(), QStringList{QStringLiteral("1002")});
+    m_pDriver->ClickIndex(Table(), Model()->index(0, ColumnName));
+    m_pDriver->Key(QStringLiteral("treeDevice"), Qt::Key_Space);
+    EXPECT_FALSE(m_pDriver->IsUsable(QStringLiteral("btnDelete")));
+}
+
+TEST_F(DevicePage, StatePushChangesTheRowInPlace)
+{
+    Open();
+    const int nQueries = m_host.group.Count("QueryDevicePage");
+    m_host.remote.PushState({{"1001", GroupLogical::StateOffline, GroupLogical::ReasonTimeOut},
+        {"1003", GroupLogical::StateOnline, GroupLogical::ReasonNone}, {"9999", 1, 0}});
+    PageDriver::Settle();
+    EXPECT_EQ(Cell(0, ColumnOnline), QStringLiteral("Offline"));
+    EXPECT_EQ(Cell(0, ColumnOfflineReason), QStringLiteral("Connection timed out"));
+    EXPECT_EQ(Cell(2, ColumnOnline), QStringLiteral("Online"));
+    EXPECT_EQ(Cell(2, ColumnOfflineReason), QString());
+    EXPECT_EQ(m_host.group.Count("QueryDevicePage"), nQueries);
+}
+
+TEST_F(DevicePage, LostConnectionDisablesWhatCannotWorkAndKeepsTheChecks)
+{
+    Open();
+    CheckRows(1);
+    m_host.remote.PushConnected(false);
+    PageDriver::Settle();
+    EXPECT_TRUE(m_pDriver->IsShown(QStringLiteral("lbConnection")));
+    for (const char* pszName :
+        {"COrganizationTreeCtrl", "btnRefresh", "btnExport", "btnDelete", "btnAllDevice", "treeDevice", "editSearch"})
+        EXPECT_FALSE(m_pDriver->Find(QString::fromLatin1(pszName))->isEnabled()) << pszName;
+    const int nQueries = m_host.group.Count("QueryDevicePage");
+    m_host.remote.PushConnected(true);
+    PageDriver::Settle();
+    EXPECT_FALSE(m_pDriver->IsShown(QStringLiteral("lbConnection")));
+    EXPECT_GT(m_host.group.Count("QueryDevicePage"), nQueries);
+    EXPECT_TRUE(m_pDriver->IsUsable(QStringLiteral("btnDelete")));
+    Model()->SetAllChecked(false);
+    m_host.remote.PushConnected(false);
+    m_host.remote.PushConnected(true);
+    PageDriver::Settle();
+    EXPECT_FALSE(m_pDriver->IsUsable(QStringLiteral("btnDelete")));
+}
+
+TEST_F(DevicePage, FailedQueriesShowTheirState)
+{
+    using Kind = VxGUI::VxEmptyState::Kind;
+    const std::pair<int, Kind> cases[] = {{UICommonMdl::ErrorNoRight, Kind::NoPermission},
+        {UICommonMdl::ErrorDatabaseBusy, Kind::Failed}, {UICommonMdl::ErrorTimeOut, Kind::Failed}};
+    for (const auto& [nErrorCode, kind] : cases) {
+        m_host.group.FailAlways("QueryDevicePage", nErrorCode);
+        Open();
+        EXPECT_EQ(m_pDriver->Find<VxGUI::VxEmptyState>(QStringLiteral("wgtTableState"))->GetKind(), kind);
+        EXPECT_TRUE(m_pDriver->IsShown(QStringLiteral("wgtTableState"))) << nErrorCode;
+        Close();
+    }
+    m_host.group.Refuse("QueryDevicePage");
+    Open();
+    EXPECT_EQ(Notice(), QStringLiteral("Failed to get device list"));
+}
+
+TEST_F(DevicePage, HiddenColumnsAreKept)
+{
+    Open();
+    EXPECT_TRUE(Table()->isColumnHidden(ColumnId));
+    auto* pHeader = m_pDriver->Find<CDeviceTableHeader>(QStringLiteral("headerDevice"));
+    const QPoint place(pHeader->width() / 2, 5);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, place, pHeader->mapToGlobal(place));
+    QApplication::sendEvent(pHeader->viewport(), &event);
+    Trigger(QStringLiteral("menuColumns"), QStringLiteral("Organization"));
+    EXPECT_TRUE(Table()->isColumnHidden(ColumnOrganization));
+    Close();
+    Open();
+    EXPECT_TRUE(Table()->isColumnHidden(ColumnOrganization));
+    EXPECT_FALSE(Table()->isColumnHidden(ColumnName));
+}
+
+TEST_F(DevicePage, MoveSendsTheCheckedDevicesAndListsFailures)
+{
+    Open();
+    CheckRows(2);
+    m_pDriver->Click(QStringLiteral("btnMoveTo"));
+    auto* pDialog = FindDialog<CDevMove>();
+    ASSERT_TRUE(pDialog);
+    auto* pTree = pDialog->findChild<QTreeView*>();
+    pTree->setCurrentIndex(pTree->model()->index(0, 0, pTree->model()->index(0, 0)));
+    auto* pButtons = pDialog->findChild<QDialogButtonBox*>();
+    QTest::mouseClick(pButtons->button(QDialogButtonBox::Ok), Qt::LeftButton);
+    const auto moved = m_host.group.LastArgument<std::pair<FakeGroupManager::Ids, std::string>>("MoveDevice");
+    EXPECT_EQ(moved.first, (FakeGroupManager::Ids{"1001", "1002"}));
+    EXPECT_EQ(moved.second, "001001");
+    m_host.group.Answer(m_host.group.Last("MoveDevice"), [](const FakeCall&, GroupParam& param) {
+        param.vecFailed = {{"1002", "Camera 2", UICommonMdl::ErrorNotFound, {}}};
+    });
+    PageDriver::Settle();
+    ASSERT_EQ(m_dialogs.Shown().size(), 1);
+    EXPECT_TRUE(m_dialogs.Shown().first().contains(QStringLiteral("Result of failure is shown below:")));
+}
+
+TEST_F(DevicePage, ExportWritesTheListAndReportsFailures)
+{
+    QTemporaryDir folder;
+    Open();
+    m_dialogs.ChooseNextFile(folder.filePath(QStringLiteral("list")));
+    m_pDriver->Click(QStringLiteral("btnExport"));
+    EXPECT_TRUE(PageDriver::WaitFor([&] { return Notice() == QStringLiteral("Devices are exported."); }));
+    EXPECT_GT(QFileInfo(folder.filePath(QStringLiteral("list.xlsx"))).size(), 1000);
+
+    m_dialogs.ChooseNextFile(QStringLiteral("/nowhere/at/all.xlsx"));
+    m_pDriver->Click(QStringLiteral("btnExport"));
+    EXPECT_TRUE(PageDriver::WaitFor(
+        [&] { return Notice().startsWith(QStringLiteral("Failed to export device info")); }));
+}
+
+TEST_F(DevicePage, PageGoneWhileAnswersComeFromAnotherThread)
+{
+    m_host.group.Hold("QueryDevicePage");
+    for (int n = 0; n < 20; ++n) {
+        Open();
+        GroupParam param;
+        param.nResultCode = FakeGroupManager::Observer::ResultQueryDevicePage;
+        param.nSequence = m_host.group.Last("QueryDevicePage").nSequence;
+        param.devicePage = {m_host.group.vecDevices, 12, 1};
+        m_host.group.SendUntilJoin(param);
+        PageDriver::Settle();
+        Close();
+        EXPECT_EQ(m_host.group.ObserverCount(), 0U);
+        m_host.group.Join();
+    }
+    PageDriver::Settle();
+}

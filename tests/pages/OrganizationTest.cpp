@@ -1,0 +1,149 @@
+#include "DevicePageFixture.h"
+
+#include <ResourceManagerUI/COrganizationTreeCtrl.h>
+#include <UICommonMdl/ErrorCodes.h>
+#include <VxGUI/VxLineEdit.h>
+
+#include <QDropEvent>
+#include <QMimeData>
+
+using namespace ResourceManagerUI;
+using GroupLogical::Organization_t;
+
+class OrganizationTree : public DevicePageFixture
+{
+protected:
+    Common::COrganizationModel* Organizations()
+    {
+        return static_cast<Common::COrganizationModel*>(Tree()->model());
+    }
+    QTreeView* Tree() { return m_pDriver->Find<QTreeView>(QStringLiteral("treeOrg")); }
+    void Select(const char* pszCode)
+    {
+        const QModelIndex index = Organizations()->FindCode(QString::fromLatin1(pszCode));
+        Tree()->expandAll();
+        m_pDriver->ClickIndex(Tree(), index);
+        PageDriver::Settle();
+    }
+    QString NameHint()
+    {
+        return m_pDriver->Find<VxGUI::VxLineEdit>(QStringLiteral("editName"))->GetErrorHint();
+    }
+};
+
+TEST_F(OrganizationTree, SelectionListsItsDevices)
+{
+    Open();
+    Select("001002");
+    EXPECT_EQ(LastRequest().sOrgCode, "001002");
+    EXPECT_EQ(LastRequest().nPage, 1);
+}
+
+TEST_F(OrganizationTree, AddingChecksTheInputAndShowsTheNewNode)
+{
+    Open();
+    Select("001001");
+    m_pDriver->Click(QStringLiteral("btnAddOrg"));
+    m_pDriver->Click(QStringLiteral("btnOk"));
+    EXPECT_EQ(NameHint(), QStringLiteral("Organization name cannot be empty."));
+    m_pDriver->Type(QStringLiteral("editName"), QStringLiteral("<b>"));
+    m_pDriver->Click(QStringLiteral("btnOk"));
+    EXPECT_EQ(NameHint(), QStringLiteral("Special characters < and > are not allowed."));
+    EXPECT_EQ(m_host.group.Count("AddOrganization"), 0);
+
+    m_pDriver->Type(QStringLiteral("editName"), QStringLiteral("Yard"));
+    m_pDriver->Click(QStringLiteral("btnOk"));
+    const auto sent = m_host.group.LastArgument<Organization_t>("AddOrganization");
+    EXPECT_EQ(sent.sName, "Yard");
+    EXPECT_EQ(sent.sParentCode, "001001");
+    m_host.group.Fail(m_host.group.Last("AddOrganization"), UICommonMdl::ErrorNameExists);
+    PageDriver::Settle();
+    EXPECT_TRUE(Notice().startsWith(QStringLiteral("Failed to add organization")));
+    EXPECT_TRUE(m_pDriver->IsShown(QStringLiteral("pageOrg"))) << "the input stays";
+
+    m_pDriver->Click(QStringLiteral("btnOk"));
+    const Organization_t added{"001001002", "001001", "Yard", "", 1, 1};
+    m_host.group.vecOrganizations.push_back(added);
+    m_host.group.Answer(m_host.group.Last("AddOrganization"),
+        [&](const FakeCall&, GroupParam& param) { param.vecOrganizations = {added}; });
+    PageDriver::Settle();
+    EXPECT_TRUE(m_pDriver->IsShown(QStringLiteral("pageDevice")));
+    EXPECT_EQ(Tree()->currentIndex().data().toString(), QStringLiteral("Yard"));
+}
+
+TEST_F(OrganizationTree, RenamingSendsTheRecordWithItsVersion)
+{
+    Open();
+    Select("001001");
+    m_pDriver->Key(QStringLiteral("treeOrg"), Qt::Key_F2);
+    m_pDriver->Type(QStringLiteral("editName"), QStringLiteral("East"));
+    m_pDriver->Key(QStringLiteral("editName"), Qt::Key_Return);
+    EXPECT_EQ(m_host.group.LastArgument<Organization_t>("ModifyOrganization"),
+        (Organization_t{"001001", "001", "East", "gate", 0, 4}));
+    m_dialogs.AnswerNext(true);
+    m_pDriver->Click(QStringLiteral("btnCancel"));
+    EXPECT_EQ(m_dialogs.LastText(), QStringLiteral("Are you sure to cancel?"));
+}
+
+TEST_F(OrganizationTree, LevelLimitIsSaid)
+{
+    m_host.group.nLevelLimit = 3;
+    Open();
+    Select("001001001");
+    m_pDriver->Click(QStringLiteral("btnAddOrg"));
+    EXPECT_EQ(Notice(), QStringLiteral("Can not add, group level limits 3"));
+}
+
+TEST_F(OrganizationTree, DeletingAsksAndSparesTheRoot)
+{
+    Open();
+    Select("001");
+    m_pDriver->Click(QStringLiteral("btnDeleteOrg"));
+    EXPECT_EQ(Notice(), QStringLiteral("You cannot delete root node."));
+    Select("001002");
+    m_dialogs.AnswerNext(true);
+    m_pDriver->Key(QStringLiteral("treeOrg"), Qt::Key_Delete);
+    EXPECT_EQ(m_dialogs.LastText(), QStringLiteral("Are you sure to delete organization?"));
+    EXPECT_EQ(m_host.group.LastArgument<std::string>("DeleteOrganization"), "001002");
+    m_host.group.Fail(m_host.group.Last("DeleteOrganization"), UICommonMdl::ErrorOrganizationNotEmpty);
+    PageDriver::Settle();
+    EXPECT_TRUE(Notice().startsWith(QStringLiteral("Failed to delete the organization ")));
+}
+
+TEST_F(OrganizationTree, DropsAskForTheMove)
+{
+    Open();
+    Select("001");
+    const QModelIndex tower = Organizations()->FindCode(QStringLiteral("001001001"));
+    const QModelIndex north = Organizations()->FindCode(QStringLiteral("001001"));
+    const QModelIndex south = Organizations()->FindCode(QStringLiteral("001002"));
+    const std::unique_ptr<QMimeData> pNorth(Organizations()->mimeData({north}));
+    EXPECT_FALSE(Organizations()->canDropMimeData(pNorth.get(), Qt::MoveAction, -1, -1, tower))
+        << "not below itself";
+    EXPECT_FALSE(Organizations()->canDropMimeData(pNorth.get(), Qt::MoveAction, -1, -1, QModelIndex()));
+    Organizations()->dropMimeData(pNorth.get(), Qt::MoveAction, -1, -1, south);
+    EXPECT_EQ((m_host.group.LastArgument<std::pair<std::string, std::string>>("MoveOrganization")),
+        (std::pair<std::string, std::string>("001001", "001002")));
+
+    CheckRows(2);
+    const std::unique_ptr<QMimeData> pDevices(Model()->mimeData({Model()->index(1, ColumnName)}));
+    const QPoint place = Tree()->visualRect(south).center();
+    QDragEnterEvent enter(place, Qt::MoveAction, pDevices.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(Tree()->viewport(), &enter);
+    QDragMoveEvent move(place, Qt::MoveAction, pDevices.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(Tree()->viewport(), &move);
+    QDropEvent drop(place, Qt::MoveAction, pDevices.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(Tree()->viewport(), &drop);
+    const auto moved = m_host.group.LastArgument<std::pair<FakeGroupManager::Ids, std::string>>("MoveDevice");
+    EXPECT_EQ(moved.first, (FakeGroupManager::Ids{"1001", "1002"}));
+    EXPECT_EQ(moved.second, "001002");
+}
+
+TEST_F(OrganizationTree, FilterKeepsTheWayToAMatch)
+{
+    Open();
+    m_pDriver->Type(QStringLiteral("editFilter"), QStringLiteral("tow"));
+    const QModelIndex root = Organizations()->FindCode(QStringLiteral("001"));
+    EXPECT_FALSE(Tree()->isRowHidden(0, root)) << "North holds Tower";
+    EXPECT_TRUE(Tree()->isRowHidden(1, root));
+}

@@ -1,0 +1,17 @@
+#include "FakeHost.h"
+
+FakeHost::FakeHost()
+{
+    interfaceSet.AddAbstractResourceManager(this);
+}
+
+VxPluginAPI::IManager* FakeHost::FindManager(const std::string& sInterfaceId)
+{
+    const std::map<std::string, VxPluginAPI::IManager*> mapManagers = {
+        {GroupLogical::IGroupManager::InterfaceId, static_cast<GroupLogical::IGroupManager*>(&group)},
+        {RemoteConfigLogical::IRemoteConfigManager::InterfaceId, &remote},
+        {UserLogical::IUserManager::InterfaceId, static_cast<UserLogical::IUserManager*>(&user)},
+        {UICommonMdl::ILocalConfig::InterfaceId, &config}};
+    const auto it = mapManagers.find(sInterfaceId);
+    return it == mapManagers.end() ? nullptr : it->second;
+}
