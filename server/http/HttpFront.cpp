@@ -4,6 +4,7 @@
 
 #include <wire/Operations.h>
 
+#include <dirent.h>
 #include <httplib.h>
 
 #include <atomic>
@@ -22,6 +23,7 @@ constexpr std::size_t BodyLimit = 4 * 1024 * 1024;
 // A connection holds a thread while it is kept alive, an event stream for its whole life.
 constexpr std::size_t RequestThreadLimit = 256;
 constexpr int KeepAliveSeconds = 5;
+constexpr std::chrono::milliseconds StopStep(5);
 constexpr std::size_t KeepAliveCount = 100000;
 
 /// Threads for connections: started when no thread is free, kept until the end.
@@ -85,6 +87,33 @@ bool IsLoopback(const std::string& sAddress)
     return sAddress.rfind("127.", 0) == 0 || sAddress == "::1" || sAddress.rfind("::ffff:127.", 0) == 0;
 }
 
+int LocalPort(const sockaddr_storage& address)
+{
+    return ntohs(address.ss_family == AF_INET6 ? reinterpret_cast<const sockaddr_in6&>(address).sin6_port
+                                               : reinterpret_cast<const sockaddr_in&>(address).sin_port);
+}
+
+/// Ends reading (or reading and writing) on every connection that came to this port. The library waits for
+/// idle connections until their keep-alive time is over and does not tell which ones it has.
+void ShutConnections(int nPort, int nHow)
+{
+    DIR* const pFolder = opendir("/proc/self/fd");
+    if (!pFolder)
+        return;
+    while (const dirent* pEntry = readdir(pFolder)) {
+        const int nDescriptor = std::atoi(pEntry->d_name);
+        sockaddr_storage address{};
+        sockaddr_storage peer{};
+        socklen_t nSize = sizeof(address);
+        socklen_t nPeerSize = sizeof(peer);
+        if (getsockname(nDescriptor, reinterpret_cast<sockaddr*>(&address), &nSize) == 0
+            && getpeername(nDescriptor, reinterpret_cast<sockaddr*>(&peer), &nPeerSize) == 0
+            && (address.ss_family == AF_INET || address.ss_family == AF_INET6) && LocalPort(address) == nPort)
+            shutdown(nDescriptor, nHow);
+    }
+    closedir(pFolder);
+}
+
 RawRequest MakeRequest(const httplib::Request& request)
 {
     RawRequest raw;
@@ -104,8 +133,8 @@ void Answer(httplib::Response& response, RawResponse raw)
 {
     response.status = raw.nStatus;
     response.body = std::move(raw.sBody);
-    // With its character set named the library does not recognise the type and leaves the body uncompressed: on a
-    // local network packing costs more than it spares.
+    // With its character set named the library does not recognise the type and leaves the body uncompressed:
+    // on a local network packing costs more than it spares.
     response.set_header("Content-Type", "application/json; charset=utf-8");
 }
 
@@ -135,6 +164,7 @@ struct HttpFront::Private
     std::thread thread;
     int nPort = 0;
     std::atomic<bool> bCut{false};
+    std::atomic<bool> bEnded{false};
 };
 
 void HttpFront::Private::MakeServer()
@@ -256,7 +286,10 @@ HttpFront::~HttpFront()
 
 void HttpFront::Start()
 {
-    m_pPrivate->thread = std::thread([this] { m_pPrivate->pServer->listen_after_bind(); });
+    m_pPrivate->thread = std::thread([this] {
+        m_pPrivate->pServer->listen_after_bind();
+        m_pPrivate->bEnded = true;
+    });
     // A stop before the loop runs would be lost.
     while (!m_pPrivate->pServer->is_running())
         std::this_thread::yield();
@@ -268,6 +301,10 @@ void HttpFront::Stop()
         return;
     m_pPrivate->hub.End();
     m_pPrivate->pServer->stop();
+    while (!m_pPrivate->bEnded) {
+        ShutConnections(m_pPrivate->nPort, m_pPrivate->bCut ? SHUT_RDWR : SHUT_RD);
+        std::this_thread::sleep_for(StopStep);
+    }
     m_pPrivate->thread.join();
 }
 

@@ -47,6 +47,7 @@ public:
     static std::string AdminName() { return "system"; }
     static std::string AdminPassword() { return "Lantern-42"; }
     QString DataDir() const { return m_database.Folder(); }
+    Platform::DatabaseAddress Address() const { return m_database.Address(); }
 
     /// Gracefully, as by SIGTERM.
     void Stop();
