@@ -45,7 +45,7 @@ public:
         m_pPage = std::make_unique<ResourceManagerUI::CDeviceManagerCtrl>(&m_interfaces, nullptr);
         m_pPage->resize(WindowSize);
         m_pPage->show();
-        m_pTable = m_pPage->findChild<QTreeView*>(QStringLiteral("tblDevice"));
+        m_pTable = m_pPage->findChild<QTreeView*>(QStringLiteral("treeDevice"));
         m_pPage->findChild<UICommonMdl::CNumberPageCtrl*>(QStringLiteral("wgtTableFlip"));
         WaitUntil([this] { return m_pTable->model()->rowCount() == PageSize; });
     }

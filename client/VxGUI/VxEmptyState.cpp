@@ -44,6 +44,7 @@ VxEmptyState::VxEmptyState(QWidget* pParent)
     pLayout->setSpacing(8);
     pLayout->addStretch(2);
     for (QLabel* pLabel : {m_pIcon, m_pTitle, m_pText}) {
+        pLabel->setTextFormat(Qt::PlainText);
         pLabel->setAlignment(Qt::AlignCenter);
         pLabel->setWordWrap(pLabel != m_pIcon);
         pLayout->addWidget(pLabel);

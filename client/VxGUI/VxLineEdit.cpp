@@ -24,11 +24,13 @@ VxLineEdit::VxLineEdit(QWidget* pParent)
     pLayout->addWidget(m_pHint);
     setFocusProxy(m_pEdit);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    connect(m_pEdit, &QLineEdit::textChanged, this, [this](const QString& sText) {
-        ClearErrorHint();
-        Q_EMIT textChanged(sText);
-    });
+    // The field tells an edit before the change that it makes: the hint is of the text that stands there.
     connect(m_pEdit, &QLineEdit::textEdited, this, &VxLineEdit::OnTextEdited);
+    connect(m_pEdit, &QLineEdit::textChanged, this, [this] {
+        if (text() != m_sHintedText)
+            ClearErrorHint();
+        Q_EMIT textChanged(text());
+    });
     connect(m_pEdit, &QLineEdit::returnPressed, this, &VxLineEdit::returnPressed);
 }
 
@@ -79,7 +81,9 @@ void VxLineEdit::SetMaxLimit(int nMaxLength, const QString& sMessage)
 
 void VxLineEdit::SetPattern(const QRegularExpression& pattern, const QString& sMessage)
 {
-    m_vecChecks.append({CheckKind::Pattern, 0, pattern, sMessage});
+    const QRegularExpression whole(
+        QRegularExpression::anchoredPattern(pattern.pattern()), pattern.patternOptions());
+    m_vecChecks.append({CheckKind::Pattern, 0, whole, sMessage});
 }
 
 QString VxLineEdit::FirstFailure(bool bWhileTyping) const
@@ -97,11 +101,7 @@ QString VxLineEdit::FirstFailure(bool bWhileTyping) const
                 return check.sMessage;
             break;
         case CheckKind::Pattern:
-            if (!check.pattern
-                     .match(
-                         sText, 0, QRegularExpression::NormalMatch, QRegularExpression::AnchoredMatchOption)
-                     .hasMatch()
-                && !sText.isEmpty())
+            if (!sText.isEmpty() && !check.pattern.match(sText).hasMatch())
                 return check.sMessage;
             break;
         }
@@ -121,9 +121,7 @@ void VxLineEdit::OnTextEdited(const QString& sText)
         Q_EMIT textEdited(text());
         return;
     }
-    const QString sFailure = FirstFailure(true);
-    if (!sFailure.isEmpty())
-        SetErrorHint(sFailure);
+    SetErrorHint(FirstFailure(true));
     Q_EMIT textEdited(sText);
 }
 
@@ -139,6 +137,7 @@ QString VxLineEdit::CheckInput()
 
 void VxLineEdit::SetErrorHint(const QString& sMessage)
 {
+    m_sHintedText = sMessage.isEmpty() ? QString() : text();
     m_pHint->setText(sMessage);
     m_pHint->setVisible(!sMessage.isEmpty());
     m_pEdit->setAccessibleDescription(sMessage);

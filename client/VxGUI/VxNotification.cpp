@@ -101,7 +101,7 @@ void VxNotification::Place()
     const int nFrame = 16 * 2 + 10 + 18 + 4;
     const int nWidth = qMin(nLimit, nTextWidth + nFrame);
     const int nHeight =
-        layout()->hasHeightForWidth() ? layout()->heightForWidth(nWidth) : sizeHint().height();
+        layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(nWidth) : sizeHint().height();
     setGeometry((pWindow->width() - nWidth) / 2, TopMargin, nWidth, nHeight);
 }
 

@@ -16,14 +16,12 @@ VxSearchBox::VxSearchBox(QWidget* pParent)
     setClearButtonEnabled(true);
     connect(m_pSearchAction, &QAction::triggered, this, &VxSearchBox::SignalSearch);
     connect(this, &QLineEdit::returnPressed, this, &VxSearchBox::SignalSearch);
-    // An emptied field is a search for everything; waiting for Enter would leave a list that nobody asked
-    // for.
+    // An emptied field, by keys or by the clear button, is a search for everything; waiting for Enter would
+    // leave a list that nobody asked for.
     connect(this, &QLineEdit::textEdited, this, [this](const QString& sText) {
         if (sText.isEmpty())
             Q_EMIT SignalSearch();
     });
-    if (auto* pClear = findChild<QAction*>(QStringLiteral("_q_qlineeditclearaction")))
-        connect(pClear, &QAction::triggered, this, &VxSearchBox::SignalSearch);
 }
 
 void VxSearchBox::SetBackgroundText(const QString& sText)

@@ -6,9 +6,9 @@
 namespace VxGUI {
 
 namespace {
-constexpr QSize TabSize(148, 116);
+constexpr QSize TabSize(148, 108);
 constexpr int MaxTabWidth = 220;
-constexpr int Spacing = 12;
+constexpr int Spacing = 8;
 constexpr QSize IconSize(48, 48);
 constexpr int TextMargin = 8;
 

@@ -16,6 +16,7 @@ VxWaitDialog::VxWaitDialog(const QString& sText, QWidget* pParent)
     setObjectName(QStringLiteral("VxWaitDialog"));
     setWindowTitle(tr("Please Wait"));
     setModal(true);
+    m_pText->setTextFormat(Qt::PlainText);
     m_pText->setWordWrap(true);
     m_pText->setMinimumWidth(280);
     m_pProgress->setTextVisible(false);

@@ -79,7 +79,7 @@ bool CClientApp::Start()
     connect(m_pSignIn.get(), &QDialog::accepted, this, &CClientApp::OnSignedIn);
     connect(m_pSignIn.get(), &QDialog::rejected, qApp, &QApplication::quit);
     if (!m_options.sScreenshotDir.isEmpty())
-        m_pTour = std::make_unique<CScreenshotTour>(*m_pClient, m_options.sScreenshotDir);
+        m_pTour = std::make_unique<CScreenshotTour>(*m_pClient, *m_pSignIn, m_options.sScreenshotDir);
 
     m_pSignIn->show();
     if (m_options.server.isEmpty()) {
@@ -176,7 +176,7 @@ void CClientApp::OpenWindow()
     m_pWindow->resize(1280, 800);
     m_pWindow->show();
     if (m_pTour)
-        m_pTour->Start(*m_pWindow, *m_pSignIn);
+        m_pTour->Start(*m_pWindow);
 }
 
 void CClientApp::CloseWindow()
@@ -208,6 +208,16 @@ void CClientApp::OnSignOut()
 void CClientApp::ApplySkin(const QString& sSkin)
 {
     Trv::SetSkin(sSkin);
+    // What style sheets cannot say: the colours of texts that stand in for missing ones, links and
+    // selections.
+    QPalette palette = qApp->palette();
+    palette.setColor(QPalette::PlaceholderText, Trv::GetColor(QStringLiteral("text-muted")));
+    palette.setColor(QPalette::Link, Trv::GetColor(QStringLiteral("accent")));
+    palette.setColor(QPalette::Window, Trv::GetColor(QStringLiteral("window")));
+    palette.setColor(QPalette::WindowText, Trv::GetColor(QStringLiteral("text")));
+    palette.setColor(QPalette::Base, Trv::GetColor(QStringLiteral("surface")));
+    palette.setColor(QPalette::Text, Trv::GetColor(QStringLiteral("text")));
+    qApp->setPalette(palette);
     QString sStyleSheet;
     if (Trv::loadStyleSheet(Trv::GetSkinPath(QStringLiteral("Client.qss"), QString()), sStyleSheet))
         qApp->setStyleSheet(sStyleSheet);

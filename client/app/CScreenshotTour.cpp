@@ -1,6 +1,7 @@
 #include "CScreenshotTour.h"
 
 #include "CMainWindow.h"
+#include "CSignInDlg.h"
 
 #include <PlatformLogic/CPlatformClient.h>
 
@@ -20,20 +21,30 @@ constexpr int MaxTicks = 200;
 constexpr int FirstProbeTicks = 30;
 } // namespace
 
-CScreenshotTour::CScreenshotTour(PlatformLogic::CPlatformClient& client, const QString& sFolder)
+CScreenshotTour::CScreenshotTour(
+    PlatformLogic::CPlatformClient& client, CSignInDlg& signIn, const QString& sFolder)
     : m_client(client)
+    , m_signIn(signIn)
     , m_sFolder(sFolder)
 {
     connect(&m_timer, &QTimer::timeout, this, &CScreenshotTour::OnTick);
 }
 
-void CScreenshotTour::Start(CMainWindow& window, QDialog& signIn)
+void CScreenshotTour::SaveSignIn()
+{
+    m_signIn.show();
+    m_signIn.ShowForm(CSignInDlg::Mode::SetUp);
+    Save(m_signIn, QStringLiteral("first-start"));
+    m_signIn.ShowForm(CSignInDlg::Mode::SignIn);
+    Save(m_signIn, QStringLiteral("sign-in"));
+    m_signIn.hide();
+}
+
+void CScreenshotTour::Start(CMainWindow& window)
 {
     m_pWindow = &window;
     QDir().mkpath(m_sFolder);
-    signIn.show();
-    Save(signIn, QStringLiteral("sign-in"));
-    signIn.hide();
+    SaveSignIn();
     for (const UserLogical::MenuRight_t& right : m_client.GetUserManager()->GetMenuRights())
         m_queEntries.push_back(right.sWidgetName);
     m_sName = QStringLiteral("home");

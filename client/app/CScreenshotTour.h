@@ -1,10 +1,12 @@
 #pragma once
 
-#include <QDialog>
+#include <QObject>
 #include <QTimer>
 
 #include <deque>
 #include <string>
+
+class QWidget;
 
 namespace PlatformLogic {
 class CPlatformClient;
@@ -13,6 +15,7 @@ class CPlatformClient;
 namespace ClientApp {
 
 class CMainWindow;
+class CSignInDlg;
 
 /// Opens one page after the other, writes a picture of each, and ends the program. A page is taken when no
 /// request is open and nothing was painted for a moment. User-interface thread.
@@ -21,18 +24,20 @@ class CScreenshotTour : public QObject
     Q_OBJECT
 
 public:
-    /// client is borrowed; sFolder is created when it does not exist.
-    CScreenshotTour(PlatformLogic::CPlatformClient& client, const QString& sFolder);
+    /// client and signIn are borrowed; sFolder is created when it does not exist.
+    CScreenshotTour(PlatformLogic::CPlatformClient& client, CSignInDlg& signIn, const QString& sFolder);
 
-    /// Both are borrowed until the program ends.
-    void Start(CMainWindow& window, QDialog& signIn);
+    /// The window is borrowed until the program ends.
+    void Start(CMainWindow& window);
 
 private:
+    void SaveSignIn();
     void OpenNext();
     void OnTick();
     void Save(QWidget& widget, const QString& sName);
 
     PlatformLogic::CPlatformClient& m_client;
+    CSignInDlg& m_signIn;
     QString m_sFolder;
     CMainWindow* m_pWindow = nullptr;
     std::deque<std::string> m_queEntries;

@@ -20,6 +20,12 @@ class CSignInDlg : public QDialog
     Q_OBJECT
 
 public:
+    enum class Mode
+    {
+        SignIn,
+        SetUp ///< first start: the password of the built-in account is chosen
+    };
+
     /// client is borrowed and outlives the dialog.
     explicit CSignInDlg(PlatformLogic::CPlatformClient& client, QWidget* pParent = nullptr);
     ~CSignInDlg() override;
@@ -28,6 +34,7 @@ public:
     void ShowWaiting(const QString& sText);
     /// The server could not be started; with no server to ask there is nothing to try again.
     void ShowFailure(const QString& sText);
+    void ShowForm(Mode mode);
     /// Asks the server and goes on with what it answers.
     void Connect();
     /// Shows why the user has to sign in again, and for which account.
@@ -39,14 +46,7 @@ protected:
     void showEvent(QShowEvent* pEvent) override;
 
 private:
-    enum class Mode
-    {
-        SignIn,
-        SetUp
-    };
-
     void LoadStyleSheet();
-    void ShowForm(Mode mode);
     void SetBusy(bool bBusy);
     void ShowError(const QString& sText);
     void OnSubmit();

@@ -73,6 +73,7 @@ private:
     QLineEdit* m_pEdit;
     QLabel* m_pHint;
     QVector<Check> m_vecChecks;
+    QString m_sHintedText; ///< the text that the hint is about
 };
 
 } // namespace VxGUI
