@@ -96,6 +96,9 @@ void CDeviceManagerCtrl::SetUpTable()
     m_pHeader = new CDeviceTableHeader(pTable);
     m_pHeader->setObjectName(QStringLiteral("headerDevice"));
     pTable->setHeader(m_pHeader);
+    // A view that does not sort by itself takes these away from the header that it gets.
+    m_pHeader->setSectionsClickable(true);
+    m_pHeader->setSortIndicatorShown(true);
     m_pHeader->setStretchLastSection(true);
     m_pHeader->setSortIndicator(m_nSortColumn, m_sortOrder);
     const int widths[] = {40, 110, 150, 180, 140, 120, 150, 120, 150, 120, 120, 110};

@@ -16,8 +16,6 @@ constexpr int FunnelMargin = 6;
 CFilterHeaderView::CFilterHeaderView(QWidget* pParent)
     : QHeaderView(Qt::Horizontal, pParent)
 {
-    setSectionsClickable(true);
-    setSortIndicatorShown(true);
     setHighlightSections(false);
     setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }

@@ -40,7 +40,9 @@ void COrganizationModel::SetOrganizations(const std::vector<GroupLogical::Organi
         else
             listRoots.append(pItem);
     }
-    invisibleRootItem()->appendRows(listRoots);
+    // One by one: only so do the items below learn their model.
+    for (QStandardItem* pRoot : qAsConst(listRoots))
+        appendRow(pRoot);
 }
 
 QString COrganizationModel::GetCode(const QModelIndex& index)

@@ -4,12 +4,12 @@
 #include <ResourceManagerUI/CDeviceTableHeader.h>
 #include <UICommonMdl/CNumberPageCtrl.h>
 #include <UICommonMdl/ErrorCodes.h>
+#include <VxGUI/VxEmptyState.h>
 
 #include <QDialogButtonBox>
 #include <QTemporaryDir>
 
 using namespace ResourceManagerUI;
-using Common::DeviceIdsMimeType;
 
 class DevicePage : public DevicePageFixture
 {
