@@ -5,11 +5,17 @@
 #include <UICommonMdl/CNumberPageCtrl.h>
 #include <UICommonMdl/ErrorCodes.h>
 #include <VxGUI/VxEmptyState.h>
+#include <tests/support/core/QtWarnings.h>
 
 #include <QDialogButtonBox>
 #include <QTemporaryDir>
 
 using namespace ResourceManagerUI;
+
+namespace {
+// Without a display a pop-up can be shown, but neither raised nor given the keyboard.
+const QString PopUpWarning = QStringLiteral("This plugin does not support");
+} // namespace
 
 class DevicePage : public DevicePageFixture
 {
@@ -28,12 +34,14 @@ TEST_F(DevicePage, FirstQueryAsksForTheFirstPageByDescendingAddress)
     EXPECT_EQ(request.nCategory, 0);
     EXPECT_EQ(LastRequest().sOrgCode, "001");
     EXPECT_EQ(Model()->rowCount(), 12);
+    m_pDriver->Screenshot(QStringLiteral("devices"));
     EXPECT_EQ(Cell(2, ColumnOnline), QStringLiteral("Offline"));
     EXPECT_EQ(Cell(2, ColumnOfflineReason), QStringLiteral("Connection refused"));
 }
 
 TEST_F(DevicePage, FiltersCombineIntoOneQueryOfTheFirstPage)
 {
+    const ExpectWarning popUp(PopUpWarning);
     Open();
     m_pDriver->Find<UICommonMdl::CNumberPageCtrl>(QStringLiteral("wgtTableFlip"))->SetCurrentPage(3);
     m_pDriver->Click(QStringLiteral("btnLiftControllerDevice"));
@@ -145,8 +153,8 @@ TEST_F(DevicePage, LostConnectionDisablesWhatCannotWorkAndKeepsTheChecks)
     m_host.remote.PushConnected(false);
     PageDriver::Settle();
     EXPECT_TRUE(m_pDriver->IsShown(QStringLiteral("lbConnection")));
-    for (const char* pszName :
-        {"COrganizationTreeCtrl", "btnRefresh", "btnExport", "btnDelete", "btnAllDevice", "treeDevice", "editSearch"})
+    for (const char* pszName : {"COrganizationTreeCtrl", "btnRefresh", "btnExport", "btnDelete",
+             "btnAllDevice", "treeDevice", "editSearch"})
         EXPECT_FALSE(m_pDriver->Find(QString::fromLatin1(pszName))->isEnabled()) << pszName;
     const int nQueries = m_host.group.Count("QueryDevicePage");
     m_host.remote.PushConnected(true);
@@ -180,6 +188,7 @@ TEST_F(DevicePage, FailedQueriesShowTheirState)
 
 TEST_F(DevicePage, HiddenColumnsAreKept)
 {
+    const ExpectWarning popUp(PopUpWarning);
     Open();
     EXPECT_TRUE(Table()->isColumnHidden(ColumnId));
     auto* pHeader = m_pDriver->Find<CDeviceTableHeader>(QStringLiteral("headerDevice"));
