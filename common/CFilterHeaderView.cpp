@@ -11,6 +11,7 @@ namespace Common {
 namespace {
 constexpr int FunnelSize = 16;
 constexpr int FunnelMargin = 6;
+constexpr int CheckMargin = 7; // as the boxes of the rows below stand
 } // namespace
 
 CFilterHeaderView::CFilterHeaderView(QWidget* pParent)
@@ -83,7 +84,8 @@ void CFilterHeaderView::paintSection(QPainter* pPainter, const QRect& rect, int 
         option.state.setFlag(QStyle::State_NoChange, m_checkState == Qt::PartiallyChecked);
         const QSize size(style()->pixelMetric(QStyle::PM_IndicatorWidth, &option, this),
             style()->pixelMetric(QStyle::PM_IndicatorHeight, &option, this));
-        option.rect = QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, size, rect);
+        option.rect = QStyle::alignedRect(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter, size,
+            rect.adjusted(CheckMargin, 0, -CheckMargin, 0));
         style()->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &option, pPainter, this);
     }
     const auto it = m_mapFilters.constFind(nSection);
