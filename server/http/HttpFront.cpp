@@ -12,6 +12,7 @@
 #include <condition_variable>
 #include <deque>
 #include <mutex>
+#include <set>
 #include <thread>
 #include <vector>
 
@@ -87,15 +88,16 @@ bool IsLoopback(const std::string& sAddress)
     return sAddress.rfind("127.", 0) == 0 || sAddress == "::1" || sAddress.rfind("::ffff:127.", 0) == 0;
 }
 
-int LocalPort(const sockaddr_storage& address)
+int PortOf(const sockaddr_storage& address)
 {
     return ntohs(address.ss_family == AF_INET6 ? reinterpret_cast<const sockaddr_in6&>(address).sin6_port
                                                : reinterpret_cast<const sockaddr_in&>(address).sin_port);
 }
 
-/// Ends reading (or reading and writing) on every connection that came to this port. The library waits for
-/// idle connections until their keep-alive time is over and does not tell which ones it has.
-void ShutConnections(int nPort, int nHow)
+/// Ends the connections that came to this port, but for those of the spared ports of their clients. The
+/// library waits for idle connections until their keep-alive time is over and does not tell which ones it
+/// has.
+void ShutConnections(int nPort, const std::multiset<int>& sparedPorts)
 {
     DIR* const pFolder = opendir("/proc/self/fd");
     if (!pFolder)
@@ -108,8 +110,9 @@ void ShutConnections(int nPort, int nHow)
         socklen_t nPeerSize = sizeof(peer);
         if (getsockname(nDescriptor, reinterpret_cast<sockaddr*>(&address), &nSize) == 0
             && getpeername(nDescriptor, reinterpret_cast<sockaddr*>(&peer), &nPeerSize) == 0
-            && (address.ss_family == AF_INET || address.ss_family == AF_INET6) && LocalPort(address) == nPort)
-            shutdown(nDescriptor, nHow);
+            && (address.ss_family == AF_INET || address.ss_family == AF_INET6) && PortOf(address) == nPort
+            && sparedPorts.count(PortOf(peer)) == 0)
+            shutdown(nDescriptor, SHUT_RDWR);
     }
     closedir(pFolder);
 }
@@ -153,6 +156,8 @@ struct HttpFront::Private
     void Bind();
     void AddRoutes();
     void ServeOperation(const httplib::Request& request, httplib::Response& response);
+    void OnAnswered(const httplib::Request& request);
+    void ShutIdle();
     void ServeEvents(const httplib::Request& request, httplib::Response& response);
     bool PassEvents(
         const std::shared_ptr<EventQueue>& pQueue, const RawRequest& raw, httplib::DataSink& sink);
@@ -165,6 +170,8 @@ struct HttpFront::Private
     int nPort = 0;
     std::atomic<bool> bCut{false};
     std::atomic<bool> bEnded{false};
+    std::mutex busyMutex;
+    std::multiset<int> busyPorts; ///< the clients' ports of requests that are being worked on
 };
 
 void HttpFront::Private::MakeServer()
@@ -210,6 +217,8 @@ void HttpFront::Private::AddRoutes()
     pServer->Post("/.*", [this](const auto& request, auto& response) { ServeOperation(request, response); });
     pServer->Get(
         wire::EventPath, [this](const auto& request, auto& response) { ServeEvents(request, response); });
+    pServer->set_logger(
+        [this](const httplib::Request& request, const httplib::Response&) { OnAnswered(request); });
     pServer->set_error_handler([](const httplib::Request&, httplib::Response& response) {
         if (!response.body.empty())
             return;
@@ -222,6 +231,10 @@ void HttpFront::Private::AddRoutes()
 
 void HttpFront::Private::ServeOperation(const httplib::Request& request, httplib::Response& response)
 {
+    {
+        const std::lock_guard lock(busyMutex);
+        busyPorts.insert(request.remote_port);
+    }
     RawRequest raw = MakeRequest(request);
     if (request.path.rfind(wire::OperationPrefix, 0) != 0)
         raw.sOperation.clear();
@@ -230,6 +243,20 @@ void HttpFront::Private::ServeOperation(const httplib::Request& request, httplib
         response.body.clear();
         response.set_content_provider(1, "application/json", [](auto, auto, auto&) { return false; });
     }
+}
+
+// Called when the answer has been written.
+void HttpFront::Private::OnAnswered(const httplib::Request& request)
+{
+    const std::lock_guard lock(busyMutex);
+    if (const auto it = busyPorts.find(request.remote_port); it != busyPorts.end())
+        busyPorts.erase(it);
+}
+
+void HttpFront::Private::ShutIdle()
+{
+    const std::lock_guard lock(busyMutex);
+    ShutConnections(nPort, bCut ? std::multiset<int>() : busyPorts);
 }
 
 void HttpFront::Private::ServeEvents(const httplib::Request& request, httplib::Response& response)
@@ -302,7 +329,7 @@ void HttpFront::Stop()
     m_pPrivate->hub.End();
     m_pPrivate->pServer->stop();
     while (!m_pPrivate->bEnded) {
-        ShutConnections(m_pPrivate->nPort, m_pPrivate->bCut ? SHUT_RDWR : SHUT_RD);
+        m_pPrivate->ShutIdle();
         std::this_thread::sleep_for(StopStep);
     }
     m_pPrivate->thread.join();

@@ -1,5 +1,7 @@
 #include "ServerFixture.h"
 
+#include "store/DatabasePool.h"
+
 namespace ServerTest {
 
 using namespace UICommonMdl;
@@ -102,7 +104,9 @@ TEST_P(DeviceChangeTest, AFaultInTheMiddleOfABatchLeavesNothingHalfDone)
     const int nDevices = Count("device");
     const int nAudit = Count("audit_log");
     // The third device cannot be deleted by the database itself.
-    pServer->RunSql(QStringLiteral("CREATE TABLE hold (device_id BIGINT REFERENCES device (id))"));
+    pServer->Server().Pool().WriteBare([](Platform::Database& database) {
+        database.Execute(QStringLiteral("CREATE TABLE hold (device_id BIGINT REFERENCES device (id))"));
+    });
     pServer->RunSql(QStringLiteral("INSERT INTO hold (device_id) VALUES (1000003)"));
     EXPECT_EQ(pClient->Call<wire::DeleteDevice>({{"1000001", "1000002", "1000003"}, DeleteForced}).nCode,
         ErrorInternal);

@@ -27,7 +27,7 @@ struct TestServerOptions
     int nBusyTimeoutMs = 200;
     int nMaxPages = 0; ///< SQLite only: limit of the database's size
     int nTokenLifetimeMinutes = 720;
-    int nHeartbeatMs = 10000;
+    int nHeartbeatMs = 200; ///< short, so that a reader that wants to end gets the occasion
     QString sCertificate; ///< PEM file; with sKey the server speaks HTTPS
     QString sKey;
 };
