@@ -20,7 +20,7 @@ namespace Platform {
 
 namespace {
 
-constexpr std::size_t BodyLimit = 4 * 1024 * 1024;
+constexpr std::size_t BodyLimit = std::size_t(4) * 1024 * 1024;
 // A connection holds a thread while it is kept alive, an event stream for its whole life.
 constexpr std::size_t RequestThreadLimit = 256;
 constexpr int KeepAliveSeconds = 5;

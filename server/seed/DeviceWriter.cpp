@@ -12,7 +12,7 @@ DeviceWriter::DeviceWriter(Database& database)
 std::string DeviceWriter::AddOrganization(
     const std::string& sParentCode, const std::string& sName, const std::string& sRemark)
 {
-    const std::string sCode = std::to_string(m_database.NextNumber(QStringLiteral("organization")));
+    std::string sCode = std::to_string(m_database.NextNumber(QStringLiteral("organization")));
     const QVariant code = TextValue(sCode);
     m_database.Run(QStringLiteral("INSERT INTO organization (code, parent_code, name, name_key, remark) "
                                   "VALUES (?, ?, ?, ?, ?)"),

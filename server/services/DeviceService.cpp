@@ -200,7 +200,7 @@ wire::BatchAnswer DeviceService::Delete(const Context& context, const wire::Dele
     if (request.nMode != GroupLogical::DeleteNormal && request.nMode != GroupLogical::DeleteForced)
         throw ServiceError(UICommonMdl::ErrorInvalidInput, "nMode");
     const std::vector<std::string> vecIds = CheckedIds(request.vecDeviceIds);
-    const wire::BatchAnswer answer = m_pool.Write([&](Database& database) {
+    wire::BatchAnswer answer = m_pool.Write([&](Database& database) {
         wire::BatchAnswer failed;
         for (const std::string& sId : vecIds) {
             const auto optDevice = Find(database, sId);
@@ -228,7 +228,7 @@ wire::BatchAnswer DeviceService::Delete(const Context& context, const wire::Dele
 wire::BatchAnswer DeviceService::Move(const Context& context, const wire::MoveDeviceRequest& request)
 {
     const std::vector<std::string> vecIds = CheckedIds(request.vecDeviceIds);
-    const wire::BatchAnswer answer = m_pool.Write([&](Database& database) {
+    wire::BatchAnswer answer = m_pool.Write([&](Database& database) {
         {
             Rows rows = database.Run(
                 QStringLiteral("SELECT 1 FROM organization WHERE code = ?"), {TextValue(request.sOrgCode)});

@@ -147,7 +147,7 @@ Organization_t OrganizationService::Add(const Context& context, const Organizati
 Organization_t OrganizationService::Modify(const Context& context, const Organization_t& organization)
 {
     const Organization_t wanted = Checked(organization);
-    const Organization_t changed = m_pool.Write([&](Database& database) {
+    Organization_t changed = m_pool.Write([&](Database& database) {
         const Organization_t before = Find(database, wanted.sCode);
         if (before.nVersion != wanted.nVersion)
             throw ServiceError(UICommonMdl::ErrorVersionConflict);

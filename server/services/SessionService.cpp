@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t UnknownNameLimit = 1000;
 // How much longer a session has to last than the database says before that is written down.
-constexpr std::int64_t ExpiryStepMs = 60 * 1000;
+constexpr std::int64_t ExpiryStepMs = 60000;
 
 } // namespace
 

@@ -21,7 +21,7 @@ class SessionService
 public:
     static constexpr int OrganizationLevelLimit = 10;
     static constexpr int WrongPasswordLimit = 5;
-    static constexpr std::int64_t LockMs = 5 * 60 * 1000;
+    static constexpr std::int64_t LockMs = std::int64_t(5) * 60 * 1000;
 
     SessionService(DatabasePool& pool, EventHub& hub, RightsService& rights, const AuditService& audit,
         Clock clock, int nTokenLifetimeMinutes);

@@ -181,7 +181,7 @@ Rows Database::Run(const QString& sSql, const QVariantList& values)
         pQuery->setForwardOnly(true);
         if (!pQuery->prepare(sSql))
             Fail(*pQuery, sSql);
-        it = m_statements.insert(sSql, std::move(pQuery));
+        it = m_statements.insert(sSql, pQuery);
     }
     QSqlQuery& query = **it;
     for (int i = 0; i < values.size(); ++i)
