@@ -106,6 +106,7 @@ private:
     void QueryAll();
     void QueryOrganizations();
     void QueryCurrentPage();
+    void ShowLoading();
     void QueryLater(bool bOrganizations, bool bDevices);
     void OnGetDevType();
     void OnDevicePage(const GroupParam& param);

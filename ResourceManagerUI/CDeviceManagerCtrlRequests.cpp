@@ -102,7 +102,19 @@ void CDeviceManagerCtrl::QueryAll()
 {
     QueryOrganizations();
     Q_EMIT SignalGetDeviceType();
-    QueryCurrentPage();
+    // The first page is that of the organisation that the tree selects once it is there.
+    if (m_pUi->wgtOrgTree->GetCurrentCode().isEmpty() && m_requests.HasKind(KindOrganizations))
+        ShowLoading();
+    else
+        QueryCurrentPage();
+}
+
+void CDeviceManagerCtrl::ShowLoading()
+{
+    if (m_pModel->rowCount() > 0)
+        return;
+    m_pUi->wgtTableState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading devices"));
+    m_pUi->stackTable->setCurrentWidget(m_pUi->pageState);
 }
 
 void CDeviceManagerCtrl::QueryLater(bool bOrganizations, bool bDevices)
@@ -129,10 +141,13 @@ void CDeviceManagerCtrl::QueryOrganizations()
     const bool bSent = m_requests.Supersede(nSequence, KindOrganizations, [this](const GroupParam& param) {
         if (param.nErrorCode != UICommonMdl::ErrorNone) {
             ShowFailure(Text::tr("Failed to get organization list"), param.nErrorCode);
-            return;
+        } else {
+            m_pUi->wgtOrgTree->SetOrganizations(param.vecOrganizations);
+            m_pUi->wgtOrgTree->SelectCode(std::exchange(m_sSelectAfterQuery, QString()));
         }
-        m_pUi->wgtOrgTree->SetOrganizations(param.vecOrganizations);
-        m_pUi->wgtOrgTree->SelectCode(std::exchange(m_sSelectAfterQuery, QString()));
+        // Without a selection in the tree nothing else asks for the devices.
+        if (m_pUi->wgtOrgTree->GetCurrentCode().isEmpty())
+            QueryCurrentPage();
     });
     if (!bSent)
         ShowFailure(Text::tr("Failed to get organization list"), UICommonMdl::ErrorNone);
@@ -171,10 +186,7 @@ void CDeviceManagerCtrl::QueryCurrentPage()
             ShowTableState(UICommonMdl::ErrorInternal);
         return;
     }
-    if (m_pModel->rowCount() == 0) {
-        m_pUi->wgtTableState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading devices"));
-        m_pUi->stackTable->setCurrentWidget(m_pUi->pageState);
-    }
+    ShowLoading();
 }
 
 void CDeviceManagerCtrl::OnDevicePage(const GroupParam& param)

@@ -8,6 +8,8 @@
 #include <Trv/QSkin.h>
 #include <UICommonMdl/CInterfaceSetManager.h>
 #include <UICommonMdl/ILocalConfig.h>
+#include <common/CCheckDelegate.h>
+#include <common/CFlowLayout.h>
 #include <common/CRowButtonDelegate.h>
 #include <common/StyleSheet.h>
 
@@ -101,7 +103,7 @@ void CDeviceManagerCtrl::SetUpTable()
     m_pHeader->setSortIndicatorShown(true);
     m_pHeader->setStretchLastSection(true);
     m_pHeader->setSortIndicator(m_nSortColumn, m_sortOrder);
-    const int widths[] = {40, 110, 150, 180, 140, 120, 150, 120, 150, 120, 120, 110};
+    const int widths[] = {40, 100, 112, 168, 128, 120, 128, 116, 136, 120, 120, 100};
     for (int nColumn = 0; nColumn < ColumnCount; ++nColumn)
         m_pHeader->resizeSection(nColumn, widths[nColumn]);
     m_pHeader->setSectionResizeMode(ColumnCheck, QHeaderView::Fixed);
@@ -114,6 +116,7 @@ void CDeviceManagerCtrl::SetUpTable()
         this);
     m_pRowButtons->setObjectName(QStringLiteral("rowButtons"));
     pTable->setItemDelegateForColumn(ColumnOperation, m_pRowButtons);
+    pTable->setItemDelegateForColumn(ColumnCheck, new Common::CCheckDelegate(pTable));
 
     connect(m_pRowButtons, &Common::CRowButtonDelegate::SignalButtonClicked, this,
         &CDeviceManagerCtrl::OnTableBtnClicked);
@@ -194,6 +197,11 @@ void CDeviceManagerCtrl::SetUpCategories()
         {40, m_pUi->btnPOSDevice}, {3, m_pUi->btnAlarmHostDevice}, {8, m_pUi->btnAccessDevice},
         {21, m_pUi->btnVideoTalkDevice}, {5, m_pUi->btnANPRPicDevice}, {16, m_pUi->btnLedDevice},
         {45, m_pUi->btnVideoWallControlDevice}, {CategoryLiftController, m_pUi->btnLiftControllerDevice}};
+    auto* pFlow = new Common::CFlowLayout(m_pUi->wgtFilter);
+    const auto listButtons =
+        m_pUi->wgtFilter->findChildren<QPushButton*>(QString(), Qt::FindDirectChildrenOnly);
+    for (QPushButton* pButton : listButtons)
+        pFlow->addWidget(pButton);
     for (const auto& [nCategory, pButton] : m_mapCategoryButtons) {
         pButton->setCheckable(true);
         connect(pButton, &QAbstractButton::clicked, this, &CDeviceManagerCtrl::OnFilterBtnClicked);

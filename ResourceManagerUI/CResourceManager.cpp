@@ -7,6 +7,7 @@
 #include <Trv/QSkin.h>
 #include <UICommonMdl/CInterfaceSetManager.h>
 #include <UserLogical/IUserManager.h>
+#include <VxGUI/TextLayout.h>
 #include <common/StyleSheet.h>
 
 namespace ResourceManagerUI {
@@ -15,6 +16,7 @@ namespace {
 constexpr const char* RightDeviceManager = "001001001";
 constexpr const char* RightDeviceConfig = "001001002";
 constexpr int MsgRightsChanged = 7;
+constexpr int NavigationTextWidth = 90;
 } // namespace
 
 CResourceManager::CResourceManager(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
@@ -55,6 +57,8 @@ void CResourceManager::SetUpEntry(
     icon.addFile(path("-h.svg"), QSize(), QIcon::Active);
     icon.addFile(path("-p.svg"), QSize(), QIcon::Normal, QIcon::On);
     pButton->setIcon(icon);
+    pButton->setText(VxGUI::WrapTitle(pButton->text(), pButton->fontMetrics(), NavigationTextWidth));
+    pButton->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     pButton->setIconSize({24, 24});
     connect(pButton, &QToolButton::toggled, pPage, [this, pPage](bool bChecked) {
         if (bChecked)

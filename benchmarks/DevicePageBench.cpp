@@ -7,6 +7,7 @@
 #include <PlatformLogic/CPlatformClient.h>
 #include <ResourceManagerUI/CDeviceManagerCtrl.h>
 #include <UICommonMdl/CInterfaceSetManager.h>
+#include <UICommonMdl/ILocalConfig.h>
 #include <server/services/DevicePages.h>
 #include <server/store/Database.h>
 
@@ -46,7 +47,6 @@ public:
         m_pPage->resize(WindowSize);
         m_pPage->show();
         m_pTable = m_pPage->findChild<QTreeView*>(QStringLiteral("treeDevice"));
-        m_pPage->findChild<UICommonMdl::CNumberPageCtrl*>(QStringLiteral("wgtTableFlip"));
         WaitUntil([this] { return m_pTable->model()->rowCount() == PageSize; });
     }
 

@@ -1,5 +1,7 @@
 #include <VxGUI/VxTabPanel.h>
 
+#include <VxGUI/TextLayout.h>
+
 #include <QKeyEvent>
 #include <QToolButton>
 
@@ -11,24 +13,6 @@ constexpr int MaxTabWidth = 220;
 constexpr int Spacing = 8;
 constexpr QSize IconSize(48, 48);
 constexpr int TextMargin = 8;
-
-/// The title on two lines when one is too narrow for it, broken at the blank that leaves the lines most
-/// alike.
-QString WrapTitle(const QString& sTitle, const QFontMetrics& metrics, int nWidth)
-{
-    if (metrics.horizontalAdvance(sTitle) <= nWidth)
-        return sTitle;
-    int nBreak = -1;
-    for (int i = sTitle.indexOf(QLatin1Char(' ')); i >= 0; i = sTitle.indexOf(QLatin1Char(' '), i + 1)) {
-        if (nBreak < 0 || qAbs(2 * i - sTitle.size()) < qAbs(2 * nBreak - sTitle.size()))
-            nBreak = i;
-    }
-    if (nBreak < 0)
-        return metrics.elidedText(sTitle, Qt::ElideRight, nWidth);
-    return metrics.elidedText(sTitle.left(nBreak), Qt::ElideRight, nWidth) + QLatin1Char('\n')
-        + metrics.elidedText(sTitle.mid(nBreak + 1), Qt::ElideRight, nWidth);
-}
-
 } // namespace
 
 VxTabPanel::VxTabPanel(QWidget* pParent)

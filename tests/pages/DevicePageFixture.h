@@ -46,7 +46,8 @@ protected:
     {
         for (int nRow = 0; nRow < nCount; ++nRow) {
             const QModelIndex index = Model()->index(nRow, ResourceManagerUI::ColumnCheck);
-            Model()->setData(index, Qt::Checked, Qt::CheckStateRole);
+            m_pDriver->ClickIndex(Table(), index);
+            EXPECT_EQ(index.data(Qt::CheckStateRole).toInt(), Qt::Checked);
         }
     }
     Request LastRequest() { return m_host.group.LastArgument<Request>("QueryDevicePage"); }

@@ -1,0 +1,204 @@
+#include "LiveClient.h"
+
+#include <UICommonMdl/CErrorCode.h>
+#include <VxGUI/VxEmptyState.h>
+#include <VxGUI/VxLineEdit.h>
+#include <VxPluginAPI/IAbstractWidget.h>
+#include <client/app/CMainWindow.h>
+#include <client/app/CPluginHost.h>
+#include <client/app/CSignInDlg.h>
+#include <server/services/RightsService.h>
+
+#include <QLabel>
+#include <QToolButton>
+
+using ClientApp::CSignInDlg;
+using TestSupport::TestServer;
+using TestSupport::TestServerOptions;
+
+namespace {
+
+class SignIn : public testing::Test
+{
+protected:
+    void Open(bool bSetUp)
+    {
+        TestServerOptions options;
+        options.bSetUp = bSetUp;
+        m_pServer = std::make_unique<TestServer>(options);
+        m_client.SetServer(m_pServer->Url());
+        m_pDialog = std::make_unique<CSignInDlg>(m_client);
+        m_pDriver = std::make_unique<PageDriver>(*m_pDialog, QSize(420, 520));
+        m_pDialog->Connect();
+        PageDriver::WaitFor([&] { return m_pDriver->IsUsable(QStringLiteral("btnSignIn")); });
+    }
+
+    void Submit(const QString& sUser, const QString& sPassword)
+    {
+        m_pDriver->Type(QStringLiteral("edtUserName"), sUser);
+        m_pDriver->Type(QStringLiteral("edtPassword"), sPassword);
+        m_pDriver->Key(QStringLiteral("edtPassword"), Qt::Key_Return);
+        PageDriver::WaitFor([&] { return m_client.GetOpenRequestCount() == 0; });
+        PageDriver::Settle();
+    }
+
+    QString Error() { return m_pDriver->Find<QLabel>(QStringLiteral("lbError"))->text(); }
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<TestServer> m_pServer;
+    PlatformLogic::CPlatformClient m_client{m_folder.path()};
+    std::unique_ptr<CSignInDlg> m_pDialog;
+    std::unique_ptr<PageDriver> m_pDriver;
+};
+
+} // namespace
+
+TEST_F(SignIn, TheFirstStartAsksForThePasswordOfTheBuiltInAccount)
+{
+    Open(false);
+    struct
+    {
+        const char* pszPassword;
+        const char* pszConfirm;
+        const char* pszField; ///< that shows the fault
+    } const faults[] = {{"short1", "short1", "edtPassword"}, {"aaaaaaaaaa", "aaaaaaaaaa", "edtPassword"},
+        {"password123", "password123", "edtPassword"}, {"Lantern-42", "Lantern-43", "edtConfirm"}};
+    for (const auto& fault : faults) {
+        m_pDriver->Type(QStringLiteral("edtPassword"), QLatin1String(fault.pszPassword));
+        m_pDriver->Type(QStringLiteral("edtConfirm"), QLatin1String(fault.pszConfirm));
+        m_pDriver->Click(QStringLiteral("btnSignIn"));
+        EXPECT_FALSE(
+            m_pDriver->Find<VxGUI::VxLineEdit>(QLatin1String(fault.pszField))->GetErrorHint().isEmpty())
+            << fault.pszPassword;
+        EXPECT_EQ(m_client.GetOpenRequestCount(), 0);
+    }
+    m_pDriver->Type(QStringLiteral("edtPassword"), QStringLiteral("Lantern-42"));
+    m_pDriver->Type(QStringLiteral("edtConfirm"), QStringLiteral("Lantern-42"));
+    m_pDriver->Click(QStringLiteral("btnSignIn"));
+    PageDriver::WaitFor([&] { return m_pDialog->result() == QDialog::Accepted; });
+    EXPECT_TRUE(m_client.IsSignedIn());
+    EXPECT_EQ(m_client.GetUserManager()->GetMenuRights().size(), 15U);
+}
+
+TEST_F(SignIn, WrongPasswordsLockTheAccountAndSaySo)
+{
+    Open(true);
+    for (int i = 0; i < 5; ++i) {
+        Submit(QStringLiteral("system"), QStringLiteral("Wrong-1234"));
+        EXPECT_FALSE(Error().isEmpty());
+        EXPECT_FALSE(m_client.IsSignedIn());
+    }
+    Submit(QStringLiteral("system"), QString::fromStdString(TestServer::AdminPassword()));
+    EXPECT_EQ(Error(), UICommonMdl::CErrorCode::GetErroCodeInfor(UICommonMdl::ErrorAccountLocked));
+    m_pServer->AdvanceClock(5 * 60 * 1000 + 1);
+    Submit(QStringLiteral("system"), QString::fromStdString(TestServer::AdminPassword()));
+    EXPECT_TRUE(m_client.IsSignedIn());
+}
+
+TEST_F(SignIn, AServerThatIsDownCanBeTriedAgain)
+{
+    Open(true);
+    m_pServer->Stop();
+    m_pDialog->Connect();
+    PageDriver::WaitFor([&] { return m_pDriver->IsUsable(QStringLiteral("btnStateAction")); });
+    EXPECT_EQ(m_pDialog->findChild<VxGUI::VxEmptyState*>()->GetKind(), VxGUI::VxEmptyState::Kind::Failed);
+    m_pServer->Start();
+    m_pDriver->Click(QStringLiteral("btnStateAction"));
+    PageDriver::WaitFor([&] { return m_pDriver->IsUsable(QStringLiteral("btnSignIn")); });
+}
+
+namespace {
+
+/// The client's window on the plug-in library itself.
+class MainWindow : public testing::Test
+{
+protected:
+    void Open(const std::string& sUser)
+    {
+        m_pClient = std::make_unique<LiveClient>(m_server, sUser);
+        m_pPlugin = std::make_unique<ClientApp::CPluginHost>();
+        const QString sError = m_pPlugin->Load(qEnvironmentVariable("PRODUCT_BINARY_DIR")
+                + QStringLiteral("/lib/plugins/libConfigManagerPlugin.so"),
+            &m_pClient->Client());
+        ASSERT_TRUE(sError.isEmpty()) << qPrintable(sError);
+        m_pWindow =
+            std::make_unique<ClientApp::CMainWindow>(m_pClient->Client(), m_pPlugin->GetTopLevelWidget());
+        m_pDriver = std::make_unique<PageDriver>(*m_pWindow, QSize(1280, 800));
+    }
+
+    void TearDown() override
+    {
+        m_pDriver.reset();
+        m_pWindow.reset();
+        m_pPlugin.reset();
+        m_pClient.reset();
+    }
+
+    QStringList Tabs()
+    {
+        QStringList listNames;
+        for (const QToolButton* pTab : m_pWindow->findChildren<QToolButton*>()) {
+            if (pTab->property("tab").toBool() && pTab->isVisible())
+                listNames << pTab->objectName();
+        }
+        listNames.sort();
+        return listNames;
+    }
+
+    TestServer m_server{[] {
+        TestServerOptions options;
+        options.bSeedDemo = true;
+        return options;
+    }()};
+    std::unique_ptr<LiveClient> m_pClient;
+    std::unique_ptr<ClientApp::CPluginHost> m_pPlugin;
+    std::unique_ptr<ClientApp::CMainWindow> m_pWindow;
+    std::unique_ptr<PageDriver> m_pDriver;
+};
+
+} // namespace
+
+TEST_F(MainWindow, RightsThatChangeOnTheServerRebuildTheHomePage)
+{
+    m_server.AddAccount("guard", {"001001", "001001001", "002001"});
+    Open("guard");
+    EXPECT_EQ(
+        Tabs(), (QStringList{QStringLiteral("EventConfigWidget"), QStringLiteral("ResourceManagerWidget")}));
+    m_pDriver->Click(QStringLiteral("EventConfigWidget"));
+    EXPECT_NE(m_pWindow->GetShownPage()->objectName(), QStringLiteral("pageHome"));
+
+    m_server.RunSql(QStringLiteral("DELETE FROM role_right WHERE right_code = '002001' AND role_id <> 1"));
+    m_server.Server().Rights().Reload();
+    PageDriver::WaitFor(
+        [&] { return m_pWindow->GetShownPage()->objectName() == QStringLiteral("pageHome"); });
+    EXPECT_EQ(Tabs(), QStringList{QStringLiteral("ResourceManagerWidget")});
+}
+
+TEST_F(MainWindow, EveryEntryOpensItsPageAndHomeLeadsBack)
+{
+    Open("system");
+    const QStringList listTabs = Tabs();
+    ASSERT_EQ(listTabs.size(), 15);
+    for (const QString& sTab : listTabs) {
+        m_pDriver->Click(sTab);
+        QWidget* pPage = m_pWindow->GetShownPage();
+        EXPECT_NE(pPage->objectName(), QStringLiteral("pageHome")) << qPrintable(sTab);
+        const auto* pState = pPage->findChild<VxGUI::VxEmptyState*>();
+        const bool bNotAvailable = pState && pState->GetKind() == VxGUI::VxEmptyState::Kind::NotAvailable;
+        EXPECT_EQ(bNotAvailable && pState->isVisible(), sTab != QStringLiteral("ResourceManagerWidget"))
+            << qPrintable(sTab);
+        m_pDriver->Click(QStringLiteral("btnHome"));
+        EXPECT_EQ(m_pWindow->GetShownPage()->objectName(), QStringLiteral("pageHome"));
+    }
+    m_pClient->WaitIdle();
+}
+
+TEST_F(MainWindow, ALostConnectionIsShownUntilItIsBack)
+{
+    Open("system");
+    EXPECT_FALSE(m_pDriver->IsShown(QStringLiteral("lbConnection")));
+    m_server.Stop();
+    PageDriver::WaitFor([&] { return m_pDriver->IsShown(QStringLiteral("lbConnection")); });
+    m_server.Start();
+    PageDriver::WaitFor([&] { return !m_pDriver->IsShown(QStringLiteral("lbConnection")); });
+}
