@@ -31,8 +31,9 @@ QString FailureText(const QString& sPrefix, int nErrorCode)
     const QString sError = UICommonMdl::CErrorCode::GetErroCodeInfor(nErrorCode);
     if (sError.isEmpty())
         return sPrefix;
-    const QString sHead = sPrefix.endsWith(QLatin1Char('.')) ? sPrefix.chopped(1) : sPrefix;
-    return sHead.trimmed() + QStringLiteral(": ") + sError;
+    // A sentence is followed by a sentence, a phrase by its explanation.
+    const QString sHead = sPrefix.trimmed();
+    return sHead + (sHead.endsWith(QLatin1Char('.')) ? QStringLiteral(" ") : QStringLiteral(": ")) + sError;
 }
 
 } // namespace Common

@@ -10,13 +10,14 @@ int main(int argc, char** argv)
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 
-    // The options are read before there is a display, so that --help works without one.
-    QStringList listArguments;
-    for (int i = 0; i < argc; ++i)
-        listArguments << QString::fromLocal8Bit(argv[i]);
+    // The options are read without a display, so that --help works without one.
     int nExitCode = 0;
     QString sOutput;
-    const auto options = ClientApp::ParseOptions(listArguments, nExitCode, sOutput);
+    std::optional<ClientApp::ClientOptions> options;
+    {
+        const QCoreApplication console(argc, argv);
+        options = ClientApp::ParseOptions(QCoreApplication::arguments(), nExitCode, sOutput);
+    }
     if (!options) {
         fputs(qPrintable(sOutput), nExitCode == 0 ? stdout : stderr);
         return nExitCode;

@@ -132,7 +132,7 @@ TEST_F(LiveDevicePage, DeletedDevicesStayDeletedOverARestart)
     EXPECT_EQ(m_client.Total(), 0) << "the page asks again when the dialog closes";
 
     m_server.Restart();
-    PageDriver::WaitFor([&] { return m_client.Driver().IsUsable(QStringLiteral("btnRefresh")); });
+    m_client.WaitReconnected();
     m_client.Search(QString());
     EXPECT_EQ(m_client.Total(), nBefore - 1);
 }
@@ -184,8 +184,7 @@ TEST_F(LiveDevicePage, AServerKilledInABatchLeavesWholeDevicesAndThePageRecovers
     PageDriver::WaitFor([&] { return m_client.Client().GetOpenRequestCount() == 0; });
     if (DeleteDialog())
         CloseDeleteDialog();
-    PageDriver::WaitFor([&] { return m_client.Driver().IsUsable(QStringLiteral("btnRefresh")); });
-    m_client.WaitIdle();
+    m_client.WaitReconnected();
     EXPECT_EQ(m_client.Total(), CountDevices());
     EXPECT_LE(CountDevices(), nBefore);
     EXPECT_EQ(

@@ -1,5 +1,6 @@
 #include "LiveClient.h"
 
+#include <RemoteConfigLogical/IRemoteConfigManager.h>
 #include <ResourceManagerUI/CDeviceManagerCtrl.h>
 #include <ResourceManagerUI/CDeviceModel.h>
 #include <ResourceManagerUI/COrganizationTreeCtrl.h>
@@ -13,7 +14,8 @@
 using TestSupport::TestServer;
 
 LiveClient::LiveClient(TestServer& server, const std::string& sUser)
-    : m_client(m_folder.path())
+    : m_server(server)
+    , m_client(m_folder.path())
 {
     m_interfaces.AddAbstractResourceManager(&m_client);
     m_client.SetServer(server.Url());
@@ -100,6 +102,16 @@ void LiveClient::WaitIdle()
     PageDriver::Settle();
     PageDriver::WaitFor([this] { return m_client.GetOpenRequestCount() == 0; });
     PageDriver::Settle();
+}
+
+void LiveClient::WaitReconnected()
+{
+    PageDriver::WaitFor([this] {
+        return m_server.StreamCount() > 0 && m_client.GetRemoteConfigManager()->IsServerConnected();
+    });
+    PageDriver::Settle();
+    PageDriver::WaitFor([this] { return m_pDriver->IsUsable(QStringLiteral("btnRefresh")); });
+    WaitIdle();
 }
 
 QString LiveClient::Notice()

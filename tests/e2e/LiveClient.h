@@ -47,9 +47,12 @@ public:
     /// Types a search and waits for the rows that it finds.
     void Search(const QString& sText);
     void WaitIdle();
+    /// After a restart of the server: waits until the page works again.
+    void WaitReconnected();
     QString Notice();
 
 private:
+    TestSupport::TestServer& m_server;
     QTemporaryDir m_folder;
     PlatformLogic::CPlatformClient m_client;
     UICommonMdl::CInterfaceSetManager m_interfaces;

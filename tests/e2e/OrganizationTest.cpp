@@ -69,8 +69,7 @@ TEST_F(LiveOrganizations, AddedRenamedAndDeletedOnTheServer)
     EXPECT_TRUE(Exists(QStringLiteral("Annex East")));
 
     m_server.Restart();
-    PageDriver::WaitFor([&] { return m_client.Driver().IsUsable(QStringLiteral("btnRefresh")); });
-    m_client.WaitIdle();
+    m_client.WaitReconnected();
     m_client.SelectOrganization(QStringLiteral("Annex East"));
     m_dialogs.AnswerNext(true);
     m_client.Driver().Click(QStringLiteral("btnDeleteOrg"));
