@@ -25,7 +25,7 @@ struct Text
 };
 
 constexpr int PushDelayMs = 200;
-constexpr int DefaultTreeWidth = 240;
+constexpr int DefaultTreeWidth = 204;
 const QString SkinFolder = QStringLiteral("ResourceManagerUI/DeviceManager");
 
 } // namespace
@@ -103,7 +103,7 @@ void CDeviceManagerCtrl::SetUpTable()
     m_pHeader->setSortIndicatorShown(true);
     m_pHeader->setStretchLastSection(true);
     m_pHeader->setSortIndicator(m_nSortColumn, m_sortOrder);
-    const int widths[] = {40, 100, 112, 168, 128, 120, 128, 116, 136, 120, 120, 100};
+    const int widths[] = {40, 100, 112, 160, 128, 120, 124, 126, 130, 120, 120, 92};
     for (int nColumn = 0; nColumn < ColumnCount; ++nColumn)
         m_pHeader->resizeSection(nColumn, widths[nColumn]);
     m_pHeader->setSectionResizeMode(ColumnCheck, QHeaderView::Fixed);

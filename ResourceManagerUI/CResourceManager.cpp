@@ -16,7 +16,7 @@ namespace {
 constexpr const char* RightDeviceManager = "001001001";
 constexpr const char* RightDeviceConfig = "001001002";
 constexpr int MsgRightsChanged = 7;
-constexpr int NavigationTextWidth = 90;
+constexpr int NavigationTextWidth = 96;
 } // namespace
 
 CResourceManager::CResourceManager(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
@@ -57,6 +57,8 @@ void CResourceManager::SetUpEntry(
     icon.addFile(path("-h.svg"), QSize(), QIcon::Active);
     icon.addFile(path("-p.svg"), QSize(), QIcon::Normal, QIcon::On);
     pButton->setIcon(icon);
+    // The font is the style sheet's only once the button is polished.
+    pButton->ensurePolished();
     pButton->setText(VxGUI::WrapTitle(pButton->text(), pButton->fontMetrics(), NavigationTextWidth));
     pButton->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     pButton->setIconSize({24, 24});

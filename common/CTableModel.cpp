@@ -58,6 +58,11 @@ int CTableModel::FindRow(const QString& sId) const
     return m_mapRows.value(sId, -1);
 }
 
+QVariant CTableModel::data(const QModelIndex& index, int nRole) const
+{
+    return QStandardItemModel::data(index, nRole == Qt::ToolTipRole ? int(Qt::DisplayRole) : nRole);
+}
+
 QStringList CTableModel::GetCheckedIds() const
 {
     QStringList listIds;

@@ -31,6 +31,9 @@ public:
     /// that are still there.
     void SetRows(const QVector<Row>& vecRows);
 
+    /// The tool tip of a cell is its text, for cells that are too narrow.
+    QVariant data(const QModelIndex& index, int nRole = Qt::DisplayRole) const override;
+
     QString GetId(int nRow) const;
     /// -1 when no row has that id.
     int FindRow(const QString& sId) const;

@@ -167,7 +167,8 @@ TEST_F(MainWindow, RightsThatChangeOnTheServerRebuildTheHomePage)
     m_pDriver->Click(QStringLiteral("EventConfigWidget"));
     EXPECT_NE(m_pWindow->GetShownPage()->objectName(), QStringLiteral("pageHome"));
 
-    m_server.RunSql(QStringLiteral("DELETE FROM role_right WHERE right_code = '002001' AND role_id <> 1"));
+    m_server.RunSql(QStringLiteral(
+        "DELETE FROM role_right WHERE code = '002001' AND role_id = (SELECT MAX(id) FROM role)"));
     m_server.Server().Rights().Reload();
     PageDriver::WaitFor(
         [&] { return m_pWindow->GetShownPage()->objectName() == QStringLiteral("pageHome"); });
