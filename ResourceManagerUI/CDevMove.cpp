@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QDialogButtonBox>
+#include <QPushButton>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -36,6 +37,7 @@ CDevMove::CDevMove(const std::vector<GroupLogical::Organization_t>& vecOrganizat
     m_pTree->setModel(m_pModel);
     m_pTree->expandAll();
     auto* pButtons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    pButtons->button(QDialogButtonBox::Ok)->setProperty("role", QStringLiteral("primary"));
     pButtons->setObjectName(QStringLiteral("buttonBox"));
     connect(pButtons, &QDialogButtonBox::accepted, this, &CDevMove::accept);
     connect(pButtons, &QDialogButtonBox::rejected, this, &CDevMove::reject);

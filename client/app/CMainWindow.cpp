@@ -34,8 +34,7 @@ CMainWindow::CMainWindow(PlatformLogic::CPlatformClient& client, VxPluginAPI::IA
     auto* pMenu = new QMenu(m_pUi->btnUser);
     connect(pMenu->addAction(tr("Sign Out")), &QAction::triggered, this, &CMainWindow::SignalSignOut);
     m_pUi->btnUser->setMenu(pMenu);
-    m_pUi->lbConnection->setText(
-        tr("The connection to the server is lost. Trying again. What you see may be out of date."));
+    m_pUi->lbConnection->setText(tr("Connection lost, trying again"));
     m_pUi->lbConnection->hide();
 
     connect(m_pUi->btnHome, &QToolButton::clicked, this, &CMainWindow::ShowHome);
