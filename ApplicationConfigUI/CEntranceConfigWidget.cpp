@@ -4,8 +4,9 @@ namespace ApplicationConfigUI {
 
 CEntranceConfigWidget::CEntranceConfigWidget(UICommonMdl::CInterfaceSetManager* pInterfaceSet)
     : CEntryWidget(pInterfaceSet,
-        {"002009", "EntranceConfigWidget", QT_TRANSLATE_NOOP("CEntranceConfigWidget", "Entrance and Exit"), "CEntranceConfigWidget",
-            QStringLiteral("ApplicationConfigUI/Entrance"), QStringLiteral("entrence.png"), QStringLiteral("entrence-d.png")})
+        {"002009", "EntranceConfigWidget", QT_TRANSLATE_NOOP("CEntranceConfigWidget", "Entrance and Exit"),
+            "CEntranceConfigWidget", QStringLiteral("ApplicationConfigUI/Entrance"),
+            QStringLiteral("entrence.png"), QStringLiteral("entrence-d.png")})
 {
 }
 

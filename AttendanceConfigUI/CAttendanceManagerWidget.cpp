@@ -4,8 +4,9 @@ namespace AttendanceConfigUI {
 
 CAttendanceManagerWidget::CAttendanceManagerWidget(UICommonMdl::CInterfaceSetManager* pInterfaceSet)
     : CEntryWidget(pInterfaceSet,
-        {"002007", "AttendanceManagerWidget", QT_TRANSLATE_NOOP("CAttendanceManagerWidget", "Attendance"), "CAttendanceManagerWidget",
-            QStringLiteral("AttendanceConfigUI"), QStringLiteral("Attendance.png"), QString()})
+        {"002007", "AttendanceManagerWidget", QT_TRANSLATE_NOOP("CAttendanceManagerWidget", "Attendance"),
+            "CAttendanceManagerWidget", QStringLiteral("AttendanceConfigUI"),
+            QStringLiteral("Attendance.png"), QString()})
 {
 }
 

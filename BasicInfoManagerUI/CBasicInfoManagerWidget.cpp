@@ -4,8 +4,10 @@ namespace BasicInfoManagerUI {
 
 CBasicInfoManagerWidget::CBasicInfoManagerWidget(UICommonMdl::CInterfaceSetManager* pInterfaceSet)
     : CEntryWidget(pInterfaceSet,
-        {"002003", "BasicInfoManagerUI", QT_TRANSLATE_NOOP("CBasicInfoManagerWidget", "Person and Vehicle Info"), "CBasicInfoManagerWidget",
-            QStringLiteral("BasicInfoManagerUI"), QStringLiteral("BasicInfo-d.png"), QString()})
+        {"002003", "BasicInfoManagerUI",
+            QT_TRANSLATE_NOOP("CBasicInfoManagerWidget", "Person and Vehicle Info"),
+            "CBasicInfoManagerWidget", QStringLiteral("BasicInfoManagerUI"),
+            QStringLiteral("BasicInfo-d.png"), QString()})
 {
 }
 

@@ -4,8 +4,9 @@ namespace PlatformConfigUI {
 
 CStorageManagerWidget::CStorageManagerWidget(UICommonMdl::CInterfaceSetManager* pInterfaceSet)
     : CEntryWidget(pInterfaceSet,
-        {"001003", "StorageManagerWidget", QT_TRANSLATE_NOOP("CStorageManagerWidget", "Storage"), "CStorageManagerWidget",
-            QStringLiteral("PlatformConfigUI"), QStringLiteral("storageconfig_pane.png"), QString()})
+        {"001003", "StorageManagerWidget", QT_TRANSLATE_NOOP("CStorageManagerWidget", "Storage"),
+            "CStorageManagerWidget", QStringLiteral("PlatformConfigUI"),
+            QStringLiteral("storageconfig_pane.png"), QString()})
 {
 }
 

@@ -5,7 +5,8 @@ namespace PlatformConfigUI {
 CUserManagerWidget::CUserManagerWidget(UICommonMdl::CInterfaceSetManager* pInterfaceSet)
     : CEntryWidget(pInterfaceSet,
         {"001002", "UserManagerWidget", QT_TRANSLATE_NOOP("CUserManagerWidget", "User"), "CUserManagerWidget",
-            QStringLiteral("PlatformConfigUI/UserManagerUI"), QStringLiteral("usermanager_pane.png"), QStringLiteral("usermanager_pane-d.png")})
+            QStringLiteral("PlatformConfigUI/UserManagerUI"), QStringLiteral("usermanager_pane.png"),
+            QStringLiteral("usermanager_pane-d.png")})
 {
 }
 

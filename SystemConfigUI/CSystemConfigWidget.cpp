@@ -4,8 +4,9 @@ namespace SystemConfigUI {
 
 CSystemConfigWidget::CSystemConfigWidget(UICommonMdl::CInterfaceSetManager* pInterfaceSet)
     : CEntryWidget(pInterfaceSet,
-        {"003003", "SystemConfigWidget", QT_TRANSLATE_NOOP("CSystemConfigWidget", "System Parameters"), "CSystemConfigWidget",
-            QStringLiteral("SystemConfigUI"), QStringLiteral("SystemConfig.png"), QString()})
+        {"003003", "SystemConfigWidget", QT_TRANSLATE_NOOP("CSystemConfigWidget", "System Parameters"),
+            "CSystemConfigWidget", QStringLiteral("SystemConfigUI"), QStringLiteral("SystemConfig.png"),
+            QString()})
 {
 }
 

@@ -13,10 +13,10 @@ function(_product_defaults target)
     target_compile_definitions(${target} PRIVATE
         QT_NO_KEYWORDS QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING QT_DEPRECATED_WARNINGS
         QT_NO_FOREACH QT_USE_QSTRINGBUILDER)
+    # stringop-overflow and maybe-uninitialized: false alarms of GCC 12 inside the standard library.
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Werror -Wnon-virtual-dtor
-        -Woverloaded-virtual -Wno-error=deprecated-declarations
-        # False positives of GCC 12 inside the standard library when sanitizers instrument it.
-        $<$<BOOL:${PRODUCT_SANITIZE}>:-Wno-maybe-uninitialized -Wno-stringop-overflow>)
+        -Woverloaded-virtual -Wno-error=deprecated-declarations -Wno-stringop-overflow
+        $<$<BOOL:${PRODUCT_SANITIZE}>:-Wno-maybe-uninitialized>)
     if(PRODUCT_SANITIZE)
         string(REPLACE ";" "," _kinds "${PRODUCT_SANITIZE}")
         target_compile_options(${target} PRIVATE -fsanitize=${_kinds} -fno-omit-frame-pointer)

@@ -13,6 +13,7 @@ namespace ConfigManagerPlugin {
 namespace {
 constexpr int MsgRightsChanged = 7;
 constexpr int MsgAutoResize = 36;
+constexpr QSize HeaderIconSize(20, 20);
 
 /// The texts' context is the class name alone, which the class's own tr would put behind its namespace.
 struct Text
@@ -171,6 +172,7 @@ void CConfigManagerCtrl::showEvent(QShowEvent* pEvent)
 {
     CBasePanel::showEvent(pEvent);
     LoadStyleSheet();
+    LoadHeaderIcons();
 }
 
 void CConfigManagerCtrl::LoadStyleSheet()
@@ -179,15 +181,19 @@ void CConfigManagerCtrl::LoadStyleSheet()
     QString sStyleSheet;
     const QString sPath =
         Trv::GetSkinPath(objectName() + QStringLiteral(".qss"), QString::fromLatin1(PluginName));
-    if (Trv::loadStyleSheet(sPath, sStyleSheet))
+    // Setting the same text again would make every widget of the page look up its style anew.
+    if (Trv::loadStyleSheet(sPath, sStyleSheet) && sStyleSheet != styleSheet())
         setStyleSheet(sStyleSheet);
-    const QIcon icons[] = {
-        QIcon(Trv::GetSkinPath(QStringLiteral("basic.svg"), QString::fromLatin1(PluginName))),
-        QIcon(Trv::GetSkinPath(QStringLiteral("application.svg"), QString::fromLatin1(PluginName))),
-        QIcon(Trv::GetSkinPath(QStringLiteral("system.svg"), QString::fromLatin1(PluginName)))};
-    m_pUi->lbBasicIcon->setPixmap(icons[0].pixmap(windowHandle(), QSize(20, 20)));
-    m_pUi->lbApplicationIcon->setPixmap(icons[1].pixmap(windowHandle(), QSize(20, 20)));
-    m_pUi->lbSystemIcon->setPixmap(icons[2].pixmap(windowHandle(), QSize(20, 20)));
+}
+
+void CConfigManagerCtrl::LoadHeaderIcons()
+{
+    const std::pair<QLabel*, const char*> headers[] = {{m_pUi->lbBasicIcon, "basic.svg"},
+        {m_pUi->lbApplicationIcon, "application.svg"}, {m_pUi->lbSystemIcon, "system.svg"}};
+    for (const auto& [pLabel, pszFile] : headers) {
+        const QString sPath = Trv::GetSkinPath(QLatin1String(pszFile), QString::fromLatin1(PluginName));
+        pLabel->setPixmap(QIcon(sPath).pixmap(HeaderIconSize));
+    }
 }
 
 } // namespace ConfigManagerPlugin

@@ -55,6 +55,7 @@ private:
     void OrderTabs();
     void SetAutoResize(bool bEnable);
     void LoadStyleSheet();
+    void LoadHeaderIcons();
 
     Group ApplicationGroup();
     Group PlatformGroup();

@@ -76,6 +76,11 @@ struct DevicePages::Filter
     QString Where(const Database& database, bool bWalk, const Plan* pPlan, QVariantList& values) const;
     QString Statement(const Database& database, bool bWalk, const Plan& plan, QVariantList& values) const;
     bool IsEmpty() const { return sOrgCode.empty() && nCategory == 0 && !OfState() && sSearch.empty(); }
+    bool IsIndexedSearchOnly(const Database& database) const
+    {
+        return !database.IsPostgres() && sOrgCode.empty() && nCategory == 0 && !OfState()
+            && CharacterCount(sSearch) >= TrigramLength;
+    }
     bool OfState() const { return nOnlineState != GroupLogical::StateAll; }
     std::string CacheKey() const;
 
@@ -290,8 +295,13 @@ DevicePage_t DevicePages::Page(Database& database, const DevicePageRequest_t& re
 int DevicePages::Count(Database& database, const Filter& filter)
 {
     QVariantList values;
-    const QString sSql =
-        QLatin1String("SELECT COUNT(*) FROM device d") + filter.Where(database, false, nullptr, values);
+    // A search alone is counted by its index, without a look at the devices.
+    const bool bIndexOnly = filter.IsIndexedSearchOnly(database);
+    const QString sSql = bIndexOnly
+        ? QStringLiteral("SELECT COUNT(*) FROM device_search WHERE device_search MATCH ?")
+        : QLatin1String("SELECT COUNT(*) FROM device d") + filter.Where(database, false, nullptr, values);
+    if (bIndexOnly)
+        values << QuotedPhrase(filter.sSearch);
     Rows rows = database.Run(sSql, values);
     rows.Next();
     return rows.Int(0);

@@ -147,6 +147,8 @@ void Database::Open()
         Execute(QStringLiteral("PRAGMA synchronous = FULL"));
         Execute(QStringLiteral("PRAGMA foreign_keys = ON"));
         Execute(QStringLiteral("PRAGMA cache_size = -16384"));
+        // The connections read through one mapping instead of each filling a cache of its own.
+        Execute(QStringLiteral("PRAGMA mmap_size = 1073741824"));
         if (m_address.nMaxPages > 0)
             Execute(QStringLiteral("PRAGMA max_page_count = %1").arg(m_address.nMaxPages));
     }
