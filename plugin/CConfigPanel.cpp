@@ -6,7 +6,7 @@ namespace ConfigManagerPlugin {
 
 QString PanelId(int nKind)
 {
-    const QString sName = QString::fromLatin1(PluginName);
+    QString sName = QString::fromLatin1(PluginName);
     switch (nKind) {
     case CConfigPanel::KindPlatform:
         return sName + QStringLiteral("-Platform");

@@ -35,7 +35,7 @@ QString FindRoot()
 {
     const QString sProgram = QCoreApplication::applicationDirPath();
     for (const char* const pszFolder : {"/../skin", "/../share/securityclient/skin"}) {
-        const QString sFolder = QDir::cleanPath(sProgram + QLatin1String(pszFolder));
+        QString sFolder = QDir::cleanPath(sProgram + QLatin1String(pszFolder));
         if (QDir(sFolder).exists())
             return sFolder;
     }
@@ -105,7 +105,7 @@ QIcon GetIcon(const QString& sName)
     const auto it = state.hashIcons.constFind(sPath);
     if (it != state.hashIcons.constEnd())
         return *it;
-    const QIcon icon = QFile::exists(sPath) ? QIcon(sPath) : QIcon();
+    QIcon icon = QFile::exists(sPath) ? QIcon(sPath) : QIcon();
     state.hashIcons.insert(sPath, icon);
     return icon;
 }

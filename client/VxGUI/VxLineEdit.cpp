@@ -127,7 +127,7 @@ void VxLineEdit::OnTextEdited(const QString& sText)
 
 QString VxLineEdit::CheckInput()
 {
-    const QString sFailure = FirstFailure(false);
+    QString sFailure = FirstFailure(false);
     if (sFailure.isEmpty())
         ClearErrorHint();
     else
