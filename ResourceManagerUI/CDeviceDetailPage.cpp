@@ -1,11 +1,11 @@
 #include "CDeviceDetailPage.h"
 
-#include "DeviceCategory.h"
 #include "DeviceRules.h"
 #include "ui_CDeviceDetailPage.h"
 
 #include <Trv/QSkin.h>
 #include <UICommonMdl/CErrorCode.h>
+#include <common/DeviceCategory.h>
 #include <common/ObserverAdapters.h>
 
 #include <QKeyEvent>
@@ -83,12 +83,12 @@ void CDeviceDetailPage::OnDetail(const GroupLogical::IGroupManagerObserver::Para
     AddLine(Text::tr("Device Name"), text(device.sName));
     AddLine(Text::tr("IP Address"), text(device.sIp));
     AddLine(Text::tr("Port"), QString::number(device.nPort));
-    AddLine(Text::tr("Device Type"), GetCategoryText(device.nCategory));
+    AddLine(Text::tr("Device Type"), Common::GetCategoryText(device.nCategory));
     AddLine(Text::tr("Device Model"), text(device.sModel));
     AddLine(Text::tr("Organization"), m_sOrgName);
     AddLine(Text::tr("Manufacturer"), text(device.sManufacturer));
     AddLine(Text::tr("Access Protocol"), text(device.sProtocol));
-    AddLine(Text::tr("Access Direction"), GetAccessDirectionText(device.nAccessDirection));
+    AddLine(Text::tr("Access Direction"), Common::GetAccessDirectionText(device.nAccessDirection));
     AddLine(Text::tr("Serial Number"), text(device.sSerialNumber));
     AddLine(Text::tr("User Name"), text(device.sUserName));
     AddLine(Text::tr("Video Channels"), QString::number(device.nVideoChannels));

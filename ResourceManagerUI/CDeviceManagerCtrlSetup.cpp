@@ -2,7 +2,6 @@
 
 #include "CDeviceModel.h"
 #include "CDeviceTableHeader.h"
-#include "DeviceCategory.h"
 #include "ui_CDeviceManagerCtrl.h"
 
 #include <Trv/QSkin.h>
@@ -11,6 +10,7 @@
 #include <common/CCheckDelegate.h>
 #include <common/CFlowLayout.h>
 #include <common/CRowButtonDelegate.h>
+#include <common/DeviceCategory.h>
 #include <common/StyleSheet.h>
 
 #include <QShortcut>
@@ -192,11 +192,12 @@ void CDeviceManagerCtrl::SetUpToolBar()
 
 void CDeviceManagerCtrl::SetUpCategories()
 {
-    m_mapCategoryButtons = {{CategoryAll, m_pUi->btnAllDevice}, {1, m_pUi->btnEncodeDevice},
+    m_mapCategoryButtons = {{Common::CategoryAll, m_pUi->btnAllDevice}, {1, m_pUi->btnEncodeDevice},
         {43, m_pUi->btnRaderDevice}, {4, m_pUi->btnVideoWallDevice}, {34, m_pUi->btnEmergency},
         {40, m_pUi->btnPOSDevice}, {3, m_pUi->btnAlarmHostDevice}, {8, m_pUi->btnAccessDevice},
         {21, m_pUi->btnVideoTalkDevice}, {5, m_pUi->btnANPRPicDevice}, {16, m_pUi->btnLedDevice},
-        {45, m_pUi->btnVideoWallControlDevice}, {CategoryLiftController, m_pUi->btnLiftControllerDevice}};
+        {45, m_pUi->btnVideoWallControlDevice},
+        {Common::CategoryLiftController, m_pUi->btnLiftControllerDevice}};
     auto* pFlow = new Common::CFlowLayout(m_pUi->wgtFilter);
     const auto listButtons =
         m_pUi->wgtFilter->findChildren<QPushButton*>(QString(), Qt::FindDirectChildrenOnly);
@@ -206,7 +207,7 @@ void CDeviceManagerCtrl::SetUpCategories()
         pButton->setCheckable(true);
         connect(pButton, &QAbstractButton::clicked, this, &CDeviceManagerCtrl::OnFilterBtnClicked);
     }
-    m_mapCategoryButtons[CategoryAll]->setChecked(true);
+    m_mapCategoryButtons[Common::CategoryAll]->setChecked(true);
     ShowCategories({});
     connect(this, &CDeviceManagerCtrl::SignalGetDeviceType, this, &CDeviceManagerCtrl::OnGetDevType);
 }

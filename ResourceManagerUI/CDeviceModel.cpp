@@ -1,9 +1,8 @@
 #include "CDeviceModel.h"
 
-#include "DeviceCategory.h"
-
 #include <Trv/QSkin.h>
 #include <common/COrganizationModel.h>
+#include <common/DeviceCategory.h>
 
 #include <QCoreApplication>
 #include <QMimeData>
@@ -33,7 +32,7 @@ QIcon StatusIcon(const QString& sFile)
 
 QString ReasonText(int nOnlineState, int nReason)
 {
-    return nOnlineState == GroupLogical::StateOnline ? QString() : GetOfflineReasonText(nReason);
+    return nOnlineState == GroupLogical::StateOnline ? QString() : Common::GetOfflineReasonText(nReason);
 }
 
 } // namespace
@@ -48,7 +47,7 @@ CDeviceModel::CDeviceModel(QObject* pParent)
 QStringList CDeviceModel::GetTexts(const GroupLogical::DeviceInfo_t& device)
 {
     return {QString(), QString::fromStdString(device.sDeviceId), QString::fromStdString(device.sIp),
-        QString::fromStdString(device.sName), GetCategoryText(device.nCategory),
+        QString::fromStdString(device.sName), Common::GetCategoryText(device.nCategory),
         QString::fromStdString(device.sModel), QString::fromStdString(device.sOrgName),
         GetOnlineText(device.nOnlineState), ReasonText(device.nOnlineState, device.nOfflineReason),
         QString::fromStdString(device.sManufacturer), QString::fromStdString(device.sProtocol), QString()};

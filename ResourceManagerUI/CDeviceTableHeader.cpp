@@ -1,7 +1,8 @@
 #include "CDeviceTableHeader.h"
 
 #include "CDeviceModel.h"
-#include "DeviceCategory.h"
+
+#include <common/DeviceCategory.h>
 
 #include <Trv/QSkin.h>
 
@@ -41,9 +42,10 @@ CDeviceTableHeader::CDeviceTableHeader(QWidget* pParent)
 
 void CDeviceTableHeader::SetCategories(const std::vector<int>& vecCategories)
 {
-    QVector<Common::FilterOption> vecOptions{{CategoryAll, GetCategoryFilterText(CategoryAll)}};
+    QVector<Common::FilterOption> vecOptions{
+        {Common::CategoryAll, Common::GetCategoryFilterText(Common::CategoryAll)}};
     for (const int nCategory : vecCategories) {
-        const QString sText = GetCategoryFilterText(nCategory);
+        const QString sText = Common::GetCategoryFilterText(nCategory);
         if (!sText.isEmpty())
             vecOptions.append({nCategory, sText});
     }

@@ -43,12 +43,19 @@ public:
         return Keep(m_operations.Supersede(nSequence, nKind), nSequence, std::move(handler));
     }
 
-    /// Runs the handler of the answer's number; false, and nothing happens, when it is not pending.
+    /// Runs the handler of the answer's number; false, and nothing happens, when it is not pending. A report
+    /// on a request that goes on (bFinal false) leaves it pending, its time starting anew.
     bool Answer(const Param& param)
     {
         const auto it = m_mapHandlers.find(param.nSequence);
         if (it == m_mapHandlers.end())
             return false;
+        if (!IsFinal(param)) {
+            it->second.nSince = m_clock.elapsed();
+            const Handler reported = it->second.handler;
+            reported(param);
+            return true;
+        }
         const Handler handler = std::move(it->second.handler);
         m_mapHandlers.erase(it);
         if (!m_operations.Take(param.nSequence))
@@ -71,6 +78,14 @@ private:
         Handler handler;
         qint64 nSince;
     };
+
+    static bool IsFinal(const Param& param)
+    {
+        if constexpr (requires { param.bFinal; })
+            return param.bFinal;
+        else
+            return true;
+    }
 
     bool Keep(bool bAccepted, int nSequence, Handler handler)
     {

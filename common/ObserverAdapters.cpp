@@ -7,6 +7,9 @@ void RegisterSignalTypes()
     qRegisterMetaType<GroupLogical::DeviceAddInfo_t>("GroupLogical::DeviceAddInfo_t");
     qRegisterMetaType<GroupLogical::IGroupManagerObserver::Param>(
         "GroupLogical::IGroupManagerObserver::Param");
+    qRegisterMetaType<RemoteConfigLogical::SearchDeviceInfoVec>("RemoteConfigLogical::SearchDeviceInfoVec");
+    qRegisterMetaType<RemoteConfigLogical::ModifyDevicePasswordResultInfoVec>(
+        "RemoteConfigLogical::ModifyDevicePasswordResultInfoVec");
     qRegisterMetaType<RemoteConfigLogical::IRemoteDeviceObserver::Param>(
         "RemoteConfigLogical::IRemoteDeviceObserver::Param");
     qRegisterMetaType<RemoteConfigLogical::ISystemConfigObserver::Param>(
@@ -20,6 +23,30 @@ CGroupManagerAdapter::CGroupManagerAdapter(GroupLogical::IGroupManager* pManager
 }
 
 void CGroupManagerAdapter::OnNotifyGroupManagerState(const Param& param)
+{
+    Q_EMIT SignalState(param);
+}
+
+CRemoteDeviceAdapter::CRemoteDeviceAdapter(
+    RemoteConfigLogical::IRemoteConfigManager* pManager, QObject* pParent)
+    : QObject(pParent)
+    , m_registration((RegisterSignalTypes(), pManager), this)
+{
+}
+
+void CRemoteDeviceAdapter::OnNotifyRemoteDeviceState(const Param& param)
+{
+    Q_EMIT SignalState(param);
+}
+
+CSystemConfigAdapter::CSystemConfigAdapter(
+    RemoteConfigLogical::IRemoteConfigManager* pManager, QObject* pParent)
+    : QObject(pParent)
+    , m_registration((RegisterSignalTypes(), pManager), this)
+{
+}
+
+void CSystemConfigAdapter::OnNotifySystemConfigState(const Param& param)
 {
     Q_EMIT SignalState(param);
 }

@@ -8,6 +8,8 @@
 
 Q_DECLARE_METATYPE(GroupLogical::DeviceAddInfo_t)
 Q_DECLARE_METATYPE(GroupLogical::IGroupManagerObserver::Param)
+Q_DECLARE_METATYPE(RemoteConfigLogical::SearchDeviceInfoVec)
+Q_DECLARE_METATYPE(RemoteConfigLogical::ModifyDevicePasswordResultInfoVec)
 Q_DECLARE_METATYPE(RemoteConfigLogical::IRemoteDeviceObserver::Param)
 Q_DECLARE_METATYPE(RemoteConfigLogical::ISystemConfigObserver::Param)
 
@@ -63,6 +65,46 @@ private:
     void OnNotifyGroupManagerState(const Param& param) override;
 
     CObserverRegistration<GroupLogical::IGroupManager, GroupLogical::IGroupManagerObserver> m_registration;
+};
+
+/// As CGroupManagerAdapter, for what happens on devices.
+class CRemoteDeviceAdapter : public QObject, private RemoteConfigLogical::IRemoteDeviceObserver
+{
+    Q_OBJECT
+
+public:
+    explicit CRemoteDeviceAdapter(
+        RemoteConfigLogical::IRemoteConfigManager* pManager, QObject* pParent = nullptr);
+
+Q_SIGNALS:
+    void SignalState(const RemoteConfigLogical::IRemoteDeviceObserver::Param& param);
+
+private:
+    void OnNotifyRemoteDeviceState(const Param& param) override;
+
+    CObserverRegistration<RemoteConfigLogical::IRemoteConfigManager,
+        RemoteConfigLogical::IRemoteDeviceObserver>
+        m_registration;
+};
+
+/// As CGroupManagerAdapter, for what concerns the platform as a whole.
+class CSystemConfigAdapter : public QObject, private RemoteConfigLogical::ISystemConfigObserver
+{
+    Q_OBJECT
+
+public:
+    explicit CSystemConfigAdapter(
+        RemoteConfigLogical::IRemoteConfigManager* pManager, QObject* pParent = nullptr);
+
+Q_SIGNALS:
+    void SignalState(const RemoteConfigLogical::ISystemConfigObserver::Param& param);
+
+private:
+    void OnNotifySystemConfigState(const Param& param) override;
+
+    CObserverRegistration<RemoteConfigLogical::IRemoteConfigManager,
+        RemoteConfigLogical::ISystemConfigObserver>
+        m_registration;
 };
 
 } // namespace Common

@@ -8,6 +8,8 @@ namespace wire {
 
 using namespace GroupLogical;
 using RemoteConfigLogical::Dictionary_t;
+using RemoteConfigLogical::Features_t;
+using RemoteConfigLogical::PlatformTime_t;
 
 // clang-format off
 using GetServerState          = Operation<"server/state",            Access::Anybody,  "",          Nothing,                 ServerState>;
@@ -30,6 +32,26 @@ using QueryDeviceReferences   = Operation<"device/references",       Access::ByR
 using DeleteDevice            = Operation<"device/delete",           Access::ByRight,  "001001001", DeleteDeviceRequest,     BatchAnswer>;
 using MoveDevice              = Operation<"device/move",             Access::ByRight,  "001001001", MoveDeviceRequest,       BatchAnswer>;
 using QueryDeviceTypes        = Operation<"device/types",            Access::ByRight,  "001001",    Nothing,                 DeviceTypes>;
+using AddDevice               = Operation<"device/add",              Access::ByRight,  "001001001", DeviceAddInfo_t,         DeviceAddAnswer>;
+using ModifyDevice            = Operation<"device/modify",           Access::ByRight,  "001001001", DeviceAddInfo_t,         DeviceAddInfo_t>;
+using ModifyDevicePassword    = Operation<"device/password",         Access::ByRight,  "001001001", ModifyPasswordRequest,   Job>;
+using SetDeviceTimeZone       = Operation<"device/time-zone",        Access::ByRight,  "001001001", SetTimeZoneRequest,      Job>;
+
+using GetFeatures             = Operation<"features/get",            Access::SignedIn, "",          Nothing,                 Features_t>;
+using QueryVideoServers       = Operation<"server/video-list",       Access::ByRight,  "001001",    Nothing,                 VideoServers>;
+using GetTimeZone             = Operation<"time-zone/get",           Access::ByRight,  "001001",    Nothing,                 PlatformTime_t>;
+
+using SearchOnlineDevice      = Operation<"discovery/search",        Access::ByRight,  "001001001", SearchRequest,           Job>;
+using InitializeDevice        = Operation<"discovery/initialize",    Access::ByRight,  "001001001", InitializeRequest,       Job>;
+using ModifyAddress           = Operation<"discovery/address",       Access::ByRight,  "001001001", ModifyAddressRequest,    Job>;
+
+using BeginImport             = Operation<"import/begin",            Access::ByRight,  "001001001", BeginImportRequest,      Job>;
+using AddImportRows           = Operation<"import/rows",             Access::ByRight,  "001001001", ImportRowsRequest,       Nothing>;
+using RunImport               = Operation<"import/run",              Access::ByRight,  "001001001", RunImportRequest,        Nothing>;
+using QueryCloudDevices       = Operation<"cloud/devices",           Access::ByRight,  "001001001", CloudLogin,              CloudDevices>;
+
+using WaitJob                 = Operation<"job/wait",                Access::SignedIn, "",          WaitJobRequest,          JobState>;
+using CancelJob               = Operation<"job/cancel",              Access::SignedIn, "",          Job,                     Nothing>;
 // clang-format on
 
 /// Names of the events of the event stream (server-sent events); the data is JSON.

@@ -12,9 +12,15 @@ namespace GroupLogical {
 WIRE_RECORD(Organization_t, sCode, sParentCode, sName, sRemark, nSort, nVersion)
 WIRE_RECORD(DeviceInfo_t, sDeviceId, sName, sIp, nPort, nCategory, sModel, sOrgCode, sOrgName, nOnlineState,
     nOfflineReason, sManufacturer, sProtocol, nVersion)
-WIRE_RECORD(DeviceAddInfo_t, sDeviceId, sName, sIp, nPort, nCategory, sModel, sOrgCode, sManufacturer,
-    sProtocol, nAccessDirection, sSerialNumber, sUserName, sRemark, nVideoChannels, nAlarmInputs,
-    nAlarmOutputs, nVersion)
+WIRE_RECORD(DeviceAddInfo_t, sDeviceId, sName, nAddMode, sIp, sIpStart, sIpEnd, sDomain, sRegisterId, nPort,
+    nCategory, sModel, sOrgCode, sManufacturer, sProtocol, sDeviceType, sSeries, sServerId, nLedType,
+    nAccessDirection, sSerialNumber, sUserName, sPassword, sSipId, sSipPassword, sRemark, nVideoChannels,
+    nAlarmInputs, nAlarmOutputs, nAccessChannels, nDecodeChannels, nLifts, nLiftFloors, nPosChannels,
+    bCombine, nVersion)
+WIRE_RECORD(ImportRow_t, nLine, sName, sConnect, sAddress, sDomain, sPort, sUserName, sPassword, sCategory,
+    sProtocol, sManufacturer, sModel, sSerialNumber, sRegisterId, sOrganization)
+WIRE_RECORD(ImportFailure_t, nLine, sName, sAddress, sField, nErrorCode, sReason)
+WIRE_RECORD(ImportState_t, nTotal, nDone, nSucceeded, nFailed, vecFailed, sFailListUrl, sFailListName)
 WIRE_RECORD(DevicePageRequest_t, nPage, nPageSize, sOrgCode, bAscending, nSortField, nOnlineState, nCategory,
     sSearchText)
 WIRE_RECORD(DevicePage_t, vecDevices, nTotal, nPage)
@@ -24,8 +30,21 @@ WIRE_RECORD(DeviceReference_t, sDeviceId, nKind, sName)
 
 namespace RemoteConfigLogical {
 WIRE_RECORD(DeviceState_t, sDeviceId, nOnlineState, nOfflineReason)
-WIRE_RECORD(DictionaryItem_t, sKey, sText)
-WIRE_RECORD(Dictionary_t, vecCategories, vecManufacturers, vecProtocols)
+WIRE_RECORD(DictionaryItem_t, sKey, sText, nCode, sParent)
+WIRE_RECORD(Dictionary_t, vecCategories, vecManufacturers, vecProtocols, vecDeviceTypes, vecSeries)
+WIRE_RECORD(VideoServer_t, sServerId, sName)
+WIRE_RECORD(Features_t, bCloudAccount, sCloudService, sTemplateUrl, sIntercomTemplateUrl, sUploadUrl)
+WIRE_RECORD(SearchDeviceInfo_t, sIp, nPort, sModel, sMac, nInitState, sName, sManufacturer, sSerialNumber,
+    sProtocol, nCategory, sDeviceId)
+WIRE_RECORD(InitializeDevice_t, sIp, nPort, sProtocol)
+WIRE_RECORD(ModifyAddress_t, sIp, nPort, sProtocol, sUserName, sPassword, sNewIp, sMask, sGateway)
+WIRE_RECORD(ModifyDevicePasswordResultInfo_t, sDeviceId, sDeviceName, nErrorCode, sDetail)
+WIRE_RECORD(DstDate_t, nMonth, nWeek, nWeekday, nHour)
+WIRE_RECORD(TimeZoneSetting_t, sZone, nOffsetMinutes, bDst, dstStart, dstEnd)
+WIRE_RECORD(TimeZone_t, sText, setting)
+WIRE_RECORD(PlatformTime_t, setting, vecZones)
+WIRE_RECORD(TimeZoneResult_t, sDeviceId, nState, nErrorCode)
+WIRE_RECORD(P2PDevice_t, sSerialNumber, sName, sModel, nCategory)
 } // namespace RemoteConfigLogical
 
 namespace UserLogical {
@@ -143,5 +162,127 @@ struct DeviceStates
     std::vector<RemoteConfigLogical::DeviceState_t> vecStates;
 };
 WIRE_RECORD(DeviceStates, vecStates)
+
+struct DeviceAddAnswer
+{
+    std::vector<std::string> vecAddedIds;
+    std::vector<GroupLogical::FailedItem_t> vecFailed; ///< addresses of a segment that were refused
+};
+WIRE_RECORD(DeviceAddAnswer, vecAddedIds, vecFailed)
+
+struct VideoServers
+{
+    std::vector<RemoteConfigLogical::VideoServer_t> vecServers;
+};
+WIRE_RECORD(VideoServers, vecServers)
+
+/// Work that the server does beside its requests; its results are read with WaitJob.
+struct Job
+{
+    std::string sJob;
+};
+WIRE_RECORD(Job, sJob)
+
+struct WaitJobRequest
+{
+    std::string sJob;
+    int nFrom = 0; ///< results before this one were read already
+};
+WIRE_RECORD(WaitJobRequest, sJob, nFrom)
+
+/// Answered as soon as there is more than was read, or after a few seconds.
+struct JobState
+{
+    int nTotal = 0;
+    int nDone = 0;
+    bool bFinished = false;
+    int nErrorCode = 0; ///< finished: why the job as a whole failed
+    std::string sErrorDetail;
+    nlohmann::json items = nlohmann::json::array(); ///< results from nFrom on; their type is the job's
+    nlohmann::json summary = nlohmann::json::object(); ///< finished: what is told once
+};
+WIRE_RECORD(JobState, nTotal, nDone, bFinished, nErrorCode, sErrorDetail, items, summary)
+
+struct SearchRequest
+{
+    std::string sStartIp;
+    std::string sEndIp;
+};
+WIRE_RECORD(SearchRequest, sStartIp, sEndIp)
+
+struct InitializeRequest
+{
+    std::vector<RemoteConfigLogical::InitializeDevice_t> vecDevices;
+    std::string sPassword;
+    std::string sContact;
+};
+WIRE_RECORD(InitializeRequest, vecDevices, sPassword, sContact)
+
+struct ModifyAddressRequest
+{
+    std::vector<RemoteConfigLogical::ModifyAddress_t> vecDevices;
+};
+WIRE_RECORD(ModifyAddressRequest, vecDevices)
+
+struct ModifyPasswordRequest
+{
+    std::vector<std::string> vecDeviceIds; ///< at most 1000
+    std::string sOldPassword;
+    std::string sNewPassword;
+};
+WIRE_RECORD(ModifyPasswordRequest, vecDeviceIds, sOldPassword, sNewPassword)
+
+struct SetTimeZoneRequest
+{
+    std::vector<std::string> vecDeviceIds; ///< at most 1000
+    RemoteConfigLogical::TimeZoneSetting_t setting;
+};
+WIRE_RECORD(SetTimeZoneRequest, vecDeviceIds, setting)
+
+struct CloudLogin
+{
+    std::string sUserName;
+    std::string sPassword;
+};
+WIRE_RECORD(CloudLogin, sUserName, sPassword)
+
+struct CloudDevices
+{
+    int nCloudCode = 0; ///< 0: the list was given
+    std::vector<RemoteConfigLogical::P2PDevice_t> vecDevices;
+};
+WIRE_RECORD(CloudDevices, nCloudCode, vecDevices)
+
+struct BeginImportRequest
+{
+    std::string sOrgCode;
+    std::string sSource;
+};
+WIRE_RECORD(BeginImportRequest, sOrgCode, sSource)
+
+struct ImportRowsRequest
+{
+    std::string sJob;
+    std::vector<GroupLogical::ImportRow_t> vecRows; ///< at most 2000
+};
+WIRE_RECORD(ImportRowsRequest, sJob, vecRows)
+
+struct RunImportRequest
+{
+    std::string sJob;
+    bool bAllOrNothing = false;
+    bool bOverwrite = false;
+};
+WIRE_RECORD(RunImportRequest, sJob, bAllOrNothing, bOverwrite)
+
+/// The answer to an uploaded device sheet: an import that waits for RunImport.
+struct UploadedSheet
+{
+    std::string sJob;
+    int nRows = 0;
+    int nExisting = 0; ///< rows of devices that exist already
+    bool bIntercom = false; ///< a sheet of intercom devices
+};
+WIRE_RECORD(UploadedSheet, sJob, nRows, nExisting, bIntercom)
 
 } // namespace wire

@@ -3,6 +3,7 @@
 #include <GroupLogical/IGroupManager.h>
 #include <RemoteConfigLogical/IRemoteConfigManager.h>
 #include <UICommonMdl/ILocalConfig.h>
+#include <UICommonMdl/ITransferManager.h>
 #include <UserLogical/IUserManager.h>
 #include <VxPluginAPI/IAbstractResourceManager.h>
 
@@ -61,6 +62,11 @@ UserLogical::IUserManager* CInterfaceSetManager::GetUserManager() const
 ILocalConfig* CInterfaceSetManager::GetLocalConfig() const
 {
     return static_cast<ILocalConfig*>(FindManager(ILocalConfig::InterfaceId));
+}
+
+ITransferManager* CInterfaceSetManager::GetTransferManager() const
+{
+    return static_cast<ITransferManager*>(FindManager(ITransferManager::InterfaceId));
 }
 
 } // namespace UICommonMdl

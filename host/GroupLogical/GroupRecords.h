@@ -61,29 +61,126 @@ struct DeviceInfo_t
     bool operator==(const DeviceInfo_t&) const = default;
 };
 
+/// How a device is reached.
+enum AddMode : int
+{
+    AddByIp = 1,
+    AddBySegment = 2, ///< only when adding: one device for each address of a range
+    AddByDomain = 3,
+    AddByRegister = 4, ///< the device connects by itself and says its register ID
+    AddByP2P = 5, ///< through the cloud service, by its serial number
+};
+
+/// Types of LED screens.
+enum LedType : int
+{
+    LedFreeParking = 1402,
+    LedGeneral = 1403,
+    LedGuide = 1404,
+    LedCharge = 1405,
+};
+
 /// A device as it is added, edited and shown in detail. Secrets are write-only: the server never sends them
-/// back.
+/// back, and an empty one leaves the present one as it is when a device is modified.
 struct DeviceAddInfo_t
 {
-    std::string sDeviceId;
-    std::string sName;
-    std::string sIp;
-    int nPort = 0;
-    int nCategory = 0;
+    std::string sDeviceId; ///< empty when adding
+    std::string sName; ///< 1 to 50 characters; unique, whatever its case. A segment's devices get " " and
+                       ///< their address appended
+    int nAddMode = AddByIp; ///< AddMode
+    std::string sIp; ///< IPv4, IPv6 or host name; with its port unique. Empty where the mode has none
+    std::string sIpStart; ///< of a segment, only when adding
+    std::string sIpEnd; ///< of a segment, only when adding; its first three parts are those of sIpStart
+    std::string sDomain; ///< mode AddByDomain: host name, up to 50 characters
+    std::string sRegisterId; ///< mode AddByRegister: up to 50 characters, unique
+    int nPort = 0; ///< 1 to 65535; 0 where the mode has none
+    int nCategory = 0; ///< category code
     std::string sModel;
     std::string sOrgCode;
-    std::string sManufacturer;
-    std::string sProtocol;
+    std::string sManufacturer; ///< key of the dictionary
+    std::string sProtocol; ///< key of the dictionary
+    std::string sDeviceType; ///< key of the dictionary, may be empty
+    std::string sSeries; ///< key of the dictionary, may be empty
+    std::string sServerId; ///< the server that works with the device; empty: the platform chooses
+    int nLedType = 0; ///< LedType; 0 unless the category is LED device
     int nAccessDirection = 0; ///< 0 undefined, 1 direct, 2 pull, 3 push
-    std::string sSerialNumber;
-    std::string sUserName;
+    std::string sSerialNumber; ///< mode AddByP2P: 1 to 49 characters, unique among such devices
+    std::string sUserName; ///< of the device's login
+    std::string sPassword; ///< of the device's login; write-only
+    std::string sSipId;
+    std::string sSipPassword; ///< write-only
     std::string sRemark;
-    int nVideoChannels = 0; ///< 0 and up
-    int nAlarmInputs = 0; ///< 0 and up
-    int nAlarmOutputs = 0; ///< 0 and up
+    int nVideoChannels = 0; ///< 0 to 1024, like all counts
+    int nAlarmInputs = 0;
+    int nAlarmOutputs = 0;
+    int nAccessChannels = 0;
+    int nDecodeChannels = 0;
+    int nLifts = 0;
+    int nLiftFloors = 0;
+    int nPosChannels = 0;
+    bool bCombine = false; ///< combined decoding
     std::int64_t nVersion = 0;
 
     bool operator==(const DeviceAddInfo_t&) const = default;
+};
+
+/// One row of an import file, as its texts stand there: the server converts and checks them, so that files of
+/// every kind are judged alike. A column that the file does not have is empty.
+struct ImportRow_t
+{
+    int nLine = 0; ///< line of the file, from 1
+    std::string sName;
+    std::string sConnect; ///< AddMode as decimal digits: 1, 3, 4 or 5; empty: 1
+    std::string sAddress;
+    std::string sDomain;
+    std::string sPort;
+    std::string sUserName;
+    std::string sPassword;
+    std::string sCategory; ///< code or name of the category; empty: encoder
+    std::string sProtocol; ///< empty: the platform's own
+    std::string sManufacturer;
+    std::string sModel;
+    std::string sSerialNumber;
+    std::string sRegisterId;
+    std::string sOrganization; ///< name or code; empty: the request's organisation
+
+    bool operator==(const ImportRow_t&) const = default;
+};
+
+struct ImportRequest_t
+{
+    std::vector<ImportRow_t> vecRows; ///< 1 to 200,000
+    std::string sOrgCode; ///< where devices go whose row names no organisation; empty: the root
+    bool bAllOrNothing = false; ///< true: one bad row and nothing is imported
+    std::string sSource; ///< kind of file, "xml", "p2p" or "discovery": the form of the failure list
+};
+
+/// One row that was not imported.
+struct ImportFailure_t
+{
+    int nLine = 0;
+    std::string sName;
+    std::string sAddress;
+    std::string sField; ///< heading of the field that breaks a rule, "Port"; empty: the row as a whole
+    int nErrorCode = 0; ///< UICommonMdl::ErrorCode
+    std::string sReason; ///< the server's own words, may be empty
+
+    bool operator==(const ImportFailure_t&) const = default;
+};
+
+/// How far an import is. Nothing is in the list of devices before it has finished.
+struct ImportState_t
+{
+    int nTotal = 0;
+    int nDone = 0; ///< rows worked on
+    int nSucceeded = 0; ///< final: rows that were imported
+    int nFailed = 0;
+    std::vector<ImportFailure_t> vecFailed; ///< the failures since the last report
+    std::string
+        sFailListUrl; ///< final: where the list of failed rows is downloaded, for an hour; empty: none
+    std::string sFailListName; ///< proposal for its file name, "faillist_….xml"
+
+    bool operator==(const ImportState_t&) const = default;
 };
 
 /// Sort fields of a device page; ties are broken by the device ID.

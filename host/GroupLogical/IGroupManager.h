@@ -26,6 +26,9 @@ public:
         ResultMoveDevice,
         ResultExportDevice,
         ResultQueryDeviceTypes,
+        ResultAddDevice,
+        ResultModifyDevice,
+        ResultImportDevice,
 
         ResultOrganizationsChanged = 100, ///< pushed: somebody changed the organisation tree
         ResultDevicesChanged, ///< pushed: somebody added, changed, moved or deleted devices
@@ -42,8 +45,12 @@ public:
         DevicePage_t devicePage; ///< page, or all rows of an export
         std::optional<DeviceAddInfo_t> optDevice; ///< detail
         std::vector<DeviceReference_t> vecReferences;
-        std::vector<FailedItem_t> vecFailed; ///< delete and move: the devices that were refused
+        std::vector<FailedItem_t> vecFailed; ///< delete, move, add (segment): what was refused
         std::vector<int> vecDeviceTypes; ///< category codes that exist on the platform, ascending
+        std::vector<std::string> vecAddedIds; ///< add: the IDs of the devices that were added
+        ImportState_t importState;
+        /// False for a report on a request that goes on: more with its number follow.
+        bool bFinal = true;
     };
 
     /// Comes on a thread of the host: copy the record and leave.
@@ -88,6 +95,19 @@ public:
     virtual int MoveDevice(const std::vector<std::string>& vecDeviceIds, const std::string& sOrgCode) = 0;
     /// The categories of the devices that exist.
     virtual int QueryDeviceTypes() = 0;
+    /// A refusal names the field in its detail: "sName" (ErrorNameExists), "sIp" (ErrorAddressExists),
+    /// "sSerialNumber", "sRegisterId" or, for ErrorInvalidInput, any other. The addresses of a segment are
+    /// added one by one; those that are refused are listed as failed, their sId being the address.
+    virtual int AddDevice(const DeviceAddInfo_t& device) = 0;
+    /// The device with that ID and version; refusals as AddDevice, and ErrorVersionConflict. The answer's
+    /// optDevice is the device as it is now.
+    virtual int ModifyDevice(const DeviceAddInfo_t& device) = 0;
+    /// Adds the devices of a list. Reports (bFinal false) say how far it is; the last one is final. An import
+    /// that has reached the server goes on there when the client ends.
+    virtual int ImportDevice(const ImportRequest_t& request) = 0;
+    /// Imports the sheet that the upload manager has brought to the server, sJob being its answer. Reports as
+    /// ImportDevice. bOverwrite: rows of devices that exist change those.
+    virtual int ImportUploaded(const std::string& sJob, bool bAllOrNothing, bool bOverwrite) = 0;
 };
 
 } // namespace GroupLogical

@@ -22,6 +22,7 @@ class IUserManager;
 namespace UICommonMdl {
 
 class ILocalConfig;
+class ITransferManager;
 
 /// The one set of logic interfaces that all pages of a plug-in share. User-interface thread. Managers are
 /// borrowed: they belong to the resource managers that were added, and a page never releases one.
@@ -42,6 +43,7 @@ public:
     RemoteConfigLogical::IRemoteConfigManager* GetRemoteConfigManager() const;
     UserLogical::IUserManager* GetUserManager() const;
     ILocalConfig* GetLocalConfig() const;
+    ITransferManager* GetTransferManager() const;
 
 private:
     VxPluginAPI::IManager* FindManager(const std::string& sInterfaceId) const;

@@ -37,6 +37,9 @@ enum ErrorCode : int
     ErrorNotFound = 41,
     ErrorNameExists = 42,
     ErrorReferenced = 43, ///< other configuration refers to the record; the detail names it
+    ErrorAddressExists = 44, ///< another device has that address and port
+    ErrorSerialNumberExists = 45, ///< another P2P device has that serial number
+    ErrorRegisterIdExists = 46,
 
     ErrorOrganizationRoot = 60,
     ErrorOrganizationDepth = 61,
@@ -49,6 +52,30 @@ enum ErrorCode : int
     ErrorDeviceExtractingPersons = 83,
     ErrorDeviceGettingRecordings = 84,
     ErrorDeviceUpdating = 85,
+
+    // What devices answer.
+    ErrorDeviceUnreachable = 100, ///< no connection to the device
+    ErrorDeviceTimeOut = 101,
+    ErrorDevicePassword = 102, ///< the device does not take that user name and password
+    ErrorDeviceRefused = 103, ///< the detail holds its words
+    ErrorDeviceNotSupported = 104, ///< the device, or its access protocol, cannot do that
+    ErrorDeviceBadAnswer = 105, ///< not readable, or not that of such a device
+    ErrorDeviceNotInitialized = 106, ///< it has no password yet
+    ErrorDeviceInitialized = 107, ///< it has its password already
+
+    // Import files.
+    ErrorNotSpreadsheet = 120, ///< neither an .xlsx nor an .xls file, or a damaged one
+    ErrorSheetColumns = 121, ///< the heading row is not that of the template; the detail names the column
+    ErrorSheetEmpty = 122, ///< no row below the headings
+    ErrorTooManyRows = 123,
+    ErrorSheetFormula = 124, ///< a cell is computed instead of written
+    ErrorImportAborted = 125, ///< nothing was imported because rows are bad
+    ErrorDuplicateRow = 126, ///< an earlier row of the file is the same device; the detail names its line
+
+    // Cloud accounts of P2P devices.
+    ErrorCloudNotConfigured = 140,
+    ErrorCloudUnreachable = 141,
+    ErrorCloudRefused = 142,
 };
 
 } // namespace UICommonMdl

@@ -49,6 +49,8 @@ public:
     virtual std::vector<MenuRight_t> GetMenuRights() = 0;
     /// Name of the signed-in account; empty: nobody.
     virtual std::string GetUserName() = 0;
+    /// The session's token for addresses of uploads and downloads; empty: nobody is signed in.
+    virtual std::string GetToken() = 0;
 };
 
 } // namespace UserLogical

@@ -1,6 +1,6 @@
+#include <common/DeviceCategory.h>
 #include <GroupLogical/GroupRecords.h>
 #include <ResourceManagerUI/CDeviceModel.h>
-#include <ResourceManagerUI/DeviceCategory.h>
 #include <ResourceManagerUI/DeviceRules.h>
 #include <UICommonMdl/ErrorCodes.h>
 
@@ -16,11 +16,11 @@ TEST(DeviceRules, CategoriesHaveTheirTexts)
         {45, "VideoWall Control"}};
     for (int nCode = -1; nCode <= 60; ++nCode) {
         const auto it = texts.find(nCode);
-        EXPECT_EQ(GetCategoryText(nCode).toStdString(), it == texts.end() ? "" : it->second) << nCode;
+        EXPECT_EQ(Common::GetCategoryText(nCode).toStdString(), it == texts.end() ? "" : it->second) << nCode;
     }
-    EXPECT_EQ(GetCategoryFilterText(50), QStringLiteral("Lift Controller"));
-    EXPECT_EQ(GetAccessDirectionText(2), QStringLiteral("Pull"));
-    EXPECT_EQ(GetAccessDirectionText(4), QString());
+    EXPECT_EQ(Common::GetCategoryFilterText(50), QStringLiteral("Lift Controller"));
+    EXPECT_EQ(Common::GetAccessDirectionText(2), QStringLiteral("Pull"));
+    EXPECT_EQ(Common::GetAccessDirectionText(4), QString());
 }
 
 TEST(DeviceRules, RequestFollowsTheQuery)

@@ -65,6 +65,26 @@ int FakeGroupManager::QueryDeviceTypes()
     return Call("QueryDeviceTypes", Observer::ResultQueryDeviceTypes);
 }
 
+int FakeGroupManager::AddDevice(const GroupLogical::DeviceAddInfo_t& device)
+{
+    return Call("AddDevice", Observer::ResultAddDevice, device);
+}
+
+int FakeGroupManager::ModifyDevice(const GroupLogical::DeviceAddInfo_t& device)
+{
+    return Call("ModifyDevice", Observer::ResultModifyDevice, device);
+}
+
+int FakeGroupManager::ImportDevice(const GroupLogical::ImportRequest_t& request)
+{
+    return Call("ImportDevice", Observer::ResultImportDevice, request);
+}
+
+int FakeGroupManager::ImportUploaded(const std::string& sJob, bool bAllOrNothing, bool bOverwrite)
+{
+    return Call("ImportUploaded", Observer::ResultImportDevice, std::tuple(sJob, bAllOrNothing, bOverwrite));
+}
+
 void FakeGroupManager::ServeSite()
 {
     vecOrganizations = {{"001", "", "Site", "", 0, 1}, {"001001", "001", "North", "gate", 0, 4},

@@ -31,6 +31,11 @@ public:
     int DeleteDevice(const Ids& vecDeviceIds, int nMode) override;
     int MoveDevice(const Ids& vecDeviceIds, const std::string& sOrgCode) override;
     int QueryDeviceTypes() override;
+    int AddDevice(const GroupLogical::DeviceAddInfo_t& device) override;
+    int ModifyDevice(const GroupLogical::DeviceAddInfo_t& device) override;
+    int ImportDevice(const GroupLogical::ImportRequest_t& request) override;
+    /// The argument is a tuple of the three.
+    int ImportUploaded(const std::string& sJob, bool bAllOrNothing, bool bOverwrite) override;
 
     /// Answers the three queries of a page at once: a small tree, the devices below, their categories.
     void ServeSite();

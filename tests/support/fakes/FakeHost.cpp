@@ -11,7 +11,8 @@ VxPluginAPI::IManager* FakeHost::FindManager(const std::string& sInterfaceId)
         {GroupLogical::IGroupManager::InterfaceId, static_cast<GroupLogical::IGroupManager*>(&group)},
         {RemoteConfigLogical::IRemoteConfigManager::InterfaceId, &remote},
         {UserLogical::IUserManager::InterfaceId, static_cast<UserLogical::IUserManager*>(&user)},
-        {UICommonMdl::ILocalConfig::InterfaceId, &config}};
+        {UICommonMdl::ILocalConfig::InterfaceId, &config},
+        {UICommonMdl::ITransferManager::InterfaceId, static_cast<UICommonMdl::ITransferManager*>(&transfer)}};
     const auto it = mapManagers.find(sInterfaceId);
     return it == mapManagers.end() ? nullptr : it->second;
 }

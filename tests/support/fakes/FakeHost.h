@@ -2,6 +2,7 @@
 
 #include "FakeGroupManager.h"
 #include "FakeRemoteConfigManager.h"
+#include "FakeTransferManager.h"
 #include "FakeUserManager.h"
 
 #include <UICommonMdl/CInterfaceSetManager.h>
@@ -33,5 +34,6 @@ public:
     FakeRemoteConfigManager remote;
     FakeUserManager user;
     FakeLocalConfig config;
+    FakeTransferManager transfer;
     UICommonMdl::CInterfaceSetManager interfaceSet;
 };

@@ -15,6 +15,7 @@ public:
     UserLogical::IUserRight* GetUserRight() override { return this; }
     std::vector<UserLogical::MenuRight_t> GetMenuRights() override { return vecMenuRights; }
     std::string GetUserName() override { return "operator"; }
+    std::string GetToken() override { return "0123456789abcdef"; }
     bool HasRight(const std::string& sRightCode) override { return setMissing.count(sRightCode) == 0; }
 
     std::vector<UserLogical::MenuRight_t> vecMenuRights;

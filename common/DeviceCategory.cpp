@@ -6,7 +6,7 @@
 
 #include <iterator>
 
-namespace ResourceManagerUI {
+namespace Common {
 
 namespace {
 
@@ -89,4 +89,4 @@ QString GetOfflineReasonText(int nReason)
     return Find(ReasonTexts, nReason);
 }
 
-} // namespace ResourceManagerUI
+} // namespace Common

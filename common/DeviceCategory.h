@@ -2,7 +2,7 @@
 
 #include <QString>
 
-namespace ResourceManagerUI {
+namespace Common {
 
 /// Codes of the device categories that this module treats by name.
 enum DeviceCategory : int
@@ -20,4 +20,4 @@ QString GetAccessDirectionText(int nDirection);
 /// Translated text of a GroupLogical::OfflineReason; empty for ReasonNone and unknown ones.
 QString GetOfflineReasonText(int nReason);
 
-} // namespace ResourceManagerUI
+} // namespace Common
