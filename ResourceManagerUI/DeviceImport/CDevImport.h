@@ -1,0 +1,102 @@
+#pragma once
+
+#include <RemoteConfigLogical/IRemoteConfigManager.h>
+#include <common/CRequests.h>
+#include <common/ObserverAdapters.h>
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class CDevImport;
+}
+namespace UICommonMdl {
+class CInterfaceSetManager;
+}
+namespace Common {
+class CTableModel;
+}
+
+namespace ResourceManagerUI {
+
+class CFileDownload;
+class CImportResultModel;
+class CImportRun;
+
+/// Adds many devices at once: from an XML file, from a spreadsheet that the server reads, or from the devices
+/// of a cloud account. A page keeps one for as long as it lives and shows it with open(). Closing it while an
+/// import runs only hides it; opened again it shows where the import is, or how it ended. User-interface
+/// thread.
+class CDevImport : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// pInterfaceSet is borrowed; managers that it lacks make what needs them fail with a message.
+    CDevImport(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent);
+    ~CDevImport() override;
+
+    /// Where devices go whose row names no organisation; an import that runs keeps its own. An empty code is
+    /// the root.
+    void SetOrganization(const QString& sOrgCode, const QString& sName);
+
+    void done(int nResult) override;
+
+Q_SIGNALS:
+    /// True when an import begins (reading and uploading included), false when it has ended.
+    void SignalImportStatue(bool bRunning);
+    /// How an import ended, or what failed, while the dialog is hidden.
+    void SignalShowNotify(const QString& sText);
+    /// An import ended that added devices.
+    void SignalImported();
+
+protected:
+    void showEvent(QShowEvent* pEvent) override;
+
+private:
+    using SystemParam = RemoteConfigLogical::ISystemConfigObserver::Param;
+    using RemoteParam = RemoteConfigLogical::IRemoteDeviceObserver::Param;
+
+    void SetUpChoosing();
+    void SetUpResult();
+    void ConnectRun();
+    void Notify(const QString& sText, bool bGood = false);
+    void ShowChoosing();
+    void UpdateEnabled();
+
+    void QueryFeatures();
+    void ShowFeatures();
+    void OnSystemState(const SystemParam& param);
+
+    void OnBrowseClicked();
+    void StartFile(const QString& sPath);
+    void OnUploadFailed(const QString& sReason);
+    void OnUploaded();
+    void OnProgress();
+    void OnFinished();
+    void ShowOutcome();
+    void OnFailListClicked();
+
+    void OnP2PQueryClicked();
+    void OnP2PDeviceList(const RemoteParam& param);
+    void OnP2PImportClicked();
+
+    std::unique_ptr<Ui::CDevImport> m_pUi;
+    UICommonMdl::CInterfaceSetManager* m_pInterfaceSet;
+    RemoteConfigLogical::IRemoteConfigManager* m_pRemoteManager;
+    CImportRun* m_pRun;
+    CFileDownload* m_pDownload;
+    CImportResultModel* m_pResultModel;
+    Common::CTableModel* m_pP2PModel;
+    QString m_sOrgCode;
+    RemoteConfigLogical::Features_t m_features;
+    bool m_bFeaturesKnown = false;
+    std::vector<RemoteConfigLogical::P2PDevice_t> m_vecP2PDevices;
+    Common::CRequests<SystemParam> m_systemRequests;
+    Common::CRequests<RemoteParam> m_remoteRequests;
+    Common::CSystemConfigAdapter m_systemAdapter;
+    Common::CRemoteDeviceAdapter m_remoteAdapter;
+};
+
+} // namespace ResourceManagerUI

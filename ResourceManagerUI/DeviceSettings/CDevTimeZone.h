@@ -1,0 +1,68 @@
+#pragma once
+
+#include <RemoteConfigLogical/IRemoteConfigManager.h>
+#include <common/CRequests.h>
+#include <common/ObserverAdapters.h>
+
+#include <QDialog>
+#include <QPair>
+#include <QVector>
+
+#include <memory>
+
+namespace Ui {
+class CDevTimeZone;
+}
+
+namespace ResourceManagerUI {
+
+class CTimeZoneDeviceModel;
+
+/// Shows the platform's time zone and daylight-saving rule and pushes them, or others, to devices. The mark
+/// of each device tells what became of it; devices that failed can be sent to again. Deletes itself when it
+/// is closed. User-interface thread.
+class CDevTimeZone : public QDialog
+{
+    Q_OBJECT
+
+public:
+    using Devices = QVector<QPair<QString, QString>>; ///< device ID and name
+
+    /// pManager (borrowed) may be null: the platform's zone cannot be read then.
+    CDevTimeZone(
+        RemoteConfigLogical::IRemoteConfigManager* pManager, const Devices& vecDevices, QWidget* pParent);
+    ~CDevTimeZone() override;
+
+    /// Shows the dialog and reads the platform's zone. When that fails the dialog says so by SignalShowNotify
+    /// and closes.
+    void Start();
+
+    /// Pushes the setting; the dialog stays.
+    void accept() override;
+
+Q_SIGNALS:
+    void SignalShowNotify(const QString& sText);
+
+private:
+    using SystemParam = RemoteConfigLogical::ISystemConfigObserver::Param;
+    using RemoteParam = RemoteConfigLogical::IRemoteDeviceObserver::Param;
+
+    void QueryZone();
+    void QueryServers();
+    void OnZone(const SystemParam& param);
+    void OnReport(const RemoteParam& param);
+    void OnFinished(const RemoteParam& param);
+    void UpdateEnabled();
+    void ShowSummary();
+
+    std::unique_ptr<Ui::CDevTimeZone> m_pUi;
+    RemoteConfigLogical::IRemoteConfigManager* m_pManager;
+    CTimeZoneDeviceModel* m_pModel;
+    RemoteConfigLogical::TimeZoneSetting_t m_sent; ///< what the marks are about
+    Common::CRequests<SystemParam> m_systemRequests;
+    Common::CRequests<RemoteParam> m_remoteRequests;
+    Common::CSystemConfigAdapter m_systemAdapter;
+    Common::CRemoteDeviceAdapter m_remoteAdapter;
+};
+
+} // namespace ResourceManagerUI
