@@ -1,0 +1,142 @@
+#pragma once
+
+#include <GroupLogical/IGroupManager.h>
+#include <RemoteConfigLogical/IRemoteConfigManager.h>
+#include <common/CRequests.h>
+#include <common/ObserverAdapters.h>
+
+#include <QWidget>
+
+#include <memory>
+
+class QAbstractButton;
+class QComboBox;
+class QLabel;
+class QSpinBox;
+namespace Ui {
+class CDevAdd;
+}
+namespace UICommonMdl {
+class CInterfaceSetManager;
+}
+namespace VxGUI {
+class VxLineEdit;
+}
+
+namespace ResourceManagerUI {
+
+/// The form of one device, in two steps: adds one, a whole address segment, or edits one. It asks for nothing
+/// but the choices and the record: what it signals is sent by its owner, who brings the answer back.
+/// User-interface thread.
+class CDevAdd : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// pInterfaceSet is borrowed and outlives the form.
+    explicit CDevAdd(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent = nullptr);
+    ~CDevAdd() override;
+
+    /// An empty form. sOrgCode is the organisation that is proposed; one that is not in the list proposes the
+    /// root.
+    void StartAdd(const std::vector<GroupLogical::Organization_t>& vecOrganizations, const QString& sOrgCode);
+    /// Loads the device into the form; a failure is told by SignalShowNotify and offers to try again.
+    void StartEdit(
+        const QString& sDeviceId, const std::vector<GroupLogical::Organization_t>& vecOrganizations);
+    /// Whether the input differs from what the form began with.
+    bool IsDirty() const;
+    /// While the connection is lost the form is disabled; the input stays.
+    void SetConnected(bool bConnected);
+
+    /// The answer to what was signalled last; ignored when nothing is under way. ErrorNone ends the edit, but
+    /// for a segment of which every address was refused.
+    void SetAnswer(int nErrorCode, const std::string& sErrorDetail,
+        const std::vector<GroupLogical::FailedItem_t>& vecFailed);
+    /// The manager did not take what was signalled last: no answer will come.
+    void SetRefused();
+
+Q_SIGNALS:
+    void SignalAddDevice(const GroupLogical::DeviceAddInfo_t& device);
+    void SignalModifyDevice(const GroupLogical::DeviceAddInfo_t& device);
+    /// Back to the list, the input being given up.
+    void SignalFirstBtnClicked();
+    /// The server took the device, or some of a segment.
+    void SignalEditComplete();
+    void SignalShowNotify(QString sText);
+
+protected:
+    void keyPressEvent(QKeyEvent* pEvent) override;
+    void showEvent(QShowEvent* pEvent) override;
+    /// Keeps input methods away from the fields of addresses.
+    bool eventFilter(QObject* pWatched, QEvent* pEvent) override;
+
+private:
+    using SystemParam = RemoteConfigLogical::ISystemConfigObserver::Param;
+    using GroupParam = GroupLogical::IGroupManagerObserver::Param;
+    struct Row;
+    struct FieldWidget;
+
+    // Building the form.
+    void SetUpFields();
+    void SetUpCounts();
+    void SetUpButtons();
+    std::vector<Row> GetCountRows() const;
+    std::vector<FieldWidget> GetFieldWidgets() const;
+
+    // The choices.
+    void QueryChoices();
+    void OnDictionary(const SystemParam& param);
+    void OnVideoServers(const SystemParam& param);
+    void FillChoices();
+    void FillTypes();
+    void FillSeries();
+    void FillDirections();
+
+    // The form and its record.
+    void Start(bool bEdit, const std::vector<GroupLogical::Organization_t>& vecOrganizations);
+    void QueryDevice();
+    void OnDevice(const GroupParam& param);
+    void ShowRecord(const GroupLogical::DeviceAddInfo_t& device);
+    GroupLogical::DeviceAddInfo_t GetEdited() const;
+    void OnRegisterChanged();
+    void OnProtocalChanged();
+    void OnCategoryChanged();
+    void ResetPort();
+    void ShowModeFields();
+    void ShowCategoryFields();
+
+    // Steps.
+    void ShowStep(int nStep);
+    void OnNextClicked();
+    void OnFinishClicked();
+    void OnCancelClicked();
+    bool CheckLogin();
+    bool CheckDevice();
+    bool CheckSegmentFields(QWidget*& pFirst);
+    void AddOrModifyDevice();
+    void ShowRefusal(int nErrorCode, const std::string& sErrorDetail);
+    void ShowSegmentResult(const std::vector<GroupLogical::FailedItem_t>& vecFailed, int nErrorCode);
+    void EndEdit();
+    void SetBusy(bool bBusy);
+    QString FailurePrefix() const;
+
+    std::unique_ptr<Ui::CDevAdd> m_pUi;
+    GroupLogical::IGroupManager* m_pGroupManager;
+    RemoteConfigLogical::IRemoteConfigManager* m_pRemoteManager;
+    bool m_bEdit = false;
+    bool m_bBusy = false; ///< what was signalled waits for its answer
+    bool m_bFilling = false; ///< the form is being filled: changes are not the user's
+    QString m_sDeviceId;
+    GroupLogical::DeviceAddInfo_t m_loaded; ///< what the edit began with, as the server has it
+    GroupLogical::DeviceAddInfo_t m_baseline; ///< the same as the form shows it
+    GroupLogical::DeviceAddInfo_t m_sent;
+    bool m_bDictionary = false;
+    RemoteConfigLogical::Dictionary_t m_dictionary;
+    std::vector<RemoteConfigLogical::VideoServer_t> m_vecServers;
+    Common::CRequests<GroupParam> m_groupRequests;
+    Common::CRequests<SystemParam> m_systemRequests;
+    Common::CGroupManagerAdapter m_groupAdapter;
+    Common::CSystemConfigAdapter m_systemAdapter;
+};
+
+} // namespace ResourceManagerUI
