@@ -17,31 +17,71 @@ constexpr std::chrono::milliseconds BatchTime(250);
 } // namespace
 
 Prober::Prober(DatabasePool& pool, EventHub& hub, Generations& generations,
-    std::unique_ptr<Reachability> pReachability, std::chrono::milliseconds interval)
+    std::unique_ptr<Reachability> pReachability, std::chrono::milliseconds interval, CameOnline cameOnline)
     : m_pool(pool)
     , m_hub(hub)
     , m_generations(generations)
     , m_pReachability(std::move(pReachability))
     , m_interval(interval)
+    , m_cameOnline(std::move(cameOnline))
     , m_thread([this](const std::stop_token& stop) { Run(stop); })
 {
 }
 
 Prober::~Prober() = default;
 
+void Prober::ProbeSoon(const std::vector<std::int64_t>& vecIds)
+{
+    const std::lock_guard lock(m_mutex);
+    m_vecSoon.insert(m_vecSoon.end(), vecIds.begin(), vecIds.end());
+    m_wake.notify_all();
+}
+
 void Prober::Run(const std::stop_token& stop)
 {
+    auto next = std::chrono::steady_clock::now();
     while (!stop.stop_requested()) {
-        const auto next = std::chrono::steady_clock::now() + m_interval;
         try {
-            ProbeAll(stop);
+            if (std::chrono::steady_clock::now() >= next) {
+                next = std::chrono::steady_clock::now() + m_interval;
+                ProbeAll(stop);
+            }
+            ProbeAdded(stop);
         } catch (const ServiceError& error) {
             // The database was busy or away; the next round starts anew.
             Log::Warning("prober", "A round was given up", {{"code", std::to_string(error.Code())}});
         }
         std::unique_lock lock(m_mutex);
-        m_wake.wait_until(lock, stop, next, [] { return false; });
+        m_wake.wait_until(lock, stop, next, [this] { return !m_vecSoon.empty(); });
     }
+}
+
+void Prober::ProbeAdded(const std::stop_token& stop)
+{
+    std::vector<std::int64_t> vecIds;
+    {
+        const std::lock_guard lock(m_mutex);
+        vecIds.swap(m_vecSoon);
+    }
+    std::vector<Row> vecRows;
+    for (const std::int64_t nId : vecIds)
+        for (Row& row : ReadRow(nId))
+            vecRows.push_back(std::move(row));
+    if (!vecRows.empty())
+        Probe(std::move(vecRows), stop);
+}
+
+std::vector<Prober::Row> Prober::ReadRow(std::int64_t nId)
+{
+    return m_pool.Read([nId](Database& database) {
+        std::vector<Row> vecRows;
+        Rows rows = database.Run(QStringLiteral("SELECT id, address, port, online_state, offline_reason "
+                                                "FROM device WHERE id = ?"),
+            {static_cast<qlonglong>(nId)});
+        if (rows.Next())
+            vecRows.push_back({{rows.Big(0), rows.Text(1), rows.Int(2)}, {rows.Int(3), rows.Int(4)}});
+        return vecRows;
+    });
 }
 
 std::vector<Prober::Row> Prober::ReadRows(std::int64_t nAfterId)
@@ -64,28 +104,34 @@ void Prober::ProbeAll(const std::stop_token& stop)
     for (std::vector<Row> vecRows = ReadRows(nAfterId); !vecRows.empty() && !stop.stop_requested();
          vecRows = ReadRows(nAfterId)) {
         nAfterId = vecRows.back().target.nId;
-        std::unordered_map<std::int64_t, ProbeResult> mapKnown;
-        std::vector<ProbeTarget> vecTargets;
-        for (Row& row : vecRows) {
-            mapKnown[row.target.nId] = row.known;
-            vecTargets.push_back(std::move(row.target));
-        }
-        std::vector<Change> vecChanges;
-        auto lastWrite = std::chrono::steady_clock::now();
-        m_pReachability->Check(
-            vecTargets,
-            [&](const ProbeTarget& target, const ProbeResult& result) {
-                if (!(mapKnown[target.nId] == result))
-                    vecChanges.push_back({target, result});
-                const auto now = std::chrono::steady_clock::now();
-                if (vecChanges.size() >= BatchSize || (!vecChanges.empty() && now - lastWrite >= BatchTime)) {
-                    Write(vecChanges);
-                    lastWrite = now;
-                }
-            },
-            stop);
-        Write(vecChanges);
+        Probe(std::move(vecRows), stop);
+        ProbeAdded(stop);
     }
+}
+
+void Prober::Probe(std::vector<Row> vecRows, const std::stop_token& stop)
+{
+    std::unordered_map<std::int64_t, ProbeResult> mapKnown;
+    std::vector<ProbeTarget> vecTargets;
+    for (Row& row : vecRows) {
+        mapKnown[row.target.nId] = row.known;
+        vecTargets.push_back(std::move(row.target));
+    }
+    std::vector<Change> vecChanges;
+    auto lastWrite = std::chrono::steady_clock::now();
+    m_pReachability->Check(
+        vecTargets,
+        [&](const ProbeTarget& target, const ProbeResult& result) {
+            if (!(mapKnown[target.nId] == result))
+                vecChanges.push_back({target, result});
+            const auto now = std::chrono::steady_clock::now();
+            if (vecChanges.size() >= BatchSize || (!vecChanges.empty() && now - lastWrite >= BatchTime)) {
+                Write(vecChanges);
+                lastWrite = now;
+            }
+        },
+        stop);
+    Write(vecChanges);
 }
 
 void Prober::Write(std::vector<Change>& vecChanges)
@@ -115,6 +161,12 @@ void Prober::Write(std::vector<Change>& vecChanges)
         return;
     ++m_generations.states;
     m_hub.Publish(wire::event::DeviceStates, nlohmann::json(states).dump());
+    std::vector<std::int64_t> vecOnline;
+    for (const auto& state : states.vecStates)
+        if (state.nOnlineState == GroupLogical::StateOnline)
+            vecOnline.push_back(std::stoll(state.sDeviceId));
+    if (m_cameOnline && !vecOnline.empty())
+        m_cameOnline(vecOnline);
 }
 
 } // namespace Platform

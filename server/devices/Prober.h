@@ -19,10 +19,17 @@ namespace Platform {
 class Prober
 {
 public:
+    /// Told the numbers of devices that have just come online, on the prober's thread.
+    using CameOnline = std::function<void(const std::vector<std::int64_t>& vecIds)>;
+
     Prober(DatabasePool& pool, EventHub& hub, Generations& generations,
-        std::unique_ptr<Reachability> pReachability, std::chrono::milliseconds interval);
+        std::unique_ptr<Reachability> pReachability, std::chrono::milliseconds interval,
+        CameOnline cameOnline = {});
     /// Gives up the probes under way.
     ~Prober();
+    /// Looks at these devices as soon as the round under way allows, without waiting for the next one. Any
+    /// thread.
+    void ProbeSoon(const std::vector<std::int64_t>& vecIds);
     Prober(const Prober&) = delete;
     Prober& operator=(const Prober&) = delete;
 
@@ -40,7 +47,10 @@ private:
 
     void Run(const std::stop_token& stop);
     void ProbeAll(const std::stop_token& stop);
+    void ProbeAdded(const std::stop_token& stop);
+    void Probe(std::vector<Row> vecRows, const std::stop_token& stop);
     std::vector<Row> ReadRows(std::int64_t nAfterId);
+    std::vector<Row> ReadRow(std::int64_t nId);
     void Write(std::vector<Change>& vecChanges);
 
     DatabasePool& m_pool;
@@ -48,8 +58,10 @@ private:
     Generations& m_generations;
     const std::unique_ptr<Reachability> m_pReachability;
     const std::chrono::milliseconds m_interval;
+    const CameOnline m_cameOnline;
     std::mutex m_mutex;
     std::condition_variable_any m_wake;
+    std::vector<std::int64_t> m_vecSoon; ///< guarded by m_mutex
     std::jthread m_thread;
 };
 
