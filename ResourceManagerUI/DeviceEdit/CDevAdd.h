@@ -9,10 +9,6 @@
 
 #include <memory>
 
-class QAbstractButton;
-class QComboBox;
-class QLabel;
-class QSpinBox;
 namespace Ui {
 class CDevAdd;
 }
@@ -67,56 +63,65 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent* pEvent) override;
     void showEvent(QShowEvent* pEvent) override;
-    /// Keeps input methods away from the fields of addresses.
-    bool eventFilter(QObject* pWatched, QEvent* pEvent) override;
 
 private:
     using SystemParam = RemoteConfigLogical::ISystemConfigObserver::Param;
     using GroupParam = GroupLogical::IGroupManagerObserver::Param;
-    struct Row;
-    struct FieldWidget;
 
     // Building the form.
     void SetUpFields();
-    void SetUpCounts();
+    void SetUpChoices();
     void SetUpButtons();
-    std::vector<Row> GetCountRows() const;
-    std::vector<FieldWidget> GetFieldWidgets() const;
 
     // The choices.
     void QueryChoices();
     void OnDictionary(const SystemParam& param);
     void OnVideoServers(const SystemParam& param);
     void FillChoices();
+    void FillServers();
+    void SelectCategory(int nCategory);
+    void FillModes();
     void FillTypes();
     void FillSeries();
     void FillDirections();
 
     // The form and its record.
-    void Start(bool bEdit, const std::vector<GroupLogical::Organization_t>& vecOrganizations);
+    void Start(bool bEdit, const std::vector<GroupLogical::Organization_t>& vecOrganizations,
+        const GroupLogical::DeviceAddInfo_t& device);
     void QueryDevice();
     void OnDevice(const GroupParam& param);
     void ShowRecord(const GroupLogical::DeviceAddInfo_t& device);
+    void ShowTexts(const GroupLogical::DeviceAddInfo_t& device);
+    void ShowCounts(const GroupLogical::DeviceAddInfo_t& device);
+    /// The form as it stands, also what is hidden.
+    GroupLogical::DeviceAddInfo_t GetForm() const;
     GroupLogical::DeviceAddInfo_t GetEdited() const;
     void OnRegisterChanged();
     void OnProtocalChanged();
     void OnCategoryChanged();
     void ResetPort();
+    QString GetAddressLabel() const;
     void ShowModeFields();
     void ShowCategoryFields();
 
     // Steps.
-    void ShowStep(int nStep);
+    void ShowStep(QWidget* pStep);
+    bool IsFormShown() const;
     void OnNextClicked();
     void OnFinishClicked();
     void OnCancelClicked();
+    void OnReturnPressed();
     bool CheckLogin();
     bool CheckDevice();
-    bool CheckSegmentFields(QWidget*& pFirst);
+    QString CheckAddress() const;
+    /// Shows the message under the field; the first field with one gets the focus.
+    static void Tell(VxGUI::VxLineEdit* pEdit, const QString& sMessage, VxGUI::VxLineEdit*& pFirst);
     void AddOrModifyDevice();
+    /// The field that a refusal names; null when it is not shown now.
+    QWidget* FindField(const std::string& sErrorDetail) const;
     void ShowRefusal(int nErrorCode, const std::string& sErrorDetail);
-    void ShowSegmentResult(const std::vector<GroupLogical::FailedItem_t>& vecFailed, int nErrorCode);
-    void EndEdit();
+    /// True when some address of the segment was added.
+    bool ShowSegmentResult(int nErrorCode, const std::vector<GroupLogical::FailedItem_t>& vecFailed);
     void SetBusy(bool bBusy);
     QString FailurePrefix() const;
 
@@ -125,12 +130,12 @@ private:
     RemoteConfigLogical::IRemoteConfigManager* m_pRemoteManager;
     bool m_bEdit = false;
     bool m_bBusy = false; ///< what was signalled waits for its answer
-    bool m_bFilling = false; ///< the form is being filled: changes are not the user's
+    bool m_bConnected = true;
     QString m_sDeviceId;
     GroupLogical::DeviceAddInfo_t m_loaded; ///< what the edit began with, as the server has it
     GroupLogical::DeviceAddInfo_t m_baseline; ///< the same as the form shows it
-    GroupLogical::DeviceAddInfo_t m_sent;
-    bool m_bDictionary = false;
+    GroupLogical::DeviceAddInfo_t m_sent; ///< what was signalled last
+    bool m_bDictionary = false; ///< the dictionary is there
     RemoteConfigLogical::Dictionary_t m_dictionary;
     std::vector<RemoteConfigLogical::VideoServer_t> m_vecServers;
     Common::CRequests<GroupParam> m_groupRequests;

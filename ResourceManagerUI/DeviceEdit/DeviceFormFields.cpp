@@ -1,0 +1,112 @@
+#include "DeviceFormFields.h"
+
+#include <VxGUI/VxLineEdit.h>
+#include <common/COrganizationModel.h>
+
+#include <QEvent>
+#include <QLineEdit>
+#include <QRegularExpressionValidator>
+
+namespace ResourceManagerUI::FormFields {
+
+namespace {
+
+/// Eats what an input method composes; plain keys pass.
+class NoComposition : public QObject
+{
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject* pWatched, QEvent* pEvent) override
+    {
+        return pEvent->type() == QEvent::InputMethod || QObject::eventFilter(pWatched, pEvent);
+    }
+};
+
+void AddOrganizations(
+    QComboBox* pCombo, const Common::COrganizationModel& model, const QModelIndex& parent, int nLevel)
+{
+    for (int nRow = 0; nRow < model.rowCount(parent); ++nRow) {
+        const QModelIndex index = model.index(nRow, 0, parent);
+        AddChoice(pCombo, QString(nLevel * 4, QLatin1Char(' ')) + index.data().toString(), 0,
+            Common::COrganizationModel::GetCode(index));
+        AddOrganizations(pCombo, model, index, nLevel + 1);
+    }
+}
+
+} // namespace
+
+void DeclareChecks(VxGUI::VxLineEdit* pEdit, DeviceField field)
+{
+    for (const FieldCheck& check : GetFieldChecks(field)) {
+        if (check.kind == FieldCheck::Required)
+            pEdit->SetRequired(check.sMessage);
+        else if (check.kind == FieldCheck::Pattern)
+            pEdit->SetPattern(QRegularExpression(check.sPattern), check.sMessage);
+        else if (check.sMessage.isEmpty())
+            pEdit->GetLineEdit()->setMaxLength(check.nLimit);
+        else
+            pEdit->SetMaxLimit(check.nLimit, check.sMessage);
+    }
+}
+
+void SetTypedExpression(VxGUI::VxLineEdit* pEdit, const QString& sExpression)
+{
+    const QScopedPointer<const QValidator> pBefore(pEdit->GetLineEdit()->validator());
+    pEdit->GetLineEdit()->setValidator(
+        new QRegularExpressionValidator(QRegularExpression(sExpression), pEdit->GetLineEdit()));
+}
+
+void MakeAddressField(VxGUI::VxLineEdit* pEdit, const QString& sExpression)
+{
+    QLineEdit* pInner = pEdit->GetLineEdit();
+    pInner->setAttribute(Qt::WA_InputMethodEnabled, false);
+    pInner->installEventFilter(new NoComposition(pInner));
+    SetTypedExpression(pEdit, sExpression);
+}
+
+void AddChoice(QComboBox* pCombo, const QString& sText, int nCode, const QString& sKey)
+{
+    pCombo->addItem(sText, nCode);
+    pCombo->setItemData(pCombo->count() - 1, sKey, KeyRole);
+}
+
+QString GetKey(const QComboBox* pCombo)
+{
+    return pCombo->currentData(KeyRole).toString();
+}
+
+void SelectKey(QComboBox* pCombo, const QString& sKey)
+{
+    int nIndex = pCombo->findData(sKey, KeyRole, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (nIndex < 0 && !sKey.isEmpty()) {
+        AddChoice(pCombo, sKey, 0, sKey);
+        nIndex = pCombo->count() - 1;
+    }
+    pCombo->setCurrentIndex(qMax(nIndex, pCombo->count() > 0 ? 0 : -1));
+}
+
+int GetCode(const QComboBox* pCombo)
+{
+    return pCombo->currentData().toInt();
+}
+
+bool SelectCode(QComboBox* pCombo, int nCode)
+{
+    const int nIndex = pCombo->findData(nCode);
+    if (nIndex >= 0)
+        pCombo->setCurrentIndex(nIndex);
+    return nIndex >= 0;
+}
+
+void FillOrganizations(QComboBox* pCombo, const std::vector<GroupLogical::Organization_t>& vecOrganizations,
+    const QString& sCode)
+{
+    pCombo->clear();
+    Common::COrganizationModel model;
+    model.SetOrganizations(vecOrganizations);
+    AddOrganizations(pCombo, model, QModelIndex(), 0);
+    const int nIndex = pCombo->findData(sCode, KeyRole);
+    pCombo->setCurrentIndex(nIndex < 0 && pCombo->count() > 0 ? 0 : nIndex);
+}
+
+} // namespace ResourceManagerUI::FormFields

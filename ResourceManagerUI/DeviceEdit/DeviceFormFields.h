@@ -1,0 +1,39 @@
+#pragma once
+
+#include "DeviceFormRules.h"
+
+#include <QComboBox>
+
+#include <vector>
+
+namespace VxGUI {
+class VxLineEdit;
+}
+
+/// What device forms do with their widgets. User-interface thread.
+namespace ResourceManagerUI::FormFields {
+
+/// Role of the key that records hold, beside the number in Qt::UserRole.
+inline constexpr int KeyRole = Qt::UserRole + 1;
+
+/// Declares the checks of that text on the field: typing limit, live hint and the order on CheckInput.
+void DeclareChecks(VxGUI::VxLineEdit* pEdit, DeviceField field);
+/// Takes IPv4 addresses, or what sExpression matches, typed key by key; input methods cannot compose there.
+void MakeAddressField(VxGUI::VxLineEdit* pEdit, const QString& sExpression = GetIpExpression());
+/// Changes what can be typed into the field.
+void SetTypedExpression(VxGUI::VxLineEdit* pEdit, const QString& sExpression);
+
+void AddChoice(QComboBox* pCombo, const QString& sText, int nCode, const QString& sKey = QString());
+/// Key of the current choice; empty without one.
+QString GetKey(const QComboBox* pCombo);
+/// Chooses by the key. A key that the list lacks is added to it, as the record has it.
+void SelectKey(QComboBox* pCombo, const QString& sKey);
+int GetCode(const QComboBox* pCombo);
+/// Chooses by the number; false when there is none.
+bool SelectCode(QComboBox* pCombo, int nCode);
+
+/// Fills the list with the tree, indented, and proposes the organisation, or the root when it is not there.
+void FillOrganizations(QComboBox* pCombo, const std::vector<GroupLogical::Organization_t>& vecOrganizations,
+    const QString& sCode);
+
+} // namespace ResourceManagerUI::FormFields
