@@ -1,0 +1,263 @@
+#include "CImportRun.h"
+
+#include <UICommonMdl/CErrorCode.h>
+#include <UICommonMdl/CInterfaceSetManager.h>
+#include <UICommonMdl/ITransferManager.h>
+#include <UserLogical/IUserManager.h>
+
+#include <QCoreApplication>
+#include <QtConcurrent/QtConcurrentRun>
+
+namespace ResourceManagerUI {
+
+namespace {
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(CDevImport)
+};
+
+constexpr int KindImport = 1;
+/// The server reports at least each time it has worked on some rows; the last step of a large import, when
+/// all devices enter the list at once, has none in between.
+constexpr std::chrono::minutes ReportTimeOut{10};
+
+} // namespace
+
+CImportRun::CImportRun(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QObject* pParent)
+    : QObject(pParent)
+    , m_pInterfaceSet(pInterfaceSet)
+    , m_pTransfers(pInterfaceSet->GetTransferManager())
+    , m_adapter(pInterfaceSet->GetGroupManager())
+{
+    m_requests.SetTimeOut(ReportTimeOut);
+    connect(&m_reading, &QFutureWatcherBase::finished, this, &CImportRun::OnLoaded);
+    connect(
+        &m_adapter, &Common::CGroupManagerAdapter::SignalState, this,
+        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
+    if (!m_pTransfers)
+        return;
+    connect(
+        m_pTransfers, &UICommonMdl::ITransferManager::SignalProgress, this, &CImportRun::OnUploadProgress);
+    connect(
+        m_pTransfers, &UICommonMdl::ITransferManager::SignalFinished, this, &CImportRun::OnUploadFinished);
+}
+
+CImportRun::~CImportRun()
+{
+    if (m_stage == Stage::Uploading)
+        m_pTransfers->Cancel(m_nUpload);
+}
+
+void CImportRun::SetStage(Stage stage)
+{
+    m_stage = stage;
+    Q_EMIT SignalStageChanged();
+}
+
+void CImportRun::Begin(Stage stage, const Options& options)
+{
+    m_options = options;
+    m_sheet = {};
+    m_vecRows.clear();
+    m_nUnreadable = 0;
+    m_state = {};
+    m_nErrorCode = UICommonMdl::ErrorNone;
+    m_sErrorDetail.clear();
+    SetStage(stage);
+}
+
+void CImportRun::Reset()
+{
+    m_requests.Clear();
+    m_nUpload = 0;
+    if (m_stage != Stage::Idle)
+        SetStage(Stage::Idle);
+}
+
+void CImportRun::Refuse(const QString& sText)
+{
+    SetStage(Stage::Idle);
+    Q_EMIT SignalRefused(sText);
+}
+
+std::shared_ptr<const CImportRun::Loaded> CImportRun::Load(const QString& sPath)
+{
+    auto pLoaded = std::make_shared<Loaded>();
+    CDeviceImportFile file;
+    pLoaded->status = file.Load(sPath);
+    if (pLoaded->status != CDeviceImportFile::Status::Read)
+        return pLoaded;
+    pLoaded->request.sSource = "xml";
+    pLoaded->request.vecRows.reserve(file.GetRows().size());
+    for (const ImportFileRow& row : file.GetRows())
+        pLoaded->request.vecRows.push_back(CDeviceImportFile::MakeImportRow(row));
+    pLoaded->vecRows = GetImportedRows(pLoaded->request.vecRows);
+    pLoaded->vecUnreadable = file.GetUnreadable();
+    return pLoaded;
+}
+
+void CImportRun::StartXml(const QString& sPath, const Options& options)
+{
+    if (IsRunning())
+        return;
+    Begin(Stage::Reading, options);
+    m_reading.setFuture(QtConcurrent::run(&CImportRun::Load, sPath));
+}
+
+void CImportRun::OnLoaded()
+{
+    if (m_stage != Stage::Reading)
+        return;
+    const std::shared_ptr<const Loaded> pLoaded = m_reading.result();
+    m_reading.setFuture({});
+    if (pLoaded->status != CDeviceImportFile::Status::Read) {
+        Refuse(CDeviceImportFile::GetStatusText(pLoaded->status));
+        return;
+    }
+    m_vecRows = pLoaded->vecRows;
+    m_nUnreadable = static_cast<int>(pLoaded->vecUnreadable.size());
+    m_state.nTotal = static_cast<int>(m_vecRows.size()) + m_nUnreadable;
+    m_state.nDone = m_state.nFailed = m_nUnreadable;
+    m_state.vecFailed = pLoaded->vecUnreadable;
+    const bool bNothing = m_vecRows.empty() || (m_nUnreadable > 0 && m_options.bAllOrNothing);
+    if (bNothing) {
+        SetStage(Stage::Importing);
+        Finish(UICommonMdl::ErrorImportAborted, {});
+        return;
+    }
+    Send(pLoaded->request);
+}
+
+void CImportRun::StartRows(
+    std::vector<GroupLogical::ImportRow_t> vecRows, const QString& sSource, const Options& options)
+{
+    if (IsRunning())
+        return;
+    Begin(Stage::Importing, options);
+    m_vecRows = GetImportedRows(vecRows);
+    m_state.nTotal = static_cast<int>(vecRows.size());
+    GroupLogical::ImportRequest_t request;
+    request.vecRows = std::move(vecRows);
+    request.sSource = sSource.toStdString();
+    Send(std::move(request));
+}
+
+void CImportRun::Send(GroupLogical::ImportRequest_t request)
+{
+    request.sOrgCode = m_options.sOrgCode.toStdString();
+    request.bAllOrNothing = m_options.bAllOrNothing;
+    GroupLogical::IGroupManager* const pManager = m_pInterfaceSet->GetGroupManager();
+    Wait(pManager ? pManager->ImportDevice(request) : 0);
+}
+
+void CImportRun::Wait(int nSequence)
+{
+    if (!m_requests.Supersede(nSequence, KindImport, [this](const Param& param) { OnReport(param); })) {
+        Refuse(Text::tr("Failed to import device!"));
+        return;
+    }
+    SetStage(Stage::Importing);
+    Q_EMIT SignalProgress();
+}
+
+void CImportRun::StartUpload(const QString& sUrl, const QString& sPath, const Options& options)
+{
+    if (IsRunning())
+        return;
+    Begin(Stage::Uploading, options);
+    UserLogical::IUserManager* const pUser = m_pInterfaceSet->GetUserManager();
+    const QString sWholeUrl =
+        AppendToken(sUrl, pUser ? QString::fromStdString(pUser->GetToken()) : QString());
+    m_nUpload = m_pTransfers && !sWholeUrl.isEmpty() ? m_pTransfers->Upload(sWholeUrl, sPath) : 0;
+    if (m_nUpload > 0)
+        return;
+    SetStage(Stage::Idle);
+    Q_EMIT SignalUploadFailed(sWholeUrl.isEmpty()
+            ? QString()
+            : CDeviceImportFile::GetStatusText(CDeviceImportFile::Status::Unreadable));
+}
+
+void CImportRun::OnUploadProgress(int nTransfer, qint64 nDone, qint64 nTotal)
+{
+    if (m_stage == Stage::Uploading && nTransfer == m_nUpload && nTotal > 0)
+        Q_EMIT SignalUploadRate(static_cast<int>(qBound(qint64(0), nDone * 100 / nTotal, qint64(100))));
+}
+
+void CImportRun::OnUploadFinished(
+    int nTransfer, int nErrorCode, const QString& sDetail, const QByteArray& baAnswer)
+{
+    if (m_stage != Stage::Uploading || nTransfer != m_nUpload)
+        return;
+    m_nUpload = 0;
+    const std::optional<UploadedSheet> optSheet =
+        nErrorCode == UICommonMdl::ErrorNone ? ParseUploadAnswer(baAnswer) : std::nullopt;
+    if (optSheet) {
+        m_sheet = *optSheet;
+        Q_EMIT SignalUploadRate(100);
+        SetStage(Stage::Uploaded);
+        Q_EMIT SignalUploaded();
+        return;
+    }
+    const int nShown = nErrorCode == UICommonMdl::ErrorNone ? UICommonMdl::ErrorBadAnswer : nErrorCode;
+    const QString sReason = UICommonMdl::CErrorCode::GetErroCodeInfor(nShown);
+    SetStage(Stage::Idle);
+    Q_EMIT SignalUploadFailed(sDetail.isEmpty() ? sReason : QString(sReason + QLatin1Char(' ') + sDetail));
+}
+
+void CImportRun::ImportUploaded(bool bOverwrite)
+{
+    if (m_stage != Stage::Uploaded)
+        return;
+    m_state.nTotal = m_sheet.nRows;
+    GroupLogical::IGroupManager* const pManager = m_pInterfaceSet->GetGroupManager();
+    Wait(pManager ? pManager->ImportUploaded(m_sheet.sJob.toStdString(), m_options.bAllOrNothing, bOverwrite)
+                  : 0);
+}
+
+void CImportRun::OnReport(const Param& param)
+{
+    const GroupLogical::ImportState_t& news = param.importState;
+    m_state.vecFailed.insert(m_state.vecFailed.end(), news.vecFailed.begin(), news.vecFailed.end());
+    // A failure of the request as a whole may come without figures.
+    if (news.nTotal > 0) {
+        m_state.nTotal = news.nTotal + m_nUnreadable;
+        m_state.nDone = news.nDone + m_nUnreadable;
+        m_state.nFailed = news.nFailed + m_nUnreadable;
+        m_state.nSucceeded = news.nSucceeded;
+    }
+    if (!param.bFinal) {
+        Q_EMIT SignalProgress();
+        return;
+    }
+    m_state.sFailListUrl = news.sFailListUrl;
+    m_state.sFailListName = news.sFailListName;
+    Finish(param.nErrorCode, QString::fromStdString(param.sErrorDetail));
+}
+
+void CImportRun::Finish(int nErrorCode, const QString& sDetail)
+{
+    m_nErrorCode = nErrorCode;
+    m_sErrorDetail = sDetail;
+    if (!IsOutcomeUnknown(nErrorCode)) {
+        m_state.nDone = m_state.nTotal;
+        // Nothing enters the list of an import that fails as a whole.
+        if (nErrorCode != UICommonMdl::ErrorNone)
+            m_state.nSucceeded = 0;
+        m_state.nFailed = m_state.nTotal - m_state.nSucceeded;
+    }
+    Q_EMIT SignalProgress();
+    SetStage(Stage::Done);
+    Q_EMIT SignalFinished();
+}
+
+std::vector<ImportResultRow> CImportRun::MakeResult() const
+{
+    // Only what is certain is said: rows nobody reported on have gone the way of the whole.
+    std::optional<int> optRest;
+    if (!IsOutcomeUnknown(m_nErrorCode))
+        optRest = m_nErrorCode;
+    return MakeImportResult(m_vecRows, m_state.vecFailed, optRest);
+}
+
+} // namespace ResourceManagerUI
