@@ -2,16 +2,27 @@
 
 #include "Log.h"
 #include "ServiceError.h"
+#include "devices/Drivers.h"
+#include "devices/FieldDeviceDriver.h"
+#include "devices/OnvifDriver.h"
 #include "devices/Prober.h"
 #include "devices/TcpReachability.h"
 #include "http/Dispatcher.h"
+#include "http/FileRoutes.h"
 #include "http/HttpFront.h"
+#include "import/ImportService.h"
 #include "seed/Seeds.h"
 #include "services/Catalog.h"
+#include "services/ChannelReader.h"
+#include "services/CloudService.h"
 #include "services/DeviceService.h"
+#include "services/FieldService.h"
+#include "services/JobService.h"
 #include "services/OrganizationService.h"
 #include "services/RightsService.h"
+#include "services/SecretBox.h"
 #include "services/SessionService.h"
+#include "services/TimeZones.h"
 #include "store/DatabasePool.h"
 #include "store/Migrations.h"
 
@@ -20,6 +31,8 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
+
+#include <mutex>
 
 namespace Platform {
 
@@ -34,7 +47,12 @@ struct PlatformServer::Private
 
     void PrepareDataDir() const;
     void OpenStore();
+    void MakeServices();
     void Register();
+    void RegisterDevices();
+    void RegisterField();
+    void RegisterFiles();
+    void AddressesChanged(const std::vector<std::string>& vecDeviceIds);
     void Close();
 
     static constexpr int StreamLimit = 256;
@@ -47,9 +65,18 @@ struct PlatformServer::Private
     std::unique_ptr<RightsService> pRights;
     std::unique_ptr<SessionService> pSessions;
     std::unique_ptr<OrganizationService> pOrganizations;
+    std::unique_ptr<SecretBox> pBox;
+    Drivers drivers;
     std::unique_ptr<DeviceService> pDevices;
+    std::unique_ptr<CloudService> pCloud;
+    std::unique_ptr<JobService> pJobs;
+    std::unique_ptr<FieldService> pField;
+    std::unique_ptr<ImportService> pImport;
+    std::unique_ptr<ChannelReader> pChannels;
     std::unique_ptr<Dispatcher> pDispatcher;
+    std::unique_ptr<FileRoutes> pFiles;
     std::unique_ptr<HttpFront> pHttp;
+    std::mutex proberMutex; ///< guards pProber while it is made and ended
     std::unique_ptr<Prober> pProber;
 };
 
@@ -80,12 +107,28 @@ void PlatformServer::Private::OpenStore()
     }
 }
 
+void PlatformServer::Private::MakeServices()
+{
+    pBox = std::make_unique<SecretBox>(options.sDataDir + QStringLiteral("/secret.key"));
+    drivers = Drivers();
+    drivers.Add(std::make_unique<FieldDeviceDriver>(options.nDeviceTimeoutMs, options.nDiscoveryPort));
+    drivers.Add(std::make_unique<OnvifDriver>(options.nDeviceTimeoutMs, options.nOnvifDiscoveryPort));
+    pOrganizations = std::make_unique<OrganizationService>(*pPool, hub, audit, generations);
+    pDevices = std::make_unique<DeviceService>(*pPool, hub, audit, generations, *pBox,
+        [this](const std::vector<std::string>& vecIds) { AddressesChanged(vecIds); });
+    pCloud = std::make_unique<CloudService>(options.sCloudUrl);
+    pJobs = std::make_unique<JobService>(options.clock);
+    pField = std::make_unique<FieldService>(
+        *pPool, *pJobs, *pDevices, audit, *pBox, drivers, options.nSearchTimeoutMs);
+    pImport = std::make_unique<ImportService>(*pPool, *pJobs, *pDevices, audit, *pBox);
+    pChannels = std::make_unique<ChannelReader>(*pPool, *pDevices, *pBox, drivers);
+}
+
 void PlatformServer::Private::Register()
 {
     Dispatcher& table = *pDispatcher;
     SessionService& sessions = *pSessions;
     OrganizationService& organizations = *pOrganizations;
-    DeviceService& devices = *pDevices;
     using namespace wire;
     using C = Context;
 
@@ -116,6 +159,17 @@ void PlatformServer::Private::Register()
         organizations.Move(context, request);
         return Nothing{};
     });
+    RegisterDevices();
+    RegisterField();
+    RegisterFiles();
+}
+
+void PlatformServer::Private::RegisterDevices()
+{
+    Dispatcher& table = *pDispatcher;
+    DeviceService& devices = *pDevices;
+    using namespace wire;
+    using C = Context;
 
     table.Register<QueryDevicePage>(
         [&](const C&, const auto& request) { return devices.QueryPage(request); });
@@ -129,14 +183,114 @@ void PlatformServer::Private::Register()
     table.Register<MoveDevice>(
         [&](const C& context, const auto& request) { return devices.Move(context, request); });
     table.Register<QueryDeviceTypes>([&](const C&, const auto&) { return devices.QueryTypes(); });
+    table.Register<AddDevice>(
+        [&](const C& context, const auto& request) { return devices.Add(context, request); });
+    table.Register<ModifyDevice>(
+        [&](const C& context, const auto& request) { return devices.Modify(context, request); });
+}
+
+void PlatformServer::Private::RegisterField()
+{
+    Dispatcher& table = *pDispatcher;
+    FieldService& field = *pField;
+    JobService& jobs = *pJobs;
+    ImportService& imports = *pImport;
+    using C = Context;
+
+    table.Register<wire::GetFeatures>([&](const C&, const auto&) {
+        RemoteConfigLogical::Features_t features;
+        features.bCloudAccount = pCloud->IsConfigured();
+        features.sCloudService = pCloud->Name();
+        features.sTemplateUrl = std::string(FileRoutes::DownloadPrefix) + "device-template?kind=device";
+        features.sIntercomTemplateUrl =
+            std::string(FileRoutes::DownloadPrefix) + "device-template?kind=intercom";
+        features.sUploadUrl = std::string(FileRoutes::UploadPrefix) + "device-sheet?format=sheet";
+        return features;
+    });
+    table.Register<wire::QueryVideoServers>(
+        [](const C&, const auto&) { return wire::VideoServers{Catalog::VideoServers()}; });
+    table.Register<wire::GetTimeZone>([](const C&, const auto&) { return TimeZones::Platform(); });
+    table.Register<wire::SearchOnlineDevice>(
+        [&](const C& context, const auto& request) { return field.Search(context, request); });
+    table.Register<wire::InitializeDevice>(
+        [&](const C& context, const auto& request) { return field.Initialize(context, request); });
+    table.Register<wire::ModifyAddress>(
+        [&](const C& context, const auto& request) { return field.ModifyAddress(context, request); });
+    table.Register<wire::ModifyDevicePassword>(
+        [&](const C& context, const auto& request) { return field.ModifyPassword(context, request); });
+    table.Register<wire::SetDeviceTimeZone>(
+        [&](const C& context, const auto& request) { return field.SetTimeZone(context, request); });
+    table.Register<wire::WaitJob>(
+        [&](const C& context, const auto& request) { return jobs.Wait(context, request); });
+    table.Register<wire::CancelJob>([&](const C& context, const auto& request) {
+        jobs.Cancel(context, request);
+        return wire::Nothing{};
+    });
+    table.Register<wire::BeginImport>(
+        [&](const C& context, const auto& request) { return imports.Begin(context, request); });
+    table.Register<wire::AddImportRows>([&](const C& context, const auto& request) {
+        imports.AddRows(context, request);
+        return wire::Nothing{};
+    });
+    table.Register<wire::RunImport>([&](const C& context, const auto& request) {
+        imports.Run(context, request);
+        return wire::Nothing{};
+    });
+    table.Register<wire::QueryCloudDevices>(
+        [&](const C&, const auto& request) { return pCloud->Query(request); });
+}
+
+void PlatformServer::Private::RegisterFiles()
+{
+    FileRoutes& files = *pFiles;
+    ImportService& imports = *pImport;
+    const std::string sRight(wire::BeginImport::Right);
+    const auto valueOf = [](const FileRoutes::Query& mapQuery, const char* szKey) {
+        const auto it = mapQuery.find(szKey);
+        return it == mapQuery.end() ? std::string() : it->second;
+    };
+    const auto asResponse = [](ImportService::File file) {
+        return FileResponse{200, file.baContent.toStdString(), file.sType, file.sName};
+    };
+    files.AddDownload("device-template", sRight, [=](const Context&, const auto& mapQuery) {
+        return asResponse(ImportService::Template(valueOf(mapQuery, "kind")));
+    });
+    files.AddDownload("import-failures", sRight, [=, &imports](const Context& context, const auto& mapQuery) {
+        return asResponse(imports.FailureList(context, valueOf(mapQuery, "job")));
+    });
+    files.AddUpload("device-sheet", sRight,
+        [=, &imports](const Context& context, const auto& mapQuery, const std::string& sBody) {
+            return nlohmann::json(
+                imports.Upload(context, QByteArray::fromStdString(sBody), valueOf(mapQuery, "org")));
+        });
+}
+
+void PlatformServer::Private::AddressesChanged(const std::vector<std::string>& vecDeviceIds)
+{
+    std::vector<std::int64_t> vecIds;
+    for (const std::string& sDeviceId : vecDeviceIds)
+        vecIds.push_back(std::stoll(sDeviceId));
+    const std::lock_guard lock(proberMutex);
+    if (pProber)
+        pProber->ProbeSoon(vecIds);
 }
 
 void PlatformServer::Private::Close()
 {
-    // Probing writes through the pool, and so do requests: both end before it.
-    pProber.reset();
+    // Probing, reading channels, jobs and requests write through the pool: all end before it.
+    std::unique_ptr<Prober> pEnding;
+    {
+        const std::lock_guard lock(proberMutex);
+        pEnding = std::move(pProber);
+    }
+    pEnding.reset();
     pHttp.reset();
+    pFiles.reset();
     pDispatcher.reset();
+    pChannels.reset();
+    pJobs.reset();
+    pImport.reset();
+    pField.reset();
     pDevices.reset();
     pOrganizations.reset();
     pSessions.reset();
@@ -166,10 +320,10 @@ void PlatformServer::Open()
     p.pRights = std::make_unique<RightsService>(*p.pPool, p.hub);
     p.pSessions = std::make_unique<SessionService>(
         *p.pPool, p.hub, *p.pRights, p.audit, p.options.clock, p.options.nTokenLifetimeMinutes);
-    p.pOrganizations = std::make_unique<OrganizationService>(*p.pPool, p.hub, p.audit, p.generations);
-    p.pDevices = std::make_unique<DeviceService>(*p.pPool, p.hub, p.audit, p.generations);
+    p.MakeServices();
     p.pDispatcher = std::make_unique<Dispatcher>(
         [pSessions = p.pSessions.get()](const std::string& sToken) { return pSessions->Find(sToken); });
+    p.pFiles = std::make_unique<FileRoutes>(*p.pDispatcher);
     p.Register();
 }
 
@@ -185,12 +339,15 @@ void PlatformServer::Start()
     http.sKey = p.options.sKey;
     http.nStreamLimit = Private::StreamLimit;
     http.nHeartbeatMs = p.options.nHeartbeatMs;
-    p.pHttp = std::make_unique<HttpFront>(http, *p.pDispatcher, p.hub);
+    p.pHttp = std::make_unique<HttpFront>(http, *p.pDispatcher, *p.pFiles, p.hub);
     p.pHttp->Start();
-    if (p.options.nProbeIntervalSeconds > 0)
+    if (p.options.nProbeIntervalSeconds > 0) {
+        const std::lock_guard lock(p.proberMutex);
         p.pProber = std::make_unique<Prober>(*p.pPool, p.hub, p.generations,
             std::make_unique<TcpReachability>(p.options.nProbeConcurrency, p.options.nProbeTimeoutMs),
-            std::chrono::seconds(p.options.nProbeIntervalSeconds));
+            std::chrono::seconds(p.options.nProbeIntervalSeconds),
+            [pChannels = p.pChannels.get()](const auto& vecIds) { pChannels->ReadSoon(vecIds); });
+    }
     Log::Info("server", "Serving",
         {{"address", p.pHttp->Url()}, {"database", p.options.database.Display().toStdString()}});
 }
@@ -199,6 +356,9 @@ void PlatformServer::Stop()
 {
     if (!m_pPrivate->pPool)
         return;
+    // Nobody waits for a job any more; what waits is answered.
+    if (m_pPrivate->pJobs)
+        m_pPrivate->pJobs->End();
     if (m_pPrivate->pHttp)
         m_pPrivate->pHttp->Stop();
     m_pPrivate->Close();
@@ -207,6 +367,8 @@ void PlatformServer::Stop()
 
 void PlatformServer::Abort()
 {
+    if (m_pPrivate->pJobs)
+        m_pPrivate->pJobs->End();
     if (m_pPrivate->pHttp)
         m_pPrivate->pHttp->Abort();
     Stop();
@@ -240,6 +402,11 @@ EventHub& PlatformServer::Hub()
 Generations& PlatformServer::DataGenerations()
 {
     return m_pPrivate->generations;
+}
+
+FileRoutes& PlatformServer::Files()
+{
+    return *m_pPrivate->pFiles;
 }
 
 Dispatcher& PlatformServer::Operations()

@@ -14,6 +14,7 @@ namespace Platform {
 class DatabasePool;
 class Dispatcher;
 class EventHub;
+class FileRoutes;
 class RightsService;
 class SessionService;
 struct Generations;
@@ -32,6 +33,11 @@ struct ServerOptions
     int nProbeConcurrency = 256;
     int nProbeTimeoutMs = 2000;
     int nTokenLifetimeMinutes = 720;
+    std::string sCloudUrl; ///< account service of P2P devices; empty: none
+    int nSearchTimeoutMs = 3000; ///< how long a search for devices waits for answers
+    int nDeviceTimeoutMs = 5000; ///< of each question to a device
+    int nDiscoveryPort = 37810; ///< UDP port that the platform's own devices answer on
+    int nOnvifDiscoveryPort = 3702;
     int nReaders = 4;
     int nHeartbeatMs = 10000; ///< of event streams
     Clock clock; ///< empty: the system's
@@ -66,6 +72,7 @@ public:
     EventHub& Hub();
     Generations& DataGenerations();
     Dispatcher& Operations();
+    FileRoutes& Files();
 
 private:
     struct Private;

@@ -54,6 +54,14 @@ int Number(const QCommandLineParser& parser, const QString& sOption, int nMin, i
     return nValue;
 }
 
+std::string CloudUrl(const QString& sUrl)
+{
+    if (!sUrl.isEmpty() && !sUrl.startsWith(QLatin1String("http://"))
+        && !sUrl.startsWith(QLatin1String("https://")))
+        Refuse("--cloud-url takes an address that begins with http:// or https://");
+    return sUrl.toStdString();
+}
+
 void SetListen(Platform::ServerOptions& options, const QString& sListen)
 {
     const int nColon = sListen.lastIndexOf(QLatin1Char(':'));
@@ -96,6 +104,15 @@ void AddOptions(QCommandLineParser& parser)
     value("probe-concurrency", "Devices that are tried at a time.", "NUMBER", QStringLiteral("256"));
     value(
         "probe-timeout", "Milliseconds after which a device counts as silent.", "MS", QStringLiteral("2000"));
+    value("cloud-url", "Account service of P2P devices; without one there are no cloud accounts.", "URL", {});
+    value("search-timeout", "Milliseconds that a search for devices waits for answers.", "MS",
+        QStringLiteral("3000"));
+    value("device-timeout", "Milliseconds after which a question to a device is given up.", "MS",
+        QStringLiteral("5000"));
+    value("discovery-port", "UDP port that the platform's own devices are searched on.", "PORT",
+        QStringLiteral("37810"));
+    value("onvif-discovery-port", "UDP port that ONVIF devices are searched on.", "PORT",
+        QStringLiteral("3702"));
     value("token-lifetime", "Minutes that an unused session lasts.", "MINUTES", QStringLiteral("720"));
     flag("set-password", "Read the built-in account's password from the standard input, set it and end.");
     flag("exit-with-parent", "End when the standard input is closed.");
@@ -128,6 +145,11 @@ CommandLine Read(const QCoreApplication& application)
     options.nProbeIntervalSeconds = Number(parser, QStringLiteral("probe-interval"), 0, 86400);
     options.nProbeConcurrency = Number(parser, QStringLiteral("probe-concurrency"), 1, 10000);
     options.nProbeTimeoutMs = Number(parser, QStringLiteral("probe-timeout"), 1, 60000);
+    options.sCloudUrl = CloudUrl(parser.value(QStringLiteral("cloud-url")));
+    options.nSearchTimeoutMs = Number(parser, QStringLiteral("search-timeout"), 100, 60000);
+    options.nDeviceTimeoutMs = Number(parser, QStringLiteral("device-timeout"), 100, 60000);
+    options.nDiscoveryPort = Number(parser, QStringLiteral("discovery-port"), 1, 65535);
+    options.nOnvifDiscoveryPort = Number(parser, QStringLiteral("onvif-discovery-port"), 1, 65535);
     options.nTokenLifetimeMinutes = Number(parser, QStringLiteral("token-lifetime"), 2, 525600);
     line.bSetPassword = parser.isSet(QStringLiteral("set-password"));
     line.bExitWithParent = parser.isSet(QStringLiteral("exit-with-parent"));

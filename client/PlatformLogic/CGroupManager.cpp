@@ -1,5 +1,6 @@
 #include "CGroupManager.h"
 
+#include "CImportSender.h"
 #include "CUserManager.h"
 #include "ServerCall.h"
 
@@ -14,6 +15,10 @@ constexpr auto TakeNothing = [](IGroupManagerObserver::Param&, wire::Nothing&&) 
 constexpr auto TakeOrganization = [](IGroupManagerObserver::Param& param,
                                       GroupLogical::Organization_t&& organization) {
     param.vecOrganizations.push_back(std::move(organization));
+};
+constexpr auto TakeDevice = [](IGroupManagerObserver::Param& param, GroupLogical::DeviceAddInfo_t&& device) {
+    if (param.nErrorCode == UICommonMdl::ErrorNone)
+        param.optDevice = std::move(device);
 };
 constexpr auto TakePage = [](IGroupManagerObserver::Param& param, GroupLogical::DevicePage_t&& page) {
     param.devicePage = std::move(page);
@@ -118,11 +123,8 @@ int CGroupManager::ExportDevice(const GroupLogical::DevicePageRequest_t& request
 
 int CGroupManager::QueryDeviceDetail(const std::string& sDeviceId)
 {
-    return Call<wire::QueryDeviceDetail>(IGroupManagerObserver::ResultQueryDeviceDetail, {sDeviceId},
-        [](Param& param, GroupLogical::DeviceAddInfo_t&& device) {
-            if (param.nErrorCode == UICommonMdl::ErrorNone)
-                param.optDevice = std::move(device);
-        });
+    return Call<wire::QueryDeviceDetail>(
+        IGroupManagerObserver::ResultQueryDeviceDetail, {sDeviceId}, TakeDevice);
 }
 
 int CGroupManager::QueryDeviceReferences(const std::string& sDeviceId)
@@ -149,6 +151,59 @@ int CGroupManager::QueryDeviceTypes()
 {
     return Call<wire::QueryDeviceTypes>(IGroupManagerObserver::ResultQueryDeviceTypes, {},
         [](Param& param, wire::DeviceTypes&& data) { param.vecDeviceTypes = std::move(data.vecTypes); });
+}
+
+int CGroupManager::AddDevice(const GroupLogical::DeviceAddInfo_t& device)
+{
+    return Call<wire::AddDevice>(
+        IGroupManagerObserver::ResultAddDevice, device, [](Param& param, wire::DeviceAddAnswer&& answer) {
+            param.vecAddedIds = std::move(answer.vecAddedIds);
+            param.vecFailed = std::move(answer.vecFailed);
+        });
+}
+
+int CGroupManager::ModifyDevice(const GroupLogical::DeviceAddInfo_t& device)
+{
+    return Call<wire::ModifyDevice>(IGroupManagerObserver::ResultModifyDevice, device, TakeDevice);
+}
+
+int CGroupManager::ImportDevice(const GroupLogical::ImportRequest_t& request)
+{
+    if (!m_userManager.GetUserRight() || request.vecRows.empty())
+        return 0;
+    return std::make_shared<CImportSender>(m_connection, request, [this](const JobReport& report) {
+        NotifyImport(report);
+    })->Start();
+}
+
+int CGroupManager::ImportUploaded(const std::string& sJob, bool bAllOrNothing, bool bOverwrite)
+{
+    if (!m_userManager.GetUserRight())
+        return 0;
+    return CImportSender::StartUploaded(m_connection, {sJob, bAllOrNothing, bOverwrite},
+        [this](const JobReport& report) { NotifyImport(report); });
+}
+
+void CGroupManager::NotifyImport(const JobReport& report)
+{
+    Param param;
+    param.nResultCode = IGroupManagerObserver::ResultImportDevice;
+    param.nSequence = report.nSequence;
+    param.nErrorCode = report.nErrorCode;
+    param.sErrorDetail = report.sDetail;
+    param.bFinal = report.bFinal;
+    if (report.bFinal) {
+        try {
+            report.state.summary.get_to(param.importState);
+        } catch (const nlohmann::json::exception&) {
+            param.nErrorCode = UICommonMdl::ErrorBadAnswer;
+        }
+    } else {
+        param.importState.nTotal = report.state.nTotal;
+        param.importState.nDone = report.state.nDone;
+    }
+    param.importState.vecFailed = ItemsOf<GroupLogical::ImportFailure_t>(report);
+    Notify(param);
 }
 
 } // namespace PlatformLogic

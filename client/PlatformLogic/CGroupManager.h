@@ -31,6 +31,10 @@ public:
     int DeleteDevice(const std::vector<std::string>& vecDeviceIds, int nMode) override;
     int MoveDevice(const std::vector<std::string>& vecDeviceIds, const std::string& sOrgCode) override;
     int QueryDeviceTypes() override;
+    int AddDevice(const GroupLogical::DeviceAddInfo_t& device) override;
+    int ModifyDevice(const GroupLogical::DeviceAddInfo_t& device) override;
+    int ImportDevice(const GroupLogical::ImportRequest_t& request) override;
+    int ImportUploaded(const std::string& sJob, bool bAllOrNothing, bool bOverwrite) override;
 
     /// Tells the observers of something that the server pushed.
     void NotifyPush(int nResultCode);
@@ -42,6 +46,7 @@ private:
     template <class Op, class Take>
     int Call(int nResultCode, const typename Op::Request& request, Take take);
     void Notify(const Param& param);
+    void NotifyImport(const struct JobReport& report);
 
     CServerConnection& m_connection;
     CUserManager& m_userManager;

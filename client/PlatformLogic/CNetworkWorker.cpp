@@ -94,6 +94,20 @@ void CNetworkWorker::Post(
     connect(pReply, &QNetworkReply::finished, this, [this, pReply] { OnAnswered(pReply); });
 }
 
+void CNetworkWorker::PostLater(int nDelayMs, const std::string& sOperation, const QByteArray& body,
+    int nTimeOutMs, const AnswerHandler& handler)
+{
+    auto* const pTimer = new QTimer(this);
+    pTimer->setSingleShot(true);
+    m_hashWaiting.insert(pTimer, handler);
+    connect(pTimer, &QTimer::timeout, this, [=, this] {
+        m_hashWaiting.remove(pTimer);
+        pTimer->deleteLater();
+        Post(sOperation, body, nTimeOutMs, handler);
+    });
+    pTimer->start(nDelayMs);
+}
+
 void CNetworkWorker::OnAnswered(QNetworkReply* pReply)
 {
     RawAnswer answer;
@@ -112,6 +126,11 @@ void CNetworkWorker::OnAnswered(QNetworkReply* pReply)
 
 void CNetworkWorker::CancelAll()
 {
+    const auto hashWaiting = std::exchange(m_hashWaiting, {});
+    for (auto it = hashWaiting.begin(); it != hashWaiting.end(); ++it) {
+        delete it.key();
+        it.value()({UICommonMdl::ErrorCancelled, {}});
+    }
     const auto hashOpen = std::exchange(m_hashOpen, {});
     for (auto it = hashOpen.begin(); it != hashOpen.end(); ++it) {
         Drop(it.key());

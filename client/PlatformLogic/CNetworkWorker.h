@@ -48,10 +48,13 @@ public:
     /// Sends one request; the handler is called exactly once, here or from the event loop.
     void Post(
         const std::string& sOperation, const QByteArray& body, int nTimeOutMs, const AnswerHandler& handler);
+    /// As Post, after a while.
+    void PostLater(int nDelayMs, const std::string& sOperation, const QByteArray& body, int nTimeOutMs,
+        const AnswerHandler& handler);
     /// Opens the event stream and keeps it open, with a new attempt after each loss, until CloseStream.
     void OpenStream();
     void CloseStream();
-    /// Ends every open request with ErrorCancelled.
+    /// Ends every open request, and those that wait, with ErrorCancelled.
     void CancelAll();
 
 Q_SIGNALS:
@@ -73,6 +76,7 @@ private:
     QSslConfiguration m_tls;
     QByteArray m_token;
     QHash<QNetworkReply*, AnswerHandler> m_hashOpen;
+    QHash<QTimer*, AnswerHandler> m_hashWaiting;
     QNetworkReply* m_pStream = nullptr;
     std::unique_ptr<EventStreamParser> m_pParser;
     StreamState m_streamState = StreamState::Closed;

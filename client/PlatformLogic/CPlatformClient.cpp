@@ -3,6 +3,7 @@
 #include "CGroupManager.h"
 #include "CLocalConfig.h"
 #include "CRemoteConfigManager.h"
+#include "CTransferManager.h"
 #include "CUserManager.h"
 #include "ServerCall.h"
 
@@ -38,6 +39,7 @@ struct CPlatformClient::Private
     CServerConnection connection;
     CGroupManager groupManager;
     CRemoteConfigManager remoteConfigManager;
+    CTransferManager transferManager;
 };
 
 CPlatformClient::Private::Private(CPlatformClient* pOwner, const QString& sConfigFolder)
@@ -140,6 +142,8 @@ VxPluginAPI::IManager* CPlatformClient::FindManager(const std::string& sInterfac
         return GetUserManager();
     if (sInterfaceId == UICommonMdl::ILocalConfig::InterfaceId)
         return GetLocalConfig();
+    if (sInterfaceId == UICommonMdl::ITransferManager::InterfaceId)
+        return static_cast<UICommonMdl::ITransferManager*>(&m_pPrivate->transferManager);
     return nullptr;
 }
 
@@ -168,6 +172,7 @@ void CPlatformClient::SetServer(const QUrl& url, const QSslConfiguration& tls)
     m_pPrivate->userManager.ClearSession();
     m_pPrivate->connection.CloseSession();
     m_pPrivate->connection.SetServer(url, tls);
+    m_pPrivate->transferManager.SetServer(url, tls);
 }
 
 QUrl CPlatformClient::GetServer() const

@@ -74,22 +74,26 @@ void CServerConnection::SetServer(const QUrl& url, const QSslConfiguration& tls)
     QMetaObject::invokeMethod(m_pWorker, [this, url, tls] { m_pWorker->SetServer(url, tls); });
 }
 
-int CServerConnection::Send(const std::string& sOperation, const QByteArray& body, AnswerHandler handler)
+int CServerConnection::Send(
+    const std::string& sOperation, const QByteArray& body, AnswerHandler handler, int nDelayMs)
 {
     const int nSequence = ++m_nSequence;
     const int nTimeOutMs = m_nTimeOutMs;
     const int nSession = m_nSession;
     ++m_nOpenRequests;
     QMetaObject::invokeMethod(m_pWorker, [=, this, handler = std::move(handler)] {
-        m_pWorker->Post(
-            sOperation, body, nTimeOutMs, [this, nSequence, nSession, handler](const RawAnswer& raw) {
-                const ServerAnswer answer = Unwrap(nSequence, raw);
-                handler(answer);
-                --m_nOpenRequests;
-                if (answer.nErrorCode == UICommonMdl::ErrorNotSignedIn && nSession == m_nSession
-                    && m_stateHandler)
-                    m_stateHandler(State::SessionRefused);
-            });
+        const auto onRaw = [this, nSequence, nSession, handler](const RawAnswer& raw) {
+            const ServerAnswer answer = Unwrap(nSequence, raw);
+            handler(answer);
+            --m_nOpenRequests;
+            if (answer.nErrorCode == UICommonMdl::ErrorNotSignedIn && nSession == m_nSession
+                && m_stateHandler)
+                m_stateHandler(State::SessionRefused);
+        };
+        if (nDelayMs > 0)
+            m_pWorker->PostLater(nDelayMs, sOperation, body, nTimeOutMs, onRaw);
+        else
+            m_pWorker->Post(sOperation, body, nTimeOutMs, onRaw);
     });
     return nSequence;
 }

@@ -57,8 +57,8 @@ public:
     void SetTimeOut(int nMilliseconds) { m_nTimeOutMs = nMilliseconds; }
 
     /// Sends the operation with that JSON body. The number is above 0, and the handler is called exactly once
-    /// with it.
-    int Send(const std::string& sOperation, const QByteArray& body, AnswerHandler handler);
+    /// with it. With a delay it is sent after so many milliseconds.
+    int Send(const std::string& sOperation, const QByteArray& body, AnswerHandler handler, int nDelayMs = 0);
     /// Requests that are not answered yet.
     int GetOpenRequestCount() const { return m_nOpenRequests; }
 

@@ -32,6 +32,12 @@ std::string CUserManager::GetUserName()
     return m_sUserName;
 }
 
+std::string CUserManager::GetToken()
+{
+    const std::lock_guard lock(m_mutex);
+    return m_sToken;
+}
+
 bool CUserManager::HasRight(const std::string& sRightCode)
 {
     const std::lock_guard lock(m_mutex);
@@ -45,6 +51,9 @@ bool CUserManager::SetSession(const wire::Session& session)
     const bool bChanged = setRights != m_setRights || session.vecMenuRights != m_vecMenuRights;
     m_bSignedIn = true;
     m_sUserName = session.sUserName;
+    // Only the answer to a sign-in carries it.
+    if (!session.sToken.empty())
+        m_sToken = session.sToken;
     m_vecMenuRights = session.vecMenuRights;
     m_setRights = std::move(setRights);
     m_nOrganizationLevelLimit = session.nOrganizationLevelLimit;
@@ -56,6 +65,7 @@ void CUserManager::ClearSession()
     const std::lock_guard lock(m_mutex);
     m_bSignedIn = false;
     m_sUserName.clear();
+    m_sToken.clear();
     m_vecMenuRights.clear();
     m_setRights.clear();
 }

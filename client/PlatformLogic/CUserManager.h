@@ -22,6 +22,7 @@ public:
     UserLogical::IUserRight* GetUserRight() override;
     std::vector<UserLogical::MenuRight_t> GetMenuRights() override;
     std::string GetUserName() override;
+    std::string GetToken() override;
 
     /// True when the rights are others than before.
     bool SetSession(const wire::Session& session);
@@ -35,6 +36,7 @@ private:
     std::mutex m_mutex;
     bool m_bSignedIn = false;
     std::string m_sUserName;
+    std::string m_sToken;
     std::vector<UserLogical::MenuRight_t> m_vecMenuRights;
     std::set<std::string> m_setRights;
     int m_nOrganizationLevelLimit = 0;

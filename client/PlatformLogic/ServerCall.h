@@ -18,13 +18,15 @@ struct TypedAnswer
 };
 
 /// Sends one operation; the handler is called once, on the network thread. Answers the request's number
-/// (above 0). Text that is not UTF-8 is replaced, never sent as it is.
+/// (above 0), which is sent after nDelayMs. Text that is not UTF-8 is replaced, never sent as it is.
 template <class Op, class Handler>
-int CallServer(CServerConnection& connection, const typename Op::Request& request, Handler handler)
+int CallServer(
+    CServerConnection& connection, const typename Op::Request& request, Handler handler, int nDelayMs = 0)
 {
     const std::string sBody =
         nlohmann::json(request).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
-    return connection.Send(std::string(Op::Name), QByteArray::fromStdString(sBody),
+    return connection.Send(
+        std::string(Op::Name), QByteArray::fromStdString(sBody),
         [handler = std::move(handler)](const ServerAnswer& raw) {
             TypedAnswer<typename Op::Answer> answer{raw.nSequence, raw.nErrorCode, raw.sDetail, {}};
             if (raw.nErrorCode == UICommonMdl::ErrorNone) {
@@ -35,7 +37,8 @@ int CallServer(CServerConnection& connection, const typename Op::Request& reques
                 }
             }
             handler(std::move(answer));
-        });
+        },
+        nDelayMs);
 }
 
 } // namespace PlatformLogic

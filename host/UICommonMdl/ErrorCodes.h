@@ -13,6 +13,7 @@ enum ErrorCode : int
     ErrorBadAnswer = -3, ///< the answer could not be read
     ErrorCancelled = -4, ///< given up before it was answered
     ErrorTlsFailed = -5, ///< the server's certificate is not trusted
+    ErrorFile = -6, ///< a file of this machine cannot be written
 
     ErrorInternal = 1,
     ErrorMalformed = 2, ///< not JSON, or a field of the wrong type

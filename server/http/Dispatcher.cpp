@@ -68,6 +68,11 @@ Context Dispatcher::Authenticate(const RawRequest& request) const
     if (request.sProtocolVersion != std::to_string(wire::ProtocolVersion))
         throw ServiceError(UICommonMdl::ErrorProtocolVersion,
             "The server speaks version " + std::to_string(wire::ProtocolVersion));
+    return AuthenticateToken(request);
+}
+
+Context Dispatcher::AuthenticateToken(const RawRequest& request) const
+{
     std::optional<Context> optContext = request.sToken.empty() ? std::nullopt : m_findSession(request.sToken);
     if (!optContext)
         throw ServiceError(UICommonMdl::ErrorNotSignedIn);

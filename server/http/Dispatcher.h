@@ -58,6 +58,8 @@ public:
     RawResponse Handle(const RawRequest& request) const;
     /// The session that a request's token stands for, for the event stream. Throws ServiceError.
     Context Authenticate(const RawRequest& request) const;
+    /// As Authenticate, for requests that have no protocol version: files.
+    Context AuthenticateToken(const RawRequest& request) const;
     void SetInterceptor(Interceptor interceptor);
 
     struct Rule

@@ -145,9 +145,11 @@ void Answer(httplib::Response& response, RawResponse raw)
 
 struct HttpFront::Private
 {
-    Private(const HttpOptions& httpOptions, const Dispatcher& operations, EventHub& eventHub)
+    Private(const HttpOptions& httpOptions, const Dispatcher& operations, const FileRoutes& fileRoutes,
+        EventHub& eventHub)
         : options(httpOptions)
         , dispatcher(operations)
+        , files(fileRoutes)
         , hub(eventHub)
     {
     }
@@ -156,6 +158,7 @@ struct HttpFront::Private
     void Bind();
     void AddRoutes();
     void ServeOperation(const httplib::Request& request, httplib::Response& response);
+    void ServeFile(const httplib::Request& request, httplib::Response& response);
     void OnAnswered(const httplib::Request& request);
     void ShutIdle();
     void ServeEvents(const httplib::Request& request, httplib::Response& response);
@@ -164,6 +167,7 @@ struct HttpFront::Private
 
     HttpOptions options;
     const Dispatcher& dispatcher;
+    const FileRoutes& files;
     EventHub& hub;
     std::unique_ptr<httplib::Server> pServer;
     std::thread thread;
@@ -214,6 +218,11 @@ void HttpFront::Private::Bind()
 
 void HttpFront::Private::AddRoutes()
 {
+    const auto serveFile = [this](const auto& request, auto& response) { ServeFile(request, response); };
+    pServer->Get(
+        QString(QLatin1String(FileRoutes::DownloadPrefix) + QLatin1String(".*")).toStdString(), serveFile);
+    pServer->Post(
+        QString(QLatin1String(FileRoutes::UploadPrefix) + QLatin1String(".*")).toStdString(), serveFile);
     pServer->Post("/.*", [this](const auto& request, auto& response) { ServeOperation(request, response); });
     pServer->Get(
         wire::EventPath, [this](const auto& request, auto& response) { ServeEvents(request, response); });
@@ -243,6 +252,27 @@ void HttpFront::Private::ServeOperation(const httplib::Request& request, httplib
         response.body.clear();
         response.set_content_provider(1, "application/json", [](auto, auto, auto&) { return false; });
     }
+}
+
+void HttpFront::Private::ServeFile(const httplib::Request& request, httplib::Response& response)
+{
+    {
+        const std::lock_guard lock(busyMutex);
+        busyPorts.insert(request.remote_port);
+    }
+    const bool bDownload = request.method == "GET" || request.method == "HEAD";
+    const std::string sPrefix = bDownload ? FileRoutes::DownloadPrefix : FileRoutes::UploadPrefix;
+    FileRequest file{request.path.substr(sPrefix.size()), {}, MakeRequest(request)};
+    for (const auto& [sKey, sValue] : request.params)
+        file.mapQuery[sKey] = sValue;
+    if (const auto it = file.mapQuery.find("token"); it != file.mapQuery.end())
+        file.raw.sToken = it->second;
+    FileResponse answer = bDownload ? files.HandleDownload(file) : files.HandleUpload(file);
+    response.status = answer.nStatus;
+    response.body = std::move(answer.sContent);
+    response.set_header("Content-Type", answer.sType);
+    if (!answer.sFileName.empty())
+        response.set_header("Content-Disposition", "attachment; filename=\"" + answer.sFileName + '"');
 }
 
 // Called when the answer has been written.
@@ -298,8 +328,9 @@ bool HttpFront::Private::PassEvents(
     return sink.write(sText.data(), sText.size());
 }
 
-HttpFront::HttpFront(const HttpOptions& options, const Dispatcher& dispatcher, EventHub& hub)
-    : m_pPrivate(std::make_unique<Private>(options, dispatcher, hub))
+HttpFront::HttpFront(
+    const HttpOptions& options, const Dispatcher& dispatcher, const FileRoutes& files, EventHub& hub)
+    : m_pPrivate(std::make_unique<Private>(options, dispatcher, files, hub))
 {
     m_pPrivate->MakeServer();
     m_pPrivate->AddRoutes();

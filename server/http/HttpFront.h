@@ -2,6 +2,7 @@
 
 #include "Dispatcher.h"
 #include "EventHub.h"
+#include "FileRoutes.h"
 
 #include <QString>
 
@@ -20,12 +21,13 @@ struct HttpOptions
     int nHeartbeatMs = 10000;
 };
 
-/// The server's HTTP side: operations by POST, the event stream by GET.
+/// The server's HTTP side: operations by POST, the event stream by GET, files by either.
 class HttpFront
 {
 public:
     /// Binds the address; throws StartError.
-    HttpFront(const HttpOptions& options, const Dispatcher& dispatcher, EventHub& hub);
+    HttpFront(
+        const HttpOptions& options, const Dispatcher& dispatcher, const FileRoutes& files, EventHub& hub);
     ~HttpFront();
     HttpFront(const HttpFront&) = delete;
     HttpFront& operator=(const HttpFront&) = delete;

@@ -1,5 +1,6 @@
 #include "DeviceWriter.h"
 
+#include "services/DeviceRecords.h"
 #include "services/TextRules.h"
 
 namespace Platform {
@@ -29,20 +30,7 @@ std::string DeviceWriter::AddOrganization(
 
 qlonglong DeviceWriter::AddDevice(const GroupLogical::DeviceAddInfo_t& device)
 {
-    const auto nId = static_cast<qlonglong>(m_database.NextNumber(QStringLiteral("device")));
-    m_database.Run(
-        QStringLiteral(
-            "INSERT INTO device (id, name, name_key, address, address_key, port, search_key, category, "
-            "model, org_code, manufacturer, protocol, access_direction, serial_number, user_name, "
-            "remark, video_channels, alarm_inputs, alarm_outputs) "
-            "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
-        {nId, TextValue(device.sName), TextValue(FoldCase(device.sName)), TextValue(device.sIp),
-            TextValue(AddressSortKey(device.sIp)), device.nPort,
-            TextValue(DeviceSearchKey(device.sName, device.sIp)), device.nCategory, TextValue(device.sModel),
-            TextValue(device.sOrgCode), TextValue(device.sManufacturer), TextValue(device.sProtocol),
-            device.nAccessDirection, TextValue(device.sSerialNumber), TextValue(device.sUserName),
-            TextValue(device.sRemark), device.nVideoChannels, device.nAlarmInputs, device.nAlarmOutputs});
-    return nId;
+    return DeviceRecords::Insert(m_database, device, {});
 }
 
 void DeviceWriter::AddReference(qlonglong nDeviceId, int nKind, const std::string& sName)

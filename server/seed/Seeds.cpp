@@ -79,12 +79,28 @@ DeviceAddInfo_t MakeDevice(const Kind& kind, int nNumber, const std::string& sOr
     device.sOrgCode = sOrgCode;
     device.sManufacturer = Makers[random() % Makers.size()];
     device.nAccessDirection = 1;
+    device.nVersion = 1;
     device.nAlarmInputs = kind.nCategory == 3 ? 64 : kind.nCategory == 8 ? 8 : 1;
     device.nAlarmOutputs = kind.nCategory == 3 ? 16 : 1;
     device.sSerialNumber =
         Numbered("SN", nNumber, 4) + Numbered("-", static_cast<int>(random() % 1000000), 6);
     device.sUserName = "service";
     return device;
+}
+
+void SetDomain(DeviceAddInfo_t& device, const std::string& sDomain)
+{
+    device.nAddMode = GroupLogical::AddByDomain;
+    device.sDomain = sDomain;
+    device.sIp = sDomain;
+}
+
+void SetRegistering(DeviceAddInfo_t& device, const std::string& sRegisterId)
+{
+    device.nAddMode = GroupLogical::AddByRegister;
+    device.sRegisterId = sRegisterId;
+    device.sIp.clear();
+    device.nPort = 0;
 }
 
 void CheckEmpty(Database& database)
@@ -192,9 +208,9 @@ nlohmann::json AddDemo(Database& database)
         device.nPort = 18000 + kind.nCategory;
         const bool bListens = i % 3 != 2;
         if (!bListens && i % 45 == 2)
-            device.sIp = Numbered("device-", i + 1, 3) + ".invalid";
+            SetDomain(device, Numbered("device-", i + 1, 3) + ".invalid");
         else if (!bListens && i % 45 == 5)
-            device.sIp.clear();
+            SetRegistering(device, Numbered("REG-", i + 1, 4));
         else
             list.push_back({{"address", device.sIp}, {"port", device.nPort}, {"listen", bListens}});
         vecIds.push_back(writer.AddDevice(device));

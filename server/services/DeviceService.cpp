@@ -1,64 +1,24 @@
 #include "DeviceService.h"
 
+#include "DeviceRecords.h"
+#include "DeviceRules.h"
 #include "ServiceError.h"
+#include "TextRules.h"
 
 #include <wire/Operations.h>
 
 #include <algorithm>
-#include <charconv>
 #include <optional>
 #include <set>
 
 namespace Platform {
 
+using DeviceRecords::Find;
+using DeviceRecords::NumberOf;
 using GroupLogical::DeviceAddInfo_t;
 using GroupLogical::FailedItem_t;
 
 namespace {
-
-/// The number behind a device ID; nullopt for a text that no device has as its ID.
-std::optional<qlonglong> NumberOf(const std::string& sDeviceId)
-{
-    qlonglong nId = 0;
-    const char* const pEnd = sDeviceId.data() + sDeviceId.size();
-    const auto [pStop, fault] = std::from_chars(sDeviceId.data(), pEnd, nId);
-    if (fault != std::errc() || pStop != pEnd || std::to_string(nId) != sDeviceId)
-        return std::nullopt;
-    return nId;
-}
-
-std::optional<DeviceAddInfo_t> Find(Database& database, const std::string& sDeviceId)
-{
-    const std::optional<qlonglong> optId = NumberOf(sDeviceId);
-    if (!optId)
-        return std::nullopt;
-    Rows rows = database.Run(
-        QStringLiteral("SELECT name, address, port, category, model, org_code, manufacturer, protocol, "
-                       "access_direction, serial_number, user_name, remark, video_channels, alarm_inputs, "
-                       "alarm_outputs, version FROM device WHERE id = ?"),
-        {*optId});
-    if (!rows.Next())
-        return std::nullopt;
-    DeviceAddInfo_t device;
-    device.sDeviceId = sDeviceId;
-    device.sName = rows.Text(0);
-    device.sIp = rows.Text(1);
-    device.nPort = rows.Int(2);
-    device.nCategory = rows.Int(3);
-    device.sModel = rows.Text(4);
-    device.sOrgCode = rows.Text(5);
-    device.sManufacturer = rows.Text(6);
-    device.sProtocol = rows.Text(7);
-    device.nAccessDirection = rows.Int(8);
-    device.sSerialNumber = rows.Text(9);
-    device.sUserName = rows.Text(10);
-    device.sRemark = rows.Text(11);
-    device.nVideoChannels = rows.Int(12);
-    device.nAlarmInputs = rows.Int(13);
-    device.nAlarmOutputs = rows.Int(14);
-    device.nVersion = rows.Big(15);
-    return device;
-}
 
 std::vector<GroupLogical::DeviceReference_t> ReferencesOf(Database& database, const std::string& sDeviceId)
 {
@@ -134,6 +94,22 @@ std::vector<std::string> CheckedIds(const std::vector<std::string>& vecIds)
     return vecUnique;
 }
 
+void CheckOrganization(Database& database, const std::string& sOrgCode)
+{
+    Rows rows =
+        database.Run(QStringLiteral("SELECT 1 FROM organization WHERE code = ?"), {TextValue(sOrgCode)});
+    if (!rows.Next())
+        throw ServiceError(UICommonMdl::ErrorNotFound, "sOrgCode");
+}
+
+DeviceAddInfo_t Checked(const DeviceAddInfo_t& device, DeviceRules::Secrets secrets)
+{
+    DeviceAddInfo_t cleaned = DeviceRules::Cleaned(device);
+    if (const std::string sField = DeviceRules::FaultyField(cleaned, secrets); !sField.empty())
+        throw ServiceError(UICommonMdl::ErrorInvalidInput, sField);
+    return cleaned;
+}
+
 FailedItem_t Unknown(const std::string& sDeviceId)
 {
     return {sDeviceId, {}, UICommonMdl::ErrorNotFound, {}};
@@ -141,12 +117,14 @@ FailedItem_t Unknown(const std::string& sDeviceId)
 
 } // namespace
 
-DeviceService::DeviceService(
-    DatabasePool& pool, EventHub& hub, const AuditService& audit, Generations& generations)
+DeviceService::DeviceService(DatabasePool& pool, EventHub& hub, const AuditService& audit,
+    Generations& generations, const SecretBox& box, AddressChanged addressChanged)
     : m_pool(pool)
     , m_hub(hub)
     , m_audit(audit)
     , m_generations(generations)
+    , m_box(box)
+    , m_addressChanged(std::move(addressChanged))
     , m_pages(generations)
 {
 }
@@ -229,12 +207,7 @@ wire::BatchAnswer DeviceService::Move(const Context& context, const wire::MoveDe
 {
     const std::vector<std::string> vecIds = CheckedIds(request.vecDeviceIds);
     wire::BatchAnswer answer = m_pool.Write([&](Database& database) {
-        {
-            Rows rows = database.Run(
-                QStringLiteral("SELECT 1 FROM organization WHERE code = ?"), {TextValue(request.sOrgCode)});
-            if (!rows.Next())
-                throw ServiceError(UICommonMdl::ErrorNotFound, "sOrgCode");
-        }
+        CheckOrganization(database, request.sOrgCode);
         wire::BatchAnswer failed;
         for (const std::string& sId : vecIds) {
             const auto optBefore = Find(database, sId);
@@ -259,10 +232,113 @@ wire::BatchAnswer DeviceService::Move(const Context& context, const wire::MoveDe
     return answer;
 }
 
+void DeviceService::CheckUnique(Database& database, const DeviceAddInfo_t& device)
+{
+    const qlonglong nOwn = NumberOf(device.sDeviceId).value_or(0);
+    const auto check = [&](const QString& sCondition, QVariantList values, int nCode, const char* szField) {
+        values << nOwn;
+        Rows rows = database.Run(QStringLiteral("SELECT 1 FROM device WHERE ") + sCondition
+                + QStringLiteral(" AND id <> ? LIMIT 1"),
+            values);
+        if (rows.Next())
+            throw ServiceError(nCode, szField);
+    };
+    check(QStringLiteral("name_key = ?"), {TextValue(FoldCase(device.sName))}, UICommonMdl::ErrorNameExists,
+        "sName");
+    const bool bDomain = device.nAddMode == GroupLogical::AddByDomain;
+    const std::string& sAddress = bDomain ? device.sDomain : device.sIp;
+    if (!sAddress.empty())
+        check(QStringLiteral("address_key = ? AND port = ?"),
+            {TextValue(AddressSortKey(sAddress)), device.nPort}, UICommonMdl::ErrorAddressExists,
+            bDomain ? "sDomain" : "sIp");
+    if (!device.sRegisterId.empty())
+        check(QStringLiteral("register_id <> '' AND register_id = ?"), {TextValue(device.sRegisterId)},
+            UICommonMdl::ErrorRegisterIdExists, "sRegisterId");
+    if (device.nAddMode == GroupLogical::AddByP2P)
+        check(QStringLiteral("add_mode = 5 AND serial_number = ?"), {TextValue(device.sSerialNumber)},
+            UICommonMdl::ErrorSerialNumberExists, "sSerialNumber");
+}
+
+std::string DeviceService::AddOne(Database& database, const Context& context, DeviceAddInfo_t device)
+{
+    device.nVersion = 1;
+    CheckUnique(database, device);
+    device.sDeviceId =
+        std::to_string(DeviceRecords::Insert(database, device, DeviceRecords::Seal(m_box, device)));
+    m_audit.Write(database, context, wire::AddDevice::Name, device.sDeviceId, nullptr, device);
+    return device.sDeviceId;
+}
+
+wire::DeviceAddAnswer DeviceService::AddSegment(
+    Database& database, const Context& context, const DeviceAddInfo_t& device)
+{
+    wire::DeviceAddAnswer answer;
+    for (const std::string& sAddress : DeviceRules::SegmentAddresses(device.sIpStart, device.sIpEnd)) {
+        DeviceAddInfo_t one = device;
+        one.nAddMode = GroupLogical::AddByIp;
+        one.sIp = sAddress;
+        one.sIpStart.clear();
+        one.sIpEnd.clear();
+        one.sName += ' ' + sAddress;
+        try {
+            one = Checked(one, DeviceRules::Secrets::Required);
+            answer.vecAddedIds.push_back(AddOne(database, context, one));
+        } catch (const ServiceError& error) {
+            if (error.Code() < UICommonMdl::ErrorVersionConflict
+                && error.Code() != UICommonMdl::ErrorInvalidInput)
+                throw;
+            answer.vecFailed.push_back({sAddress, one.sName, error.Code(), error.Detail()});
+        }
+    }
+    return answer;
+}
+
+wire::DeviceAddAnswer DeviceService::Add(const Context& context, const DeviceAddInfo_t& device)
+{
+    const DeviceAddInfo_t checked = Checked(device, DeviceRules::Secrets::Required);
+    wire::DeviceAddAnswer answer = m_pool.Write([&](Database& database) {
+        CheckOrganization(database, checked.sOrgCode);
+        if (checked.nAddMode == GroupLogical::AddBySegment)
+            return AddSegment(database, context, checked);
+        return wire::DeviceAddAnswer{{AddOne(database, context, checked)}, {}};
+    });
+    if (!answer.vecAddedIds.empty())
+        AddressesChanged(answer.vecAddedIds);
+    return answer;
+}
+
+DeviceAddInfo_t DeviceService::Modify(const Context& context, const DeviceAddInfo_t& device)
+{
+    DeviceAddInfo_t after = Checked(device, DeviceRules::Secrets::Optional);
+    if (after.nAddMode == GroupLogical::AddBySegment)
+        throw ServiceError(UICommonMdl::ErrorInvalidInput, "nAddMode");
+    after = m_pool.Write([&](Database& database) {
+        const auto optBefore = Find(database, after.sDeviceId);
+        if (!optBefore)
+            throw ServiceError(UICommonMdl::ErrorNotFound);
+        if (optBefore->nVersion != after.nVersion)
+            throw ServiceError(UICommonMdl::ErrorVersionConflict);
+        CheckOrganization(database, after.sOrgCode);
+        CheckUnique(database, after);
+        ++after.nVersion;
+        DeviceRecords::Update(database, after, DeviceRecords::Seal(m_box, after));
+        m_audit.Write(database, context, wire::ModifyDevice::Name, after.sDeviceId, *optBefore, after);
+        return *Find(database, after.sDeviceId);
+    });
+    AddressesChanged({after.sDeviceId});
+    return after;
+}
+
 void DeviceService::Changed()
 {
     ++m_generations.devices;
     m_hub.Publish(wire::event::DevicesChanged);
+}
+
+void DeviceService::AddressesChanged(const std::vector<std::string>& vecDeviceIds)
+{
+    Changed();
+    m_addressChanged(vecDeviceIds);
 }
 
 } // namespace Platform

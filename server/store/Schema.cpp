@@ -170,11 +170,36 @@ Migration Devices(bool bPostgres)
         });
 }
 
+Migration DeviceLogins(bool bPostgres)
+{
+    using S = Statement;
+    Migration migration = Step(3, "logins and channels of devices", bPostgres,
+        {
+            // Devices of before are reached as their address says.
+            {S::Both,
+                "UPDATE device SET add_mode = CASE WHEN address = '' THEN 4 "
+                "WHEN address_key LIKE 'h%' THEN 3 ELSE 1 END"},
+            {S::Both, "CREATE INDEX device_by_serial ON device (serial_number) WHERE add_mode = 5"},
+            {S::Both, "CREATE INDEX device_by_register ON device (register_id) WHERE register_id <> ''"},
+        });
+    QStringList listColumns;
+    for (const char* szText : {"register_id", "device_type", "series", "server_id", "sip_id",
+             "password_sealed", "sip_password_sealed"})
+        listColumns << QStringLiteral("ALTER TABLE device ADD COLUMN %1 TEXT NOT NULL DEFAULT ''")
+                           .arg(QLatin1String(szText));
+    for (const char* szNumber : {"add_mode", "led_type", "access_channels", "decode_channels", "lifts",
+             "lift_floors", "pos_channels", "combine"})
+        listColumns << QStringLiteral("ALTER TABLE device ADD COLUMN %1 INTEGER NOT NULL DEFAULT 0")
+                           .arg(QLatin1String(szNumber));
+    migration.listStatements = listColumns + migration.listStatements;
+    return migration;
+}
+
 } // namespace
 
 std::vector<Migration> Migrations(bool bPostgres)
 {
-    return {Accounts(bPostgres), Devices(bPostgres)};
+    return {Accounts(bPostgres), Devices(bPostgres), DeviceLogins(bPostgres)};
 }
 
 } // namespace Platform
