@@ -14,9 +14,6 @@ class CDevImport;
 namespace UICommonMdl {
 class CInterfaceSetManager;
 }
-namespace Common {
-class CTableModel;
-}
 
 namespace ResourceManagerUI {
 
@@ -56,47 +53,42 @@ protected:
 
 private:
     using SystemParam = RemoteConfigLogical::ISystemConfigObserver::Param;
-    using RemoteParam = RemoteConfigLogical::IRemoteDeviceObserver::Param;
 
     void SetUpChoosing();
     void SetUpResult();
     void ConnectRun();
-    void Notify(const QString& sText, bool bGood = false);
+    void Notify(const QString& sText, bool bGood);
     void ShowChoosing();
     void UpdateEnabled();
+    void OnConnected(bool bConnected);
 
     void QueryFeatures();
-    void ShowFeatures();
-    void OnSystemState(const SystemParam& param);
+    void OnFeatures(const SystemParam& param);
 
     void OnBrowseClicked();
     void StartFile(const QString& sPath);
+    void OnStageChanged();
+    void ShowUploading(bool bRunning);
+    void ShowUploadRate(int nPercent);
     void OnUploadFailed(const QString& sReason);
     void OnUploaded();
+    bool AskOverwrite();
     void OnProgress();
     void OnFinished();
     void ShowOutcome();
     void OnFailListClicked();
 
-    void OnP2PQueryClicked();
-    void OnP2PDeviceList(const RemoteParam& param);
-    void OnP2PImportClicked();
-
     std::unique_ptr<Ui::CDevImport> m_pUi;
-    UICommonMdl::CInterfaceSetManager* m_pInterfaceSet;
     RemoteConfigLogical::IRemoteConfigManager* m_pRemoteManager;
     CImportRun* m_pRun;
     CFileDownload* m_pDownload;
     CImportResultModel* m_pResultModel;
-    Common::CTableModel* m_pP2PModel;
     QString m_sOrgCode;
     RemoteConfigLogical::Features_t m_features;
     bool m_bFeaturesKnown = false;
-    std::vector<RemoteConfigLogical::P2PDevice_t> m_vecP2PDevices;
+    bool m_bRunning = false; ///< as told by SignalImportStatue
     Common::CRequests<SystemParam> m_systemRequests;
-    Common::CRequests<RemoteParam> m_remoteRequests;
     Common::CSystemConfigAdapter m_systemAdapter;
-    Common::CRemoteDeviceAdapter m_remoteAdapter;
 };
 
 } // namespace ResourceManagerUI

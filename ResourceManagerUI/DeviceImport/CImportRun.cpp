@@ -81,7 +81,7 @@ void CImportRun::Refuse(const QString& sText)
     Q_EMIT SignalRefused(sText);
 }
 
-std::shared_ptr<const CImportRun::Loaded> CImportRun::Load(const QString& sPath)
+std::shared_ptr<CImportRun::Loaded> CImportRun::Load(const QString& sPath)
 {
     auto pLoaded = std::make_shared<Loaded>();
     CDeviceImportFile file;
@@ -109,24 +109,24 @@ void CImportRun::OnLoaded()
 {
     if (m_stage != Stage::Reading)
         return;
-    const std::shared_ptr<const Loaded> pLoaded = m_reading.result();
-    m_reading.setFuture({});
+    // Taken out piece by piece: the future keeps the record until the next file.
+    const std::shared_ptr<Loaded> pLoaded = m_reading.result();
     if (pLoaded->status != CDeviceImportFile::Status::Read) {
         Refuse(CDeviceImportFile::GetStatusText(pLoaded->status));
         return;
     }
-    m_vecRows = pLoaded->vecRows;
+    m_vecRows = std::move(pLoaded->vecRows);
     m_nUnreadable = static_cast<int>(pLoaded->vecUnreadable.size());
+    m_state.vecFailed = std::move(pLoaded->vecUnreadable);
     m_state.nTotal = static_cast<int>(m_vecRows.size()) + m_nUnreadable;
     m_state.nDone = m_state.nFailed = m_nUnreadable;
-    m_state.vecFailed = pLoaded->vecUnreadable;
     const bool bNothing = m_vecRows.empty() || (m_nUnreadable > 0 && m_options.bAllOrNothing);
     if (bNothing) {
         SetStage(Stage::Importing);
         Finish(UICommonMdl::ErrorImportAborted, {});
         return;
     }
-    Send(pLoaded->request);
+    Send(std::move(pLoaded->request));
 }
 
 void CImportRun::StartRows(
@@ -232,7 +232,10 @@ void CImportRun::OnReport(const Param& param)
     }
     m_state.sFailListUrl = news.sFailListUrl;
     m_state.sFailListName = news.sFailListName;
-    Finish(param.nErrorCode, QString::fromStdString(param.sErrorDetail));
+    const bool bAborted = param.nErrorCode == UICommonMdl::ErrorNone && m_options.bAllOrNothing
+        && m_state.nFailed > 0 && m_state.nSucceeded == 0;
+    Finish(bAborted ? UICommonMdl::ErrorImportAborted : param.nErrorCode,
+        QString::fromStdString(param.sErrorDetail));
 }
 
 void CImportRun::Finish(int nErrorCode, const QString& sDetail)

@@ -91,7 +91,7 @@ private:
         std::vector<ImportedRow> vecRows;
         std::vector<GroupLogical::ImportFailure_t> vecUnreadable;
     };
-    static std::shared_ptr<const Loaded> Load(const QString& sPath);
+    static std::shared_ptr<Loaded> Load(const QString& sPath);
 
     void Begin(Stage stage, const Options& options);
     void SetStage(Stage stage);
@@ -115,7 +115,7 @@ private:
     GroupLogical::ImportState_t m_state;
     int m_nErrorCode = 0;
     QString m_sErrorDetail;
-    QFutureWatcher<std::shared_ptr<const Loaded>> m_reading;
+    QFutureWatcher<std::shared_ptr<Loaded>> m_reading;
     Common::CRequests<Param> m_requests;
     Common::CGroupManagerAdapter m_adapter;
 };

@@ -25,9 +25,10 @@ std::string GetReasonText(int nErrorCode, const std::string& sDetail)
 {
     QString sText = UICommonMdl::CErrorCode::GetErroCodeInfor(nErrorCode);
     const QString sWords = QString::fromStdString(sDetail);
-    if (sText.isEmpty() || sWords.isEmpty())
-        return (sText + sWords).toStdString();
-    return (sText + QLatin1Char(' ') + sWords).toStdString();
+    if (!sText.isEmpty() && !sWords.isEmpty())
+        sText += QLatin1Char(' ');
+    sText += sWords;
+    return sText.toStdString();
 }
 
 } // namespace
@@ -139,6 +140,34 @@ std::vector<ImportResultRow> MakeImportResult(const std::vector<ImportedRow>& ve
             return first.row.nLine < second.row.nLine;
         });
     return vecResult;
+}
+
+ImportSummary GetImportSummary(
+    const GroupLogical::ImportState_t& state, int nErrorCode, const QString& sErrorDetail)
+{
+    if (nErrorCode == UICommonMdl::ErrorNone && state.nFailed == 0)
+        return {Text::tr("Imported successfully"), {}, QStringLiteral("success")};
+    if (nErrorCode == UICommonMdl::ErrorNone && state.nSucceeded > 0) {
+        return {Text::tr("Partly imported"),
+            Text::tr("%1 of %2 devices were imported, %3 were not.")
+                .arg(state.nSucceeded)
+                .arg(state.nTotal)
+                .arg(state.nFailed),
+            QStringLiteral("warning")};
+    }
+    QString sText = QString::fromStdString(GetReasonText(nErrorCode, sErrorDetail.toStdString()));
+    if (IsOutcomeUnknown(nErrorCode)) {
+        sText += QLatin1Char(' ')
+            + Text::tr("The server may go on with the import: look at the list of devices later.");
+    }
+    return {Text::tr("Import Failed"), sText, QStringLiteral("error")};
+}
+
+int GetLiveSuccesses(const GroupLogical::ImportState_t& state, bool bAllOrNothing)
+{
+    if (bAllOrNothing && state.nFailed > 0)
+        return 0;
+    return std::max({0, state.nSucceeded, state.nDone - state.nFailed});
 }
 
 bool IsOutcomeUnknown(int nErrorCode)

@@ -75,6 +75,19 @@ struct ImportResultRow
 std::vector<ImportResultRow> MakeImportResult(const std::vector<ImportedRow>& vecRows,
     const std::vector<GroupLogical::ImportFailure_t>& vecFailed, std::optional<int> optRest);
 
+/// What the result page says. The icon is one of the common set.
+struct ImportSummary
+{
+    QString sTitle;
+    QString sText; ///< may be empty
+    QString sIcon;
+};
+ImportSummary GetImportSummary(
+    const GroupLogical::ImportState_t& state, int nErrorCode, const QString& sErrorDetail);
+
+/// Rows without a fault so far, while the import runs.
+int GetLiveSuccesses(const GroupLogical::ImportState_t& state, bool bAllOrNothing);
+
 /// Whether an answer with that code leaves open what became of the import.
 bool IsOutcomeUnknown(int nErrorCode);
 

@@ -47,7 +47,8 @@ private:
     void OnFinished(const Param& param);
     void ShowRunning(bool bRunning);
     void ShowProgress();
-    void ShowFailures();
+    /// Whether any device failed.
+    bool ShowFailures();
 
     std::unique_ptr<Ui::CBulkResetPassword> m_pUi;
     RemoteConfigLogical::IRemoteConfigManager* m_pManager;

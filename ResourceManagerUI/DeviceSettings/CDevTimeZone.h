@@ -16,8 +16,6 @@ class CDevTimeZone;
 
 namespace ResourceManagerUI {
 
-class CTimeZoneDeviceModel;
-
 /// Shows the platform's time zone and daylight-saving rule and pushes them, or others, to devices. The mark
 /// of each device tells what became of it; devices that failed can be sent to again. Deletes itself when it
 /// is closed. User-interface thread.
@@ -52,12 +50,14 @@ private:
     void OnZone(const SystemParam& param);
     void OnReport(const RemoteParam& param);
     void OnFinished(const RemoteParam& param);
+    /// The devices that the setting goes to.
+    std::vector<std::string> ChooseTargets(const RemoteConfigLogical::TimeZoneSetting_t& setting) const;
+    void SetStates(const std::vector<std::string>& vecIds, int nState, int nErrorCode);
     void UpdateEnabled();
     void ShowSummary();
 
     std::unique_ptr<Ui::CDevTimeZone> m_pUi;
     RemoteConfigLogical::IRemoteConfigManager* m_pManager;
-    CTimeZoneDeviceModel* m_pModel;
     RemoteConfigLogical::TimeZoneSetting_t m_sent; ///< what the marks are about
     Common::CRequests<SystemParam> m_systemRequests;
     Common::CRequests<RemoteParam> m_remoteRequests;

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+
+namespace ResourceManagerUI {
+
+enum class PasswordStrength
+{
+    None, ///< there is no password
+    Weak,
+    Medium,
+    Strong
+};
+/// By length and kinds of characters; a password that everybody knows is weak whatever it holds.
+PasswordStrength GetPasswordStrength(const QString& sPassword);
+
+/// Three bars and a word beside them, for a password that is being typed. The style follows the property
+/// "Level" of the bars ("None", "Weak", "Medium", "Strong"). User-interface thread.
+class CPasswordStrength : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CPasswordStrength(QWidget* pParent = nullptr);
+    void SetPassword(const QString& sPassword);
+
+private:
+    QVector<QWidget*> m_vecBars;
+    QLabel* m_pText;
+};
+
+} // namespace ResourceManagerUI
