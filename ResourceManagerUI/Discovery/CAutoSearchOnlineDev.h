@@ -17,9 +17,6 @@ namespace UICommonMdl {
 class CInterfaceSetManager;
 class ILocalConfig;
 } // namespace UICommonMdl
-namespace Common {
-class CFilterHeaderView;
-}
 
 namespace ResourceManagerUI {
 
@@ -68,6 +65,7 @@ private:
     void OnRemoteState(const Param& param);
     void OnSearchReport(const Param& param);
     void ShowState();
+    void ShowChecks();
 
     // What is done with found devices.
     void OnBtnInitializeClicked();
@@ -85,14 +83,14 @@ private:
     UICommonMdl::ILocalConfig* m_pLocalConfig;
     COnlineDeviceModel* m_pModel;
     QSortFilterProxyModel* m_pSorted;
-    Common::CFilterHeaderView* m_pHeader = nullptr;
     std::vector<GroupLogical::Organization_t> m_vecOrganizations;
     QString m_sOrgCode;
     bool m_bShown = false; ///< the panel was on the screen
+    bool m_bConnected = true;
     bool m_bSearched = false;
     int m_nSearch = 0; ///< number of the search that runs; 0: none
-    int m_nSearchError = 0; ///< UICommonMdl::ErrorCode of the last search
-    bool m_bRefused = false; ///< the last search was not even begun
+    bool m_bFailed = false; ///< the last search failed
+    int m_nSearchError = 0; ///< UICommonMdl::ErrorCode of that
     Common::CRequests<Param> m_requests;
     Common::CRemoteDeviceAdapter m_adapter;
 };

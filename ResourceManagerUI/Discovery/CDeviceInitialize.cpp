@@ -1,0 +1,136 @@
+#include "CDeviceInitialize.h"
+
+#include "DiscoveryRules.h"
+#include "ui_CDeviceInitialize.h"
+
+#include <VxGUI/VxNotification.h>
+#include <common/CTableModel.h>
+#include <common/StyleSheet.h>
+
+#include <QStyle>
+
+namespace ResourceManagerUI {
+
+namespace {
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(CDeviceInitialize)
+};
+
+constexpr int KindInitialize = 1;
+
+} // namespace
+
+CDeviceInitialize::CDeviceInitialize(
+    RemoteConfigLogical::IRemoteConfigManager* pManager, Devices vecDevices, QWidget* pParent)
+    : CFoundDeviceDlg(std::move(vecDevices), pParent)
+    , m_pUi(std::make_unique<Ui::CDeviceInitialize>())
+    , m_pManager(pManager)
+    , m_adapter(pManager)
+{
+    m_pUi->setupUi(this);
+    resize(640, 560);
+    SetUpRows(m_pUi->tableInit, m_pUi->barInit, m_pUi->lbInitResult,
+        {{Text::tr("IP Address"), true}, {Text::tr("Device Model"), true}}, {160, 160});
+    for (int nRow = 0; nRow < GetModel()->rowCount(); ++nRow) {
+        const RemoteConfigLogical::SearchDeviceInfo_t& device = GetDevices()[std::size_t(nRow)];
+        GetModel()->item(nRow, 0)->setText(QString::fromStdString(device.sIp));
+        GetModel()->item(nRow, 1)->setText(QString::fromStdString(device.sModel));
+    }
+    connect(m_pUi->editInitPassword, &VxGUI::VxLineEdit::textChanged, this, &CDeviceInitialize::ShowStrength);
+    connect(m_pUi->btnInitOk, &QAbstractButton::clicked, this, &CDeviceInitialize::OnBtnOkClicked);
+    connect(m_pUi->btnInitClose, &QAbstractButton::clicked, this, &CDeviceInitialize::reject);
+    connect(
+        &m_adapter, &Common::CRemoteDeviceAdapter::SignalState, this,
+        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
+    m_pUi->btnInitOk->setDefault(true);
+    m_pUi->editInitPassword->setFocus();
+    ShowStrength();
+    Common::LoadStyleSheet(this, QStringLiteral("ResourceManagerUI/DeviceManager"));
+}
+
+CDeviceInitialize::~CDeviceInitialize() = default;
+
+QString CDeviceInitialize::GetClosingQuestion() const
+{
+    return Text::tr("The devices are still being initialized, and this goes on. Are you sure to close it?");
+}
+
+void CDeviceInitialize::ShowBusy(bool bBusy)
+{
+    const bool bOpen = !GetOpenRows().isEmpty();
+    m_pUi->wgtInitForm->setEnabled(!bBusy && bOpen);
+    m_pUi->btnInitOk->setEnabled(!bBusy && bOpen);
+}
+
+void CDeviceInitialize::ShowStrength()
+{
+    const QString texts[] = {QStringLiteral("-"), Text::tr("Weak"), Text::tr("Medium"), Text::tr("Strong")};
+    const int nStrength = GetPasswordStrength(m_pUi->editInitPassword->text());
+    m_pUi->lbInitStrength->setText(texts[nStrength]);
+    m_pUi->lbInitStrength->setProperty("strength", nStrength);
+    m_pUi->lbInitStrength->style()->unpolish(m_pUi->lbInitStrength);
+    m_pUi->lbInitStrength->style()->polish(m_pUi->lbInitStrength);
+}
+
+bool CDeviceInitialize::CheckInput()
+{
+    const QString sPassword = m_pUi->editInitPassword->text();
+    const bool bSame = sPassword == m_pUi->editInitConfirm->text();
+    const std::pair<VxGUI::VxLineEdit*, QString> checks[] = {
+        {m_pUi->editInitPassword, CheckDevicePassword(sPassword)},
+        {m_pUi->editInitConfirm, bSame ? QString() : Text::tr("The two passwords are not the same.")},
+        {m_pUi->editInitContact, CheckContact(m_pUi->editInitContact->text().trimmed())}};
+    for (const auto& [pEdit, sMessage] : checks) {
+        pEdit->SetErrorHint(sMessage);
+        if (!sMessage.isEmpty()) {
+            pEdit->setFocus();
+            return false;
+        }
+    }
+    return true;
+}
+
+void CDeviceInitialize::OnBtnOkClicked()
+{
+    if (IsBusy() || !CheckInput())
+        return;
+    const QVector<int> vecRows = GetOpenRows();
+    std::vector<RemoteConfigLogical::InitializeDevice_t> vecDevices;
+    for (const int nRow : vecRows) {
+        const RemoteConfigLogical::SearchDeviceInfo_t& device = GetDevices()[std::size_t(nRow)];
+        vecDevices.push_back({device.sIp, device.nPort, device.sProtocol});
+    }
+    const int nSequence = m_pManager
+        ? m_pManager->InitializeDevice(vecDevices, m_pUi->editInitPassword->text().toStdString(),
+            m_pUi->editInitContact->text().trimmed().toStdString())
+        : 0;
+    if (m_requests.Add(nSequence, KindInitialize, [this](const Param& param) { OnReport(param); }))
+        BeginWork(vecRows);
+    else
+        VxGUI::VxNotification::Show(this, Text::tr("Failed to initialize device"));
+}
+
+void CDeviceInitialize::OnReport(const Param& param)
+{
+    QStringList listDone;
+    for (const RemoteConfigLogical::ModifyDevicePasswordResultInfo_t& result : param.vecResults) {
+        const QString sKey = QString::fromStdString(result.sDeviceId);
+        const int nRow = FindRow(sKey);
+        if (nRow < 0)
+            continue;
+        if (result.nErrorCode != UICommonMdl::ErrorNone) {
+            SetError(nRow, result.nErrorCode, result.sDetail);
+            continue;
+        }
+        SetResult(nRow, Result::Done, Text::tr("Initialized"));
+        listDone.append(sKey);
+    }
+    if (!listDone.isEmpty())
+        Q_EMIT SignalInitialized(listDone);
+    if (param.bFinal)
+        EndWork(param.nErrorCode, param.sErrorDetail);
+}
+
+} // namespace ResourceManagerUI
