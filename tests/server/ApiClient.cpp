@@ -13,6 +13,33 @@ ApiClient::ApiClient(const QUrl& url)
 {
 }
 
+namespace {
+
+Reply MakeReply(const httplib::Result& result)
+{
+    Reply reply;
+    if (!result)
+        return reply;
+    reply.nStatus = result->status;
+    const auto answer = nlohmann::json::parse(result->body, nullptr, false);
+    if (!answer.is_object()) {
+        reply.sDetail = result->body;
+        return reply;
+    }
+    reply.nCode = answer.value(wire::AnswerCode, -100);
+    reply.sDetail = answer.value(wire::AnswerDetail, std::string());
+    if (answer.contains(wire::AnswerData))
+        reply.data = answer[wire::AnswerData];
+    return reply;
+}
+
+std::string WithToken(const std::string& sPath, const std::string& sToken)
+{
+    return sPath + (sPath.find('?') == std::string::npos ? "?token=" : "&token=") + sToken;
+}
+
+} // namespace
+
 Reply ApiClient::Post(const std::string& sOperation, const std::string& sBody)
 {
     httplib::Client client(m_sBase);
@@ -20,19 +47,32 @@ Reply ApiClient::Post(const std::string& sOperation, const std::string& sBody)
     httplib::Headers headers{{wire::ProtocolVersionHeader, sVersion}};
     if (!sToken.empty())
         headers.emplace("Authorization", "Bearer " + sToken);
-    const auto result = client.Post(wire::OperationPrefix + sOperation, headers, sBody, "application/json");
-    Reply reply;
-    if (!result)
-        return reply;
-    reply.nStatus = result->status;
-    const auto answer = nlohmann::json::parse(result->body, nullptr, false);
-    if (!answer.is_object())
-        return reply;
-    reply.nCode = answer.value(wire::AnswerCode, -100);
-    reply.sDetail = answer.value(wire::AnswerDetail, std::string());
-    if (answer.contains(wire::AnswerData))
-        reply.data = answer[wire::AnswerData];
-    return reply;
+    return MakeReply(client.Post(wire::OperationPrefix + sOperation, headers, sBody, "application/json"));
+}
+
+Reply ApiClient::Download(const std::string& sPath)
+{
+    httplib::Client client(m_sBase);
+    return MakeReply(client.Get(WithToken(sPath, sToken)));
+}
+
+Reply ApiClient::Upload(const std::string& sPath, const std::string& sBody)
+{
+    httplib::Client client(m_sBase);
+    return MakeReply(client.Post(WithToken(sPath, sToken), sBody, "application/octet-stream"));
+}
+
+wire::JobState ApiClient::Finish(const wire::Job& job)
+{
+    nlohmann::json items = nlohmann::json::array();
+    for (;;) {
+        wire::JobState state = Get<wire::WaitJob>({job.sJob, static_cast<int>(items.size())});
+        items.insert(items.end(), state.items.begin(), state.items.end());
+        if (!state.bFinished)
+            continue;
+        state.items = items;
+        return state;
+    }
 }
 
 Reply ApiClient::SignIn(const std::string& sName, const std::string& sPassword)

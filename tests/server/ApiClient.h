@@ -48,6 +48,12 @@ public:
         return reply.data.template get<typename Op::Answer>();
     }
 
+    /// A file by GET, with the token; its body is in sDetail when it is no JSON.
+    Reply Download(const std::string& sPath);
+    Reply Upload(const std::string& sPath, const std::string& sBody);
+    /// Reads a job until its end: its last state with all items.
+    wire::JobState Finish(const wire::Job& job);
+
     std::string sToken;
     std::string sVersion = std::to_string(wire::ProtocolVersion);
 

@@ -86,6 +86,11 @@ void TestServer::Start()
     options.nProbeTimeoutMs = m_options.nProbeTimeoutMs;
     options.nTokenLifetimeMinutes = m_options.nTokenLifetimeMinutes;
     options.nHeartbeatMs = m_options.nHeartbeatMs;
+    options.sCloudUrl = m_options.sCloudUrl;
+    options.nSearchTimeoutMs = m_options.nSearchTimeoutMs;
+    options.nDeviceTimeoutMs = m_options.nDeviceTimeoutMs;
+    options.nDiscoveryPort = m_options.nDiscoveryPort;
+    options.nOnvifDiscoveryPort = m_options.nOnvifDiscoveryPort;
     options.clock = [pOffset = m_pClockOffset] {
         return static_cast<std::int64_t>(QDateTime::currentMSecsSinceEpoch()) + *pOffset;
     };

@@ -28,6 +28,11 @@ struct TestServerOptions
     int nMaxPages = 0; ///< SQLite only: limit of the database's size
     int nTokenLifetimeMinutes = 720;
     int nHeartbeatMs = 200; ///< short, so that a reader that wants to end gets the occasion
+    std::string sCloudUrl; ///< account service of P2P devices
+    int nSearchTimeoutMs = 500;
+    int nDeviceTimeoutMs = 2000;
+    int nDiscoveryPort = 1; ///< of the test's field devices
+    int nOnvifDiscoveryPort = 1;
     QString sCertificate; ///< PEM file; with sKey the server speaks HTTPS
     QString sKey;
 };
