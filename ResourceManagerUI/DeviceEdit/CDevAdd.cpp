@@ -69,10 +69,10 @@ void CDevAdd::SetUpFields()
     for (const auto& [pEdit, field] : fields)
         FormFields::DeclareChecks(pEdit, field);
     for (VxGUI::VxLineEdit* pEdit : {m_pUi->editTxtIP, m_pUi->editIPStart, m_pUi->editIPEnd})
-        FormFields::MakeAddressField(pEdit);
+        FormFields::MakeKeyedField(pEdit);
     const int nLimit = GetFieldLimit(DeviceField::SerialNumber);
     m_pUi->editTxtIP->SetMaxLimit(nLimit, Text::tr("The sn cannot exceed %1 characters.").arg(nLimit));
-    FormFields::SetTypedExpression(m_pUi->editDevPort, GetPortExpression());
+    FormFields::MakeKeyedField(m_pUi->editDevPort, GetPortExpression());
     // A digit that would lead beyond the greatest port is not taken: say why.
     QLineEdit* pPort = m_pUi->editDevPort->GetLineEdit();
     connect(pPort, &QLineEdit::inputRejected, this, [this, pPort] {

@@ -3,7 +3,7 @@
 #include <VxGUI/VxLineEdit.h>
 #include <common/COrganizationModel.h>
 
-#include <QEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QRegularExpressionValidator>
 
@@ -11,15 +11,31 @@ namespace ResourceManagerUI::FormFields {
 
 namespace {
 
-/// Eats what an input method composes; plain keys pass.
-class NoComposition : public QObject
+/// Eats what an input method composes, and tells Enter where the line edit itself would not.
+class KeyedFieldFilter : public QObject
 {
 public:
-    using QObject::QObject;
+    explicit KeyedFieldFilter(VxGUI::VxLineEdit* pEdit)
+        : QObject(pEdit)
+        , m_pEdit(pEdit)
+    {
+    }
     bool eventFilter(QObject* pWatched, QEvent* pEvent) override
     {
-        return pEvent->type() == QEvent::InputMethod || QObject::eventFilter(pWatched, pEvent);
+        if (pEvent->type() == QEvent::InputMethod)
+            return true;
+        if (pEvent->type() == QEvent::KeyPress && !m_pEdit->GetLineEdit()->hasAcceptableInput()) {
+            const int nKey = static_cast<QKeyEvent*>(pEvent)->key();
+            if (nKey == Qt::Key_Return || nKey == Qt::Key_Enter) {
+                Q_EMIT m_pEdit->returnPressed();
+                return true;
+            }
+        }
+        return QObject::eventFilter(pWatched, pEvent);
     }
+
+private:
+    VxGUI::VxLineEdit* m_pEdit;
 };
 
 void AddOrganizations(
@@ -56,11 +72,11 @@ void SetTypedExpression(VxGUI::VxLineEdit* pEdit, const QString& sExpression)
         new QRegularExpressionValidator(QRegularExpression(sExpression), pEdit->GetLineEdit()));
 }
 
-void MakeAddressField(VxGUI::VxLineEdit* pEdit, const QString& sExpression)
+void MakeKeyedField(VxGUI::VxLineEdit* pEdit, const QString& sExpression)
 {
     QLineEdit* pInner = pEdit->GetLineEdit();
     pInner->setAttribute(Qt::WA_InputMethodEnabled, false);
-    pInner->installEventFilter(new NoComposition(pInner));
+    pInner->installEventFilter(new KeyedFieldFilter(pEdit));
     SetTypedExpression(pEdit, sExpression);
 }
 

@@ -18,8 +18,9 @@ inline constexpr int KeyRole = Qt::UserRole + 1;
 
 /// Declares the checks of that text on the field: typing limit, live hint and the order on CheckInput.
 void DeclareChecks(VxGUI::VxLineEdit* pEdit, DeviceField field);
-/// Takes IPv4 addresses, or what sExpression matches, typed key by key; input methods cannot compose there.
-void MakeAddressField(VxGUI::VxLineEdit* pEdit, const QString& sExpression = GetIpExpression());
+/// Takes only what sExpression matches, typed key by key: input methods cannot compose there. Enter is told
+/// also while the text is unfinished, so that its check can say so.
+void MakeKeyedField(VxGUI::VxLineEdit* pEdit, const QString& sExpression = GetIpExpression());
 /// Changes what can be typed into the field.
 void SetTypedExpression(VxGUI::VxLineEdit* pEdit, const QString& sExpression);
 

@@ -95,7 +95,7 @@ void CAutoSearchOnlineDev::SetUpTable()
 void CAutoSearchOnlineDev::SetUpRange()
 {
     for (VxGUI::VxLineEdit* pEdit : {m_pUi->edtNetSectionStart, m_pUi->edtNetSectionEnd}) {
-        FormFields::MakeAddressField(pEdit, GetSectionExpression());
+        FormFields::MakeKeyedField(pEdit, GetSectionExpression());
         connect(pEdit, &VxGUI::VxLineEdit::returnPressed, this, [this] {
             if (m_nSearch == 0 && m_bConnected)
                 StartSearch();

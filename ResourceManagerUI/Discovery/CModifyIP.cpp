@@ -63,7 +63,7 @@ CModifyIP::~CModifyIP() = default;
 void CModifyIP::SetUpFields(const QString& sNewIp)
 {
     for (VxGUI::VxLineEdit* pEdit : {m_pUi->editNewIp, m_pUi->editNewMask, m_pUi->editNewGateway})
-        FormFields::MakeAddressField(pEdit);
+        FormFields::MakeKeyedField(pEdit);
     FormFields::DeclareChecks(m_pUi->editModifyUser, DeviceField::UserName);
     FormFields::DeclareChecks(m_pUi->editModifyPassword, DeviceField::Password);
     if (GetDevices().size() > 1) {

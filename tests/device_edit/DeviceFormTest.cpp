@@ -155,7 +155,7 @@ TEST_F(DeviceForm, FailingChecksKeepTheStepAndTheFirstHasTheFocus)
 {
     OpenAdd();
     Type("editUserName", "");
-    Click("btnNext");
+    m_pDriver->Key(QStringLiteral("editTxtIP"), Qt::Key_Return);
     EXPECT_EQ(Hint("editTxtIP"), "IP can not be empty!");
     EXPECT_EQ(Hint("editUserName"), "Please enter user name.");
     EXPECT_EQ(Hint("editPassWord"), "Please enter password.");
