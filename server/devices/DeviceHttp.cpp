@@ -15,6 +15,7 @@ namespace {
 using SteadyClock = std::chrono::steady_clock;
 constexpr std::size_t MaxBody = 1024 * 1024;
 constexpr std::uint64_t MaxReceived = 2 * MaxBody; ///< with headers and chunk marks
+constexpr std::chrono::seconds Margin(1);
 constexpr int ClientNonceBytes = 16;
 /// A challenge, and one more when the nonce had become too old.
 constexpr int MaxSendings = 3;
@@ -77,8 +78,9 @@ DeviceHttp::Exchange DeviceHttp::SendOnce(const HttpQuestion& question, const st
     HttpGuard guard(m_deadline, MaxReceived);
     httplib::ClientImpl client(m_access.sAddress, m_access.nPort);
     client.set_connection_timeout(left);
-    client.set_read_timeout(left);
-    client.set_write_timeout(left);
+    // The guard ends reading and writing on time; the library's own time-outs are for each piece.
+    client.set_read_timeout(left + Margin);
+    client.set_write_timeout(left + Margin);
     client.set_socket_options([&guard](int nSocket) {
         httplib::default_socket_options(nSocket);
         guard.Take(nSocket);

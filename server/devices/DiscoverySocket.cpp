@@ -16,11 +16,12 @@ namespace {
 constexpr int ReceiveBuffer = 4 * 1024 * 1024;
 constexpr std::size_t MaxDatagram = 65536;
 
-/// The interface goes along with the datagram: setting it on the socket would be a call more for each.
-void AddInterface(msghdr& message, cmsghdr* pControl, std::size_t nControlSize, int nInterface)
+/// The way goes along with the datagram: setting it on the socket would be a call more for each.
+void AddWay(msghdr& message, cmsghdr* pControl, std::size_t nControlSize, const DiscoverySocket::Way& way)
 {
     in_pktinfo info{};
-    info.ipi_ifindex = nInterface;
+    info.ipi_ifindex = way.nInterface;
+    info.ipi_spec_dst.s_addr = htonl(way.nAddress);
     pControl->cmsg_level = IPPROTO_IP;
     pControl->cmsg_type = IP_PKTINFO;
     pControl->cmsg_len = CMSG_LEN(sizeof(info));
@@ -47,7 +48,7 @@ DiscoverySocket::~DiscoverySocket()
 }
 
 DiscoverySocket::Sent DiscoverySocket::Send(
-    const std::string& sDatagram, std::uint32_t nAddress, int nPort, int nInterface)
+    const std::string& sDatagram, std::uint32_t nAddress, int nPort, const Way* pWay)
 {
     sockaddr_in target{};
     target.sin_family = AF_INET;
@@ -60,8 +61,8 @@ DiscoverySocket::Sent DiscoverySocket::Send(
     message.msg_iov = &part;
     message.msg_iovlen = 1;
     alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(in_pktinfo))> control{};
-    if (nInterface != 0)
-        AddInterface(message, reinterpret_cast<cmsghdr*>(control.data()), control.size(), nInterface);
+    if (pWay)
+        AddWay(message, reinterpret_cast<cmsghdr*>(control.data()), control.size(), *pWay);
     if (sendmsg(m_nSocket, &message, MSG_NOSIGNAL) >= 0)
         return Sent::Done;
     return errno == EAGAIN || errno == ENOBUFS || errno == EINTR ? Sent::Busy : Sent::Done;

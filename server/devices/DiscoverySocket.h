@@ -11,6 +11,13 @@ namespace Platform {
 class DiscoverySocket
 {
 public:
+    /// Where a datagram goes out.
+    struct Way
+    {
+        int nInterface = 0; ///< its index
+        std::uint32_t nAddress = 0; ///< the machine's own there, host byte order
+    };
+
     enum class Sent
     {
         Done, ///< or lost for a reason that trying again does not change
@@ -24,9 +31,8 @@ public:
     DiscoverySocket& operator=(const DiscoverySocket&) = delete;
 
     int Descriptor() const { return m_nSocket; }
-    /// nAddress: IPv4, host byte order. nInterface: index of the network interface to go out by; 0: as
-    /// routed.
-    Sent Send(const std::string& sDatagram, std::uint32_t nAddress, int nPort, int nInterface = 0);
+    /// nAddress: IPv4, host byte order. pWay null: as routed.
+    Sent Send(const std::string& sDatagram, std::uint32_t nAddress, int nPort, const Way* pWay = nullptr);
     /// Reads what has come, nLimit datagrams at most; the sender's address is in host byte order.
     void Receive(int nLimit, const std::function<void(std::string_view, std::uint32_t)>& read);
 

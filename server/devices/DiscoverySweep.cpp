@@ -68,21 +68,24 @@ std::optional<Range> ReadRange(const std::string& sStartIp, const std::string& s
     return Range{*optStart, *optEnd};
 }
 
-/// Indexes of the interfaces that have an IPv4 address.
-std::vector<int> Interfaces()
+/// The machine's IPv4 addresses, each with its interface: a probe to a group goes out by each.
+std::vector<DiscoverySocket::Way> Ways()
 {
-    std::set<int> indexes;
+    std::vector<DiscoverySocket::Way> vecWays;
     ifaddrs* pFirst = nullptr;
     if (getifaddrs(&pFirst) != 0)
-        return {};
+        return vecWays;
     for (const ifaddrs* pEntry = pFirst; pEntry; pEntry = pEntry->ifa_next) {
         const bool bIpv4 = pEntry->ifa_addr && pEntry->ifa_addr->sa_family == AF_INET;
         const bool bGroups = (pEntry->ifa_flags & (IFF_MULTICAST | IFF_LOOPBACK)) != 0;
-        if (bIpv4 && bGroups && (pEntry->ifa_flags & IFF_UP) != 0)
-            indexes.insert(static_cast<int>(if_nametoindex(pEntry->ifa_name)));
+        if (!bIpv4 || !bGroups || (pEntry->ifa_flags & IFF_UP) == 0)
+            continue;
+        const auto* const pAddress = reinterpret_cast<const sockaddr_in*>(pEntry->ifa_addr);
+        vecWays.push_back(
+            {static_cast<int>(if_nametoindex(pEntry->ifa_name)), ntohl(pAddress->sin_addr.s_addr)});
     }
     freeifaddrs(pFirst);
-    return {indexes.begin(), indexes.end()};
+    return vecWays;
 }
 
 /// One driver's share of a sweep.
@@ -90,10 +93,10 @@ class Asker
 {
 public:
     Asker(const DeviceDriver& driver, const std::optional<Range>& optRange,
-        const std::vector<int>& vecInterfaces)
+        const std::vector<DiscoverySocket::Way>& vecWays)
         : m_driver(driver)
         , m_optRange(optRange)
-        , m_vecInterfaces(vecInterfaces)
+        , m_vecWays(vecWays)
         , m_optGroup(ToNumber(driver.DiscoveryGroup()))
     {
     }
@@ -110,8 +113,8 @@ public:
     void Receive(const DiscoverySweep::Found& found);
 
 private:
-    /// First the group on each interface, then the range.
-    std::size_t Groups() const { return m_optGroup ? m_vecInterfaces.size() : 0; }
+    /// First the group by each way, then the range.
+    std::size_t Groups() const { return m_optGroup ? m_vecWays.size() : 0; }
     std::size_t Targets() const
     {
         return Groups() + (m_optRange ? m_optRange->nEnd - m_optRange->nStart + std::size_t{1} : 0);
@@ -120,7 +123,7 @@ private:
 
     const DeviceDriver& m_driver;
     const std::optional<Range> m_optRange;
-    const std::vector<int>& m_vecInterfaces;
+    const std::vector<DiscoverySocket::Way>& m_vecWays;
     const std::optional<std::uint32_t> m_optGroup;
     DiscoverySocket m_socket;
     std::string m_sProbe;
@@ -133,9 +136,8 @@ bool Asker::SendNext()
     const bool bGroup = m_nNext < Groups();
     const std::uint32_t nAddress =
         bGroup ? *m_optGroup : m_optRange->nStart + static_cast<std::uint32_t>(m_nNext - Groups());
-    const int nInterface = bGroup ? m_vecInterfaces[m_nNext] : 0;
-    if (m_socket.Send(m_sProbe, nAddress, m_driver.DiscoveryPort(), nInterface)
-        == DiscoverySocket::Sent::Busy)
+    const DiscoverySocket::Way* const pWay = bGroup ? &m_vecWays[m_nNext] : nullptr;
+    if (m_socket.Send(m_sProbe, nAddress, m_driver.DiscoveryPort(), pWay) == DiscoverySocket::Sent::Busy)
         return false;
     ++m_nNext;
     return true;
@@ -275,13 +277,13 @@ void DiscoverySweep::Run(const std::vector<DeviceDriver*>& vecDrivers, const std
     const std::string& sEndIp, const Found& found, const std::stop_token& stop) const
 {
     const auto optRange = ReadRange(sStartIp, sEndIp);
-    const std::vector<int> vecInterfaces = Interfaces();
+    const std::vector<DiscoverySocket::Way> vecWays = Ways();
     Sweep sweep(m_nTimeoutMs, m_nSendings);
     bool bAny = false;
     for (const DeviceDriver* pDriver : vecDrivers) {
         if (pDriver->DiscoveryPort() <= 0)
             continue;
-        sweep.Add(std::make_unique<Asker>(*pDriver, optRange, vecInterfaces));
+        sweep.Add(std::make_unique<Asker>(*pDriver, optRange, vecWays));
         bAny = true;
     }
     if (bAny)

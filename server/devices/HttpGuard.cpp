@@ -19,6 +19,14 @@ std::uint64_t ReceivedBytes(int nSocket)
     return getsockopt(nSocket, IPPROTO_TCP, TCP_INFO, &info, &nSize) == 0 ? info.tcpi_bytes_received : 0;
 }
 
+void Cut(int nSocket)
+{
+    // Closing it then resets the connection: a device that goes on sending is told so at once.
+    const linger reset{1, 0};
+    setsockopt(nSocket, SOL_SOCKET, SO_LINGER, &reset, sizeof(reset));
+    shutdown(nSocket, SHUT_RDWR);
+}
+
 } // namespace
 
 HttpGuard::HttpGuard(std::chrono::steady_clock::time_point deadline, std::uint64_t nMaxReceived)
@@ -59,7 +67,7 @@ void HttpGuard::Watch(const std::stop_token& stop)
             continue;
         m_bTooMuch = m_bTooMuch || ReceivedBytes(m_nSocket) > m_nMaxReceived;
         if (m_bTooMuch || std::chrono::steady_clock::now() >= m_deadline)
-            shutdown(m_nSocket, SHUT_RDWR);
+            Cut(m_nSocket);
     }
 }
 
