@@ -40,9 +40,7 @@ int PrefixLength(const std::string& sMask)
 
 Answer Reply(const pugi::xml_node& call, const std::string& sContent)
 {
-    const std::string sNamespace = SoapXml::Namespace(
-        call, std::string_view(call.name()).substr(0, std::string_view(call.name()).find(':')));
-    const std::string sPrefix = sNamespace.ends_with("media/wsdl") ? "trt:" : "tds:";
+    const std::string sPrefix = SoapXml::Namespace(call).ends_with("media/wsdl") ? "trt:" : "tds:";
     const std::string sName = sPrefix + std::string(SoapXml::LocalName(call.name())) + "Response";
     return {200, SoapXml::Envelope({}, Element(sName, sContent)), SoapType};
 }

@@ -4,7 +4,6 @@
 #include "Settings.h"
 
 #include <chrono>
-#include <ctime>
 #include <regex>
 
 namespace FieldDevice {
@@ -223,13 +222,11 @@ std::optional<Answer> CheckAccess(
 
 const Operation* FindOperation(const pugi::xml_node& node, const std::string& sPath)
 {
-    const std::string_view sName = node.name();
-    const std::size_t nColon = sName.find(':');
-    const std::string sNamespace =
-        SoapXml::Namespace(node, nColon == std::string_view::npos ? "" : sName.substr(0, nColon));
+    const std::string sNamespace = SoapXml::Namespace(node);
     for (const Operation& operation : Operations) {
         const bool bHere = sPath == (operation.szNamespace == MediaNamespace ? MediaPath : DevicePath);
-        if (bHere && sNamespace == operation.szNamespace && SoapXml::LocalName(sName) == operation.szName)
+        if (bHere && sNamespace == operation.szNamespace
+            && SoapXml::LocalName(node.name()) == operation.szName)
             return &operation;
     }
     return nullptr;

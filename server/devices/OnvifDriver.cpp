@@ -24,8 +24,8 @@ using UICommonMdl::ErrorDeviceNotSupported;
 using UICommonMdl::ErrorDevicePassword;
 using UICommonMdl::ErrorDeviceRefused;
 
-constexpr const char* DeviceService = "/onvif/device_service";
-constexpr std::string_view MediaNamespace = "http://www.onvif.org/ver10/media/wsdl";
+constexpr const char* MediaNamespace = "http://www.onvif.org/ver10/media/wsdl";
+const SoapService DeviceService{"/onvif/device_service", "http://www.onvif.org/ver10/device/wsdl"};
 constexpr int CategoryEncoder = 1;
 constexpr int MaxCount = 65535;
 
@@ -99,7 +99,7 @@ SoapClient SignedIn(const DeviceAccess& access, int nTimeoutMs)
     SoapClient client(access, nTimeoutMs);
     try {
         const SoapAnswer answer =
-            client.Call(DeviceService, "tds:GetSystemDateAndTime", {}, SoapClient::Sign::No);
+            client.Call(DeviceService, "GetSystemDateAndTime", {}, SoapClient::Sign::No);
         const auto optTime = ReadTime(SoapXml::Find(answer.node, {"SystemDateAndTime", "UTCDateTime"}));
         if (optTime)
             client.SetClockOffset(*optTime - client.DeviceTime());
@@ -117,7 +117,7 @@ std::string MediaPath(SoapClient& client, ChannelCounts& counts)
 {
     try {
         const SoapAnswer answer =
-            client.Call(DeviceService, "tds:GetCapabilities", "<tds:Category>All</tds:Category>");
+            client.Call(DeviceService, "GetCapabilities", "<tds:Category>All</tds:Category>");
         const pugi::xml_node capabilities = SoapXml::Child(answer.node, "Capabilities");
         counts.nAlarmInputs = ToCount(SoapXml::Text(capabilities, {"Device", "IO", "InputConnectors"}));
         counts.nAlarmOutputs = ToCount(SoapXml::Text(capabilities, {"Device", "IO", "RelayOutputs"}));
@@ -127,7 +127,7 @@ std::string MediaPath(SoapClient& client, ChannelCounts& counts)
             throw;
     }
     const SoapAnswer answer =
-        client.Call(DeviceService, "tds:GetServices", "<tds:IncludeCapability>false</tds:IncludeCapability>");
+        client.Call(DeviceService, "GetServices", "<tds:IncludeCapability>false</tds:IncludeCapability>");
     for (const pugi::xml_node& service : SoapXml::Children(answer.node, "Service")) {
         if (SoapXml::Text(service, {"Namespace"}) == MediaNamespace)
             return PathOf(SoapXml::Text(service, {"XAddr"}));
@@ -138,7 +138,7 @@ std::string MediaPath(SoapClient& client, ChannelCounts& counts)
 std::string MacOf(SoapClient& client)
 {
     try {
-        const SoapAnswer answer = client.Call(DeviceService, "tds:GetNetworkInterfaces");
+        const SoapAnswer answer = client.Call(DeviceService, "GetNetworkInterfaces");
         return ReplyText::Mac(SoapXml::Text(answer.node, {"NetworkInterfaces", "Info", "HwAddress"}));
     } catch (const DeviceError& error) {
         // The MAC address is a detail that some devices keep to themselves.
@@ -175,7 +175,7 @@ bool HasAddress(const pugi::xml_node& networkInterface, const std::string& sAddr
 /// The interface that the device is reached by, else its first one.
 std::string InterfaceToken(SoapClient& client)
 {
-    const SoapAnswer answer = client.Call(DeviceService, "tds:GetNetworkInterfaces");
+    const SoapAnswer answer = client.Call(DeviceService, "GetNetworkInterfaces");
     const auto vecInterfaces = SoapXml::Children(answer.node, "NetworkInterfaces");
     if (vecInterfaces.empty())
         throw DeviceError(ErrorDeviceBadAnswer, "the device tells no network interface");
@@ -204,7 +204,7 @@ OnvifDriver::OnvifDriver(int nTimeoutMs, int nDiscoveryPort)
 DeviceIdentity OnvifDriver::Identify(const DeviceAccess& access)
 {
     SoapClient client = SignedIn(access, m_nTimeoutMs);
-    const SoapAnswer answer = client.Call(DeviceService, "tds:GetDeviceInformation");
+    const SoapAnswer answer = client.Call(DeviceService, "GetDeviceInformation");
     DeviceIdentity identity;
     identity.sManufacturer = Member(answer.node, {"Manufacturer"});
     identity.sModel = Member(answer.node, {"Model"});
@@ -222,7 +222,7 @@ ChannelCounts OnvifDriver::Channels(const DeviceAccess& access)
     const std::string sMedia = MediaPath(client, counts);
     if (sMedia.empty())
         return counts;
-    const SoapAnswer answer = client.Call(sMedia, "trt:GetProfiles");
+    const SoapAnswer answer = client.Call({sMedia, MediaNamespace}, "GetProfiles");
     std::set<std::string> sources;
     for (const pugi::xml_node& profile : SoapXml::Children(answer.node, "Profiles"))
         sources.insert(SoapXml::Text(profile, {"VideoSourceConfiguration", "SourceToken"}));
@@ -235,7 +235,7 @@ void OnvifDriver::Initialize(const DeviceAccess& access, const std::string& /*sC
 {
     SoapClient client(access, m_nTimeoutMs);
     try {
-        client.Call(DeviceService, "tds:CreateUsers", UserElement(access.sUserName, access.sPassword),
+        client.Call(DeviceService, "CreateUsers", UserElement(access.sUserName, access.sPassword),
             SoapClient::Sign::No);
     } catch (const DeviceError& error) {
         // Who wants a password has one.
@@ -248,14 +248,14 @@ void OnvifDriver::Initialize(const DeviceAccess& access, const std::string& /*sC
 void OnvifDriver::SetPassword(const DeviceAccess& access, const std::string& sNewPassword)
 {
     SignedIn(access, m_nTimeoutMs)
-        .Call(DeviceService, "tds:SetUser", UserElement(access.sUserName, sNewPassword));
+        .Call(DeviceService, "SetUser", UserElement(access.sUserName, sNewPassword));
 }
 
 void OnvifDriver::SetTimeZone(
     const DeviceAccess& access, const RemoteConfigLogical::TimeZoneSetting_t& setting)
 {
     SoapClient client = SignedIn(access, m_nTimeoutMs);
-    const SoapAnswer answer = client.Call(DeviceService, "tds:GetSystemDateAndTime");
+    const SoapAnswer answer = client.Call(DeviceService, "GetSystemDateAndTime");
     // The source of the device's time stays as it is.
     const bool bNtp = SoapXml::Text(answer.node, {"SystemDateAndTime", "DateTimeType"}) == "NTP";
     std::string sContent = TextElement("tds:DateTimeType", bNtp ? "NTP" : "Manual")
@@ -263,7 +263,7 @@ void OnvifDriver::SetTimeZone(
         + Element("tds:TimeZone", TextElement("tt:TZ", PosixTimeZone(setting)));
     if (!bNtp)
         sContent += TimeElement(client.DeviceTime());
-    client.Call(DeviceService, "tds:SetSystemDateAndTime", sContent);
+    client.Call(DeviceService, "SetSystemDateAndTime", sContent);
 }
 
 void OnvifDriver::SetAddress(const DeviceAccess& access, const NetworkSetting& setting)
@@ -274,18 +274,18 @@ void OnvifDriver::SetAddress(const DeviceAccess& access, const NetworkSetting& s
     // The gateway first: after the address the device is no longer here.
     if (!setting.sGateway.empty())
         client.Call(
-            DeviceService, "tds:SetNetworkDefaultGateway", TextElement("tds:IPv4Address", setting.sGateway));
+            DeviceService, "SetNetworkDefaultGateway", TextElement("tds:IPv4Address", setting.sGateway));
     const std::string sManual = Element("tt:Manual",
         TextElement("tt:Address", setting.sAddress)
             + TextElement("tt:PrefixLength", std::to_string(nPrefixLength)));
-    const SoapAnswer answer = client.Call(DeviceService, "tds:SetNetworkInterfaces",
+    const SoapAnswer answer = client.Call(DeviceService, "SetNetworkInterfaces",
         TextElement("tds:InterfaceToken", sToken)
             + Element("tds:NetworkInterface",
                 "<tt:Enabled>true</tt:Enabled>"
                     + Element(
                         "tt:IPv4", "<tt:Enabled>true</tt:Enabled>" + sManual + "<tt:DHCP>false</tt:DHCP>")));
     if (SoapXml::Text(answer.node, {"RebootNeeded"}) == "true")
-        client.Call(DeviceService, "tds:SystemReboot");
+        client.Call(DeviceService, "SystemReboot");
 }
 
 std::string OnvifDriver::DiscoveryProbe() const

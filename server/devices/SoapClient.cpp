@@ -66,7 +66,7 @@ std::int64_t SoapClient::DeviceTime() const
 }
 
 SoapAnswer SoapClient::Call(
-    const std::string& sPath, const std::string& sElement, const std::string& sContent, Sign sign)
+    const SoapService& service, const std::string& sName, const std::string& sContent, Sign sign)
 {
     using enum UICommonMdl::ErrorCode;
     const bool bSignIn = sign == Sign::In && !Access().sUserName.empty();
@@ -74,8 +74,10 @@ SoapAnswer SoapClient::Call(
         bSignIn ? UsernameToken::Header(Access().sUserName, Access().sPassword, DeviceTime()) : std::string();
     HttpQuestion question;
     question.sMethod = "POST";
-    question.sPath = sPath;
-    question.sBody = SoapXml::Envelope(sHeader, '<' + sElement + '>' + sContent + "</" + sElement + '>');
+    question.sPath = service.sPath;
+    const std::string sCall =
+        '<' + sName + " xmlns=\"" + service.szNamespace + "\">" + sContent + "</" + sName + '>';
+    question.sBody = SoapXml::Envelope(sHeader, sCall);
     question.sContentType = "application/soap+xml; charset=utf-8";
     question.bSignIn = bSignIn;
     const HttpReply reply = m_http.Send(question);
@@ -90,9 +92,9 @@ SoapAnswer SoapClient::Call(
     if (reply.nStatus != 200)
         throw DeviceError(
             ErrorDeviceBadAnswer, "the device answered HTTP status " + std::to_string(reply.nStatus));
-    answer.node = SoapXml::Child(body, std::string(SoapXml::LocalName(sElement)) + "Response");
+    answer.node = SoapXml::Child(body, sName + "Response");
     if (!answer.node)
-        throw DeviceError(ErrorDeviceBadAnswer, "the answer is not that of " + sElement);
+        throw DeviceError(ErrorDeviceBadAnswer, "the answer is not that of " + sName);
     return answer;
 }
 

@@ -16,6 +16,13 @@ struct SoapAnswer
     pugi::xml_node node;
 };
 
+/// Where calls go to, and the namespace that they are of.
+struct SoapService
+{
+    std::string sPath;
+    const char* szNamespace;
+};
+
 /// Web service calls to one device, as long as one call of a driver takes.
 class SoapClient
 {
@@ -28,9 +35,9 @@ public:
 
     SoapClient(const DeviceAccess& access, int nTimeoutMs);
 
-    /// sElement is the call's element with its prefix, "tds:GetProfiles"; sContent what it holds. Answers the
-    /// element that ends in "Response". Throws DeviceError, for faults too.
-    SoapAnswer Call(const std::string& sPath, const std::string& sElement, const std::string& sContent = {},
+    /// sContent is what the call's element holds. Answers the element that ends in "Response". Throws
+    /// DeviceError, for faults too.
+    SoapAnswer Call(const SoapService& service, const std::string& sName, const std::string& sContent = {},
         Sign sign = Sign::In);
 
     /// What the device's clock is ahead of ours; tokens are made by its clock.

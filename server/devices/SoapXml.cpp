@@ -74,6 +74,13 @@ std::string Namespace(const pugi::xml_node& node, std::string_view sPrefix)
     return {};
 }
 
+std::string Namespace(const pugi::xml_node& node)
+{
+    const std::string_view sName = node.name();
+    const std::size_t nColon = sName.find(':');
+    return Namespace(node, nColon == std::string_view::npos ? std::string_view() : sName.substr(0, nColon));
+}
+
 std::vector<std::string> Words(const std::string& sText, std::size_t nLimit)
 {
     std::vector<std::string> vecWords;
@@ -122,7 +129,10 @@ std::string Envelope(const std::string& sHeader, const std::string& sBody)
            R"( xmlns:trt="http://www.onvif.org/ver10/media/wsdl")"
            R"( xmlns:tt="http://www.onvif.org/ver10/schema">)"
            "<s:Header>"
-        + sHeader + "</s:Header><s:Body>" + sBody + "</s:Body></s:Envelope>";
+        + sHeader
+        + R"(</s:Header><s:Body xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance")"
+          R"( xmlns:xsd="http://www.w3.org/2001/XMLSchema">)"
+        + sBody + "</s:Body></s:Envelope>";
 }
 
 } // namespace Platform::SoapXml

@@ -25,12 +25,15 @@ std::vector<pugi::xml_node> Children(const pugi::xml_node& node, std::string_vie
 std::string Text(const pugi::xml_node& node, std::initializer_list<std::string_view> path = {});
 /// The namespace that a prefix stands for at that place; empty when it was not declared.
 std::string Namespace(const pugi::xml_node& node, std::string_view sPrefix);
+/// The namespace of the element itself.
+std::string Namespace(const pugi::xml_node& node);
 /// The words of a text, nLimit at most.
 std::vector<std::string> Words(const std::string& sText, std::size_t nLimit);
 
 /// For element content and attribute values.
 std::string Escape(std::string_view sText);
-/// A SOAP 1.2 message; both parts are XML with the prefixes tds, trt, tt, wsa, d and dn at their disposal.
+/// A SOAP 1.2 message, of the form that nearly all clients write: some devices read it by patterns. Both
+/// parts are XML with the prefixes tds, trt, tt, wsa, d and dn at their disposal.
 std::string Envelope(const std::string& sHeader, const std::string& sBody);
 
 } // namespace Platform::SoapXml
