@@ -123,8 +123,10 @@ QVariant COnlineDeviceModel::headerData(int nSection, Qt::Orientation orientatio
 Qt::ItemFlags COnlineDeviceModel::flags(const QModelIndex& index) const
 {
     Qt::ItemFlags flags = QAbstractTableModel::flags(index);
-    if (!index.isValid() || m_vecRows[std::size_t(index.row())].state != FoundNew)
+    if (!index.isValid())
         return flags;
+    if (m_vecRows[std::size_t(index.row())].state != FoundNew)
+        return index.column() == OnlineColumnInit ? flags & ~Qt::ItemFlags(Qt::ItemIsEnabled) : flags;
     if (index.column() == OnlineColumnInit)
         flags |= Qt::ItemIsUserCheckable;
     if (index.column() == OnlineColumnAddress)
@@ -244,6 +246,12 @@ COnlineDeviceModel::Devices COnlineDeviceModel::GetChecked() const
         if (row.bChecked && row.state == FoundNew)
             vecDevices.push_back(row.device);
     }
+    std::sort(vecDevices.begin(), vecDevices.end(), [](const auto& left, const auto& right) {
+        const auto key = [](const auto& device) {
+            return std::pair(ToNumber(QString::fromStdString(device.sIp)), device.nPort);
+        };
+        return key(left) < key(right);
+    });
     return vecDevices;
 }
 

@@ -68,6 +68,7 @@ public:
     void SetAddress(const QString& sKey, const QString& sNewIp);
 
     Devices GetAll() const;
+    /// By address.
     Devices GetChecked() const;
     /// The device of that key alone; empty when there is none.
     Devices GetOne(const QString& sKey) const;

@@ -236,17 +236,16 @@ TEST_F(FoundDeviceDialogs, AddressesAreCountedUpAndFailedOnesTriedAgain)
     EXPECT_EQ(vecSent[1].sMask, "255.255.255.0");
     EXPECT_EQ(vecSent[1].sGateway, "10.0.0.1");
     EXPECT_EQ(vecSent[1].sUserName, "admin");
-    // They were found in another order than the table shows.
     ReportResults("ModifyAddress", {{"10.0.0.10:37777", "", 0, ""}}, false);
-    EXPECT_EQ(CellText("10.0.0.50", OnlineColumnModel), "M10") << "live, the row has moved";
+    EXPECT_EQ(CellText("10.0.0.51", OnlineColumnModel), "M10") << "live, the row has moved";
     ReportResults("ModifyAddress", {{"10.0.0.9:37777", "", UICommonMdl::ErrorDevicePassword, ""}}, true,
         UICommonMdl::ErrorTimeOut);
-    EXPECT_EQ(Text(*pDialog, "tableModify", 1, 3), "The device does not accept the user name and password.");
+    EXPECT_EQ(Text(*pDialog, "tableModify", 0, 3), "The device does not accept the user name and password.");
     EXPECT_EQ(Text(*pDialog, "tableModify", 2, 3), "The server did not answer in time.");
     pDialog->Click(QStringLiteral("btnModifyOk"));
     const auto vecAgain = m_host.remote.devices.LastArgument<Sent>("ModifyAddress");
     ASSERT_EQ(vecAgain.size(), 2U);
-    EXPECT_EQ(vecAgain[0].sNewIp, "10.0.0.51");
+    EXPECT_EQ(vecAgain[0].sNewIp, "10.0.0.50") << "each keeps its place";
     EXPECT_EQ(vecAgain[1].sNewIp, "10.0.0.52");
     pDialog.reset();
     m_dialogs.AnswerNext(true);
