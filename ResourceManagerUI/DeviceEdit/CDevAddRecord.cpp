@@ -5,6 +5,7 @@
 #include "DeviceFormFields.h"
 #include "ui_CDevAdd.h"
 
+#include <UICommonMdl/CErrorCode.h>
 #include <common/Prompt.h>
 
 #include <QSignalBlocker>
@@ -96,7 +97,7 @@ void CDevAdd::OnDevice(const GroupParam& param)
     if (param.nErrorCode != UICommonMdl::ErrorNone || !param.optDevice) {
         const QString sFailed = Text::tr("Failed to get device info");
         m_pUi->wgtDevAddState->SetState(VxGUI::VxEmptyState::Kind::Failed, sFailed,
-            Common::FailureText(QString(), param.nErrorCode), Text::tr("Refresh"));
+            UICommonMdl::CErrorCode::GetErroCodeInfor(param.nErrorCode), Text::tr("Refresh"));
         Q_EMIT SignalShowNotify(Common::FailureText(sFailed, param.nErrorCode));
         return;
     }

@@ -20,6 +20,7 @@
 #include <QHostAddress>
 #include <QLoggingCategory>
 #include <QNetworkInterface>
+#include <QShortcut>
 #include <QSortFilterProxyModel>
 
 namespace ResourceManagerUI {
@@ -87,6 +88,13 @@ void CAutoSearchOnlineDev::SetUpTable()
         m_pModel, &COnlineDeviceModel::SignalAddressEdited, this,
         [this](const QString& sKey, const QString& sNewIp) { OpenModifyIp(m_pModel->GetOne(sKey), sNewIp); },
         Qt::QueuedConnection);
+    auto* pToggle = new QShortcut(Qt::Key_Space, pTable, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(pToggle, &QShortcut::activated, this, [this, pTable] {
+        const QModelIndex current = pTable->currentIndex();
+        const QModelIndex index = current.sibling(current.row(), OnlineColumnInit);
+        const bool bChecked = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+        m_pSorted->setData(index, bChecked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+    });
     for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
         connect(m_pModel, signal, this, &CAutoSearchOnlineDev::ShowState);
     connect(m_pModel, &QAbstractItemModel::dataChanged, this, &CAutoSearchOnlineDev::ShowChecks);

@@ -38,6 +38,11 @@ CDeviceInitialize::CDeviceInitialize(
         GetModel()->item(nRow, 0)->setText(QString::fromStdString(device.sIp));
         GetModel()->item(nRow, 1)->setText(QString::fromStdString(device.sModel));
     }
+    const QString sTooLong = CheckDevicePassword(QString(DevicePasswordLimit + 1, QLatin1Char('a')));
+    m_pUi->editInitPassword->SetMaxLimit(DevicePasswordLimit, sTooLong);
+    m_pUi->editInitConfirm->SetMaxLimit(DevicePasswordLimit, sTooLong);
+    m_pUi->editInitContact->SetMaxLimit(
+        ContactLimit, Text::tr("The contact cannot exceed %1 characters.").arg(ContactLimit));
     connect(m_pUi->editInitPassword, &VxGUI::VxLineEdit::textChanged, this, &CDeviceInitialize::ShowStrength);
     connect(m_pUi->btnInitOk, &QAbstractButton::clicked, this, &CDeviceInitialize::OnBtnOkClicked);
     connect(m_pUi->btnInitClose, &QAbstractButton::clicked, this, &CDeviceInitialize::reject);

@@ -30,7 +30,6 @@ struct ModifyText
 
 constexpr quint32 MaxRange = 65536;
 constexpr int MinPassword = 8;
-constexpr int MaxPassword = 16;
 constexpr int LongPassword = 12;
 
 /// A private or public address of one machine: neither loopback nor given by itself for lack of a server.
@@ -192,10 +191,10 @@ QString CheckDevicePassword(const QString& sPassword)
     if (nClasses < 0)
         return InitializeText::tr(
             "The password can only contain letters, digits and special characters other than , ( ).");
-    if (sPassword.size() < MinPassword || sPassword.size() > MaxPassword)
+    if (sPassword.size() < MinPassword || sPassword.size() > DevicePasswordLimit)
         return InitializeText::tr("The password must have %1 to %2 characters.")
             .arg(MinPassword)
-            .arg(MaxPassword);
+            .arg(DevicePasswordLimit);
     if (nClasses < 2)
         return InitializeText::tr("The password must contain at least two of lower-case letters, upper-case "
                                   "letters, digits and special characters.");

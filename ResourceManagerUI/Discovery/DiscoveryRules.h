@@ -57,10 +57,12 @@ GroupLogical::ImportRow_t MakeImportRow(const RemoteConfigLogical::SearchDeviceI
 /// A device's password: 8 to 16 printable ASCII characters without blanks and , ( ), which the login of a
 /// device cannot hold; at least two of lower-case letters, upper-case letters, digits and other characters.
 /// Empty when it holds, else the message.
+inline constexpr int DevicePasswordLimit = 16;
 QString CheckDevicePassword(const QString& sPassword);
 /// 0: breaks the rule, 1: weak, 2: medium, 3: strong.
 int GetPasswordStrength(const QString& sPassword);
 /// Empty is right: a contact is optional.
+inline constexpr int ContactLimit = 64;
 QString CheckContact(const QString& sContact);
 
 /// A subnet mask with 1 to 30 leading ones.

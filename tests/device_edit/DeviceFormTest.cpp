@@ -340,6 +340,8 @@ TEST_F(DeviceForm, DetailThatFailsIsToldAndCanBeAskedForAgain)
     PageDriver::Settle();
     EXPECT_EQ(LastNotice(), "Failed to get device info: It does not exist any more.");
     EXPECT_FALSE(IsShown("btnNext"));
+    EXPECT_EQ(m_pDriver->Find<QLabel>(QStringLiteral("lbStateText"))->text(),
+        QStringLiteral("It does not exist any more."));
     m_host.group.AnswerAlways("QueryDeviceDetail",
         [](const FakeCall&, FakeGroupManager::Param& param) { param.optDevice = MakeDevice(); });
     Click("btnStateAction");

@@ -165,6 +165,13 @@ TEST_F(SearchPanel, ManagedDevicesCannotBeChecked)
     EXPECT_TRUE(IsChecked("10.0.0.12"));
     Click("chkAllOnline");
     EXPECT_FALSE(IsChecked("10.0.0.9"));
+    Table()->setFocus();
+    for (const char* pszAddress : {"10.0.0.9", "10.0.0.11"}) {
+        Table()->setCurrentIndex(Cell(pszAddress, OnlineColumnAddress));
+        m_pDriver->Key(QStringLiteral("tabViewOnlineDev"), Qt::Key_Space);
+    }
+    EXPECT_TRUE(IsChecked("10.0.0.9")) << "by keys too";
+    EXPECT_FALSE(IsChecked("10.0.0.11"));
 }
 
 TEST_F(SearchPanel, NothingCheckedIsSaid)
