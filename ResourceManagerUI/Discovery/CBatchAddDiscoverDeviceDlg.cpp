@@ -36,7 +36,7 @@ CBatchAddDiscoverDeviceDlg::CBatchAddDiscoverDeviceDlg(GroupLogical::IGroupManag
 {
     m_pUi->setupUi(this);
     resize(760, 520);
-    SetUpRows(m_pUi->tableBatch, m_pUi->barBatch, m_pUi->lbBatchResult,
+    SetUp({m_pUi->wgtBatchForm, m_pUi->btnBatchAdd, m_pUi->tableBatch, m_pUi->barBatch, m_pUi->lbBatchResult},
         {{Text::tr("Device Name"), true}, {Text::tr("IP Address"), true}, {Text::tr("Port"), true},
             {Text::tr("Device Model"), true}},
         {200, 120, 64, 120});
@@ -74,9 +74,7 @@ QString CBatchAddDiscoverDeviceDlg::GetClosingQuestion() const
 
 void CBatchAddDiscoverDeviceDlg::ShowBusy(bool bBusy)
 {
-    const bool bOpen = !GetOpenRows().isEmpty();
-    m_pUi->wgtBatchForm->setEnabled(!bBusy && bOpen);
-    m_pUi->btnBatchAdd->setEnabled(!bBusy && bOpen);
+    CFoundDeviceDlg::ShowBusy(bBusy);
     for (int nRow = 0; nRow < GetModel()->rowCount(); ++nRow)
         GetModel()->item(nRow, ColumnName)->setEditable(!bBusy && GetResult(nRow) != Result::Done);
 }

@@ -31,7 +31,7 @@ CDeviceInitialize::CDeviceInitialize(
 {
     m_pUi->setupUi(this);
     resize(640, 560);
-    SetUpRows(m_pUi->tableInit, m_pUi->barInit, m_pUi->lbInitResult,
+    SetUp({m_pUi->wgtInitForm, m_pUi->btnInitOk, m_pUi->tableInit, m_pUi->barInit, m_pUi->lbInitResult},
         {{Text::tr("IP Address"), true}, {Text::tr("Device Model"), true}}, {160, 160});
     for (int nRow = 0; nRow < GetModel()->rowCount(); ++nRow) {
         const RemoteConfigLogical::SearchDeviceInfo_t& device = GetDevices()[std::size_t(nRow)];
@@ -60,13 +60,6 @@ CDeviceInitialize::~CDeviceInitialize() = default;
 QString CDeviceInitialize::GetClosingQuestion() const
 {
     return Text::tr("The devices are still being initialized, and this goes on. Are you sure to close it?");
-}
-
-void CDeviceInitialize::ShowBusy(bool bBusy)
-{
-    const bool bOpen = !GetOpenRows().isEmpty();
-    m_pUi->wgtInitForm->setEnabled(!bBusy && bOpen);
-    m_pUi->btnInitOk->setEnabled(!bBusy && bOpen);
 }
 
 void CDeviceInitialize::ShowStrength()
@@ -119,19 +112,7 @@ void CDeviceInitialize::OnBtnOkClicked()
 
 void CDeviceInitialize::OnReport(const Param& param)
 {
-    QStringList listDone;
-    for (const RemoteConfigLogical::ModifyDevicePasswordResultInfo_t& result : param.vecResults) {
-        const QString sKey = QString::fromStdString(result.sDeviceId);
-        const int nRow = FindRow(sKey);
-        if (nRow < 0)
-            continue;
-        if (result.nErrorCode != UICommonMdl::ErrorNone) {
-            SetError(nRow, result.nErrorCode, result.sDetail);
-            continue;
-        }
-        SetResult(nRow, Result::Done, Text::tr("Initialized"));
-        listDone.append(sKey);
-    }
+    const QStringList listDone = TakeResults(param.vecResults, Text::tr("Initialized"));
     if (!listDone.isEmpty())
         Q_EMIT SignalInitialized(listDone);
     if (param.bFinal)

@@ -7,6 +7,7 @@
 #include <common/CTableModel.h>
 #include <common/Prompt.h>
 
+#include <QAbstractButton>
 #include <QCoreApplication>
 #include <QHeaderView>
 #include <QLabel>
@@ -33,12 +34,10 @@ CFoundDeviceDlg::CFoundDeviceDlg(Devices vecDevices, QWidget* pParent)
 
 CFoundDeviceDlg::~CFoundDeviceDlg() = default;
 
-void CFoundDeviceDlg::SetUpRows(QTreeView* pTable, QProgressBar* pBar, QLabel* pSummary,
-    const QVector<Common::TableColumn>& vecColumns, const QVector<int>& vecWidths)
+void CFoundDeviceDlg::SetUp(
+    const Controls& controls, const QVector<Common::TableColumn>& vecColumns, const QVector<int>& vecWidths)
 {
-    m_pTable = pTable;
-    m_pBar = pBar;
-    m_pSummary = pSummary;
+    m_controls = controls;
     m_nResultColumn = vecColumns.size();
     QVector<Common::TableColumn> vecAll = vecColumns;
     vecAll << Common::TableColumn{Text::tr("Result"), true} << Common::TableColumn{QString(), false};
@@ -52,13 +51,13 @@ void CFoundDeviceDlg::SetUpRows(QTreeView* pTable, QProgressBar* pBar, QLabel* p
         vecRows.append(row);
     }
     m_pModel->SetRows(vecRows);
-    m_pTable->setModel(m_pModel);
-    m_pTable->setColumnHidden(vecAll.size() - 1, true);
+    m_controls.pTable->setModel(m_pModel);
+    m_controls.pTable->setColumnHidden(vecAll.size() - 1, true);
     for (int nColumn = 0; nColumn < vecWidths.size(); ++nColumn)
-        m_pTable->setColumnWidth(nColumn, vecWidths[nColumn]);
-    m_pTable->header()->setStretchLastSection(true);
-    m_pBar->setValue(0);
-    m_pBar->hide();
+        m_controls.pTable->setColumnWidth(nColumn, vecWidths[nColumn]);
+    m_controls.pTable->header()->setStretchLastSection(true);
+    m_controls.pBar->setValue(0);
+    m_controls.pBar->hide();
 }
 
 int CFoundDeviceDlg::FindRow(const QString& sKey) const
@@ -100,6 +99,32 @@ void CFoundDeviceDlg::SetError(int nRow, int nErrorCode, const std::string& sDet
     SetResult(nRow, Result::Failed, sText);
 }
 
+QStringList CFoundDeviceDlg::TakeResults(
+    const RemoteConfigLogical::ModifyDevicePasswordResultInfoVec& vecResults, const QString& sDone)
+{
+    QStringList listDone;
+    for (const RemoteConfigLogical::ModifyDevicePasswordResultInfo_t& result : vecResults) {
+        const QString sKey = QString::fromStdString(result.sDeviceId);
+        const int nRow = FindRow(sKey);
+        if (nRow < 0)
+            continue;
+        if (result.nErrorCode != UICommonMdl::ErrorNone) {
+            SetError(nRow, result.nErrorCode, result.sDetail);
+            continue;
+        }
+        SetResult(nRow, Result::Done, sDone);
+        listDone.append(sKey);
+    }
+    return listDone;
+}
+
+void CFoundDeviceDlg::ShowBusy(bool bBusy)
+{
+    const bool bUsable = !bBusy && !GetOpenRows().isEmpty();
+    m_controls.pForm->setEnabled(bUsable);
+    m_controls.pStart->setEnabled(bUsable);
+}
+
 QVector<int> CFoundDeviceDlg::GetOpenRows() const
 {
     QVector<int> vecRows;
@@ -116,8 +141,8 @@ void CFoundDeviceDlg::BeginWork(const QVector<int>& vecRows)
     m_vecRunning = vecRows;
     for (const int nRow : vecRows)
         SetResult(nRow, Result::Running, Text::tr("In progress"));
-    m_pBar->setRange(0, vecRows.size());
-    m_pBar->show();
+    m_controls.pBar->setRange(0, vecRows.size());
+    m_controls.pBar->show();
     ShowBusy(true);
     ShowProgress();
 }
@@ -130,7 +155,7 @@ void CFoundDeviceDlg::EndWork(int nErrorCode, const std::string& sDetail)
             SetError(nRow, nErrorCode, sDetail);
     }
     m_bBusy = false;
-    m_pBar->hide();
+    m_controls.pBar->hide();
     ShowBusy(false);
     ShowProgress();
     if (m_bClosed)
@@ -145,8 +170,8 @@ void CFoundDeviceDlg::ShowProgress()
     };
     const int nDone = count(Result::Done);
     const int nFailed = count(Result::Failed);
-    m_pBar->setValue(nDone + nFailed);
-    m_pSummary->setText(Text::tr("Success: %1  Fail: %2").arg(nDone).arg(nFailed));
+    m_controls.pBar->setValue(nDone + nFailed);
+    m_controls.pSummary->setText(Text::tr("Success: %1  Fail: %2").arg(nDone).arg(nFailed));
 }
 
 void CFoundDeviceDlg::reject()

@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QPointer>
 
+class QAbstractButton;
 class QLabel;
 class QProgressBar;
 class QTreeView;
@@ -38,9 +39,18 @@ protected:
 
     CFoundDeviceDlg(Devices vecDevices, QWidget* pParent);
 
-    /// Where rows, progress and summary are shown. vecColumns are those before the result.
-    void SetUpRows(QTreeView* pTable, QProgressBar* pBar, QLabel* pSummary,
-        const QVector<Common::TableColumn>& vecColumns, const QVector<int>& vecWidths);
+    /// The widgets of the dialog; all are borrowed.
+    struct Controls
+    {
+        QWidget* pForm; ///< locked while the work runs
+        QAbstractButton* pStart;
+        QTreeView* pTable;
+        QProgressBar* pBar;
+        QLabel* pSummary;
+    };
+    /// vecColumns are those before the result.
+    void SetUp(const Controls& controls, const QVector<Common::TableColumn>& vecColumns,
+        const QVector<int>& vecWidths);
     const Devices& GetDevices() const { return m_vecDevices; }
     Common::CTableModel* GetModel() const { return m_pModel; }
     /// -1 when there is none.
@@ -50,6 +60,9 @@ protected:
     void SetResult(int nRow, Result result, const QString& sText = QString());
     /// The text of the code, and the device's own words behind it.
     void SetError(int nRow, int nErrorCode, const std::string& sDetail);
+    /// Results that name devices by their keys; answers the keys of those that are done now, shown as sDone.
+    QStringList TakeResults(
+        const RemoteConfigLogical::ModifyDevicePasswordResultInfoVec& vecResults, const QString& sDone);
     Result GetResult(int nRow) const { return m_vecResults[nRow]; }
     /// Rows that are not done.
     QVector<int> GetOpenRows() const;
@@ -63,7 +76,7 @@ protected:
     /// What closing in the middle asks.
     virtual QString GetClosingQuestion() const = 0;
     /// Locks and unlocks the form.
-    virtual void ShowBusy(bool bBusy) = 0;
+    virtual void ShowBusy(bool bBusy);
 
 private:
     void ShowProgress();
@@ -72,9 +85,7 @@ private:
     QVector<Result> m_vecResults;
     QVector<int> m_vecRunning; ///< rows of the work that runs
     Common::CTableModel* m_pModel = nullptr;
-    QTreeView* m_pTable = nullptr;
-    QProgressBar* m_pBar = nullptr;
-    QLabel* m_pSummary = nullptr;
+    Controls m_controls{};
     int m_nResultColumn = 0;
     bool m_bBusy = false;
     bool m_bClosed = false; ///< the user has closed it in the middle

@@ -36,7 +36,8 @@ CModifyIP::CModifyIP(RemoteConfigLogical::IRemoteConfigManager* pManager, Device
 {
     m_pUi->setupUi(this);
     resize(680, 560);
-    SetUpRows(m_pUi->tableModify, m_pUi->barModify, m_pUi->lbModifyResult,
+    SetUp({m_pUi->wgtModifyForm, m_pUi->btnModifyOk, m_pUi->tableModify, m_pUi->barModify,
+              m_pUi->lbModifyResult},
         {{Text::tr("IP Address"), true}, {Text::tr("Device Model"), true},
             {Text::tr("New IP Address"), true}},
         {130, 130, 130});
@@ -83,13 +84,6 @@ void CModifyIP::SetUpFields(const QString& sNewIp)
 QString CModifyIP::GetClosingQuestion() const
 {
     return Text::tr("The addresses are still being changed, and this goes on. Are you sure to close it?");
-}
-
-void CModifyIP::ShowBusy(bool bBusy)
-{
-    const bool bOpen = !GetOpenRows().isEmpty();
-    m_pUi->wgtModifyForm->setEnabled(!bBusy && bOpen);
-    m_pUi->btnModifyOk->setEnabled(!bBusy && bOpen);
 }
 
 void CModifyIP::ShowPlan()
@@ -156,18 +150,8 @@ void CModifyIP::OnBtnOkClicked()
 
 void CModifyIP::OnReport(const Param& param)
 {
-    for (const RemoteConfigLogical::ModifyDevicePasswordResultInfo_t& result : param.vecResults) {
-        const QString sKey = QString::fromStdString(result.sDeviceId);
-        const int nRow = FindRow(sKey);
-        if (nRow < 0)
-            continue;
-        if (result.nErrorCode != UICommonMdl::ErrorNone) {
-            SetError(nRow, result.nErrorCode, result.sDetail);
-            continue;
-        }
-        SetResult(nRow, Result::Done, Text::tr("Modified"));
-        Q_EMIT SignalAddressModified(sKey, GetModel()->item(nRow, ColumnNew)->text());
-    }
+    for (const QString& sKey : TakeResults(param.vecResults, Text::tr("Modified")))
+        Q_EMIT SignalAddressModified(sKey, GetModel()->item(FindRow(sKey), ColumnNew)->text());
     if (param.bFinal)
         EndWork(param.nErrorCode, param.sErrorDetail);
 }

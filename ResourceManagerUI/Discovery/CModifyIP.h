@@ -34,7 +34,6 @@ Q_SIGNALS:
 
 protected:
     QString GetClosingQuestion() const override;
-    void ShowBusy(bool bBusy) override;
 
 private:
     using Param = RemoteConfigLogical::IRemoteDeviceObserver::Param;
