@@ -7,6 +7,7 @@
 #include "CDeviceTableHeader.h"
 #include "DeviceRequestKinds.h"
 #include "DeviceRules.h"
+#include "Discovery/CAutoSearchOnlineDev.h"
 #include "ui_CDeviceManagerCtrl.h"
 
 #include <UICommonMdl/CErrorCode.h>
@@ -115,6 +116,8 @@ void CDeviceManagerCtrl::OnPageFlipQueryCurrentPage(int nPage)
 
 void CDeviceManagerCtrl::OnTreeSelectionChanged(const QModelIndex&)
 {
+    m_pDiscovery->SetOrganizations(
+        m_pUi->wgtOrgTree->GetModel()->GetOrganizations(), m_pUi->wgtOrgTree->GetCurrentCode());
     QueryFirstPage();
 }
 
@@ -157,6 +160,8 @@ void CDeviceManagerCtrl::OnTableBtnClicked(const QModelIndex& index, int nRole)
     const QString sId = m_pModel->GetId(index.row());
     if (nRole == RoleDetails)
         ShowDetails(sId);
+    else if (nRole == RoleEdit)
+        EditDevice(sId);
     else if (nRole == RoleMoveTo)
         MoveDevices({sId});
     else if (nRole == RoleDelete)
@@ -172,7 +177,7 @@ void CDeviceManagerCtrl::OnTableContextMenu(const QPoint& pos)
     pMenu->setObjectName(QStringLiteral("menuDevice"));
     pMenu->setAttribute(Qt::WA_DeleteOnClose);
     const std::pair<int, QString> entries[] = {{RoleDetails, Text::tr("Details")},
-        {RoleMoveTo, Text::tr("Move To")}, {RoleDelete, Text::tr("Delete")}};
+        {RoleEdit, Text::tr("Edit")}, {RoleMoveTo, Text::tr("Move To")}, {RoleDelete, Text::tr("Delete")}};
     for (const auto& [nRole, sText] : entries) {
         QAction* pAction = pMenu->addAction(sText);
         connect(
@@ -328,8 +333,8 @@ void CDeviceManagerCtrl::EndExport()
 void CDeviceManagerCtrl::ShowDetails(const QString& sDeviceId)
 {
     const int nRow = m_pModel->FindRow(sDeviceId);
-    m_pUi->pageEdit->ShowDevice(sDeviceId, m_pModel->index(nRow, ColumnOrganization).data().toString());
-    m_pUi->stackedWidget->setCurrentWidget(m_pUi->pageEdit);
+    m_pUi->pageDetail->ShowDevice(sDeviceId, m_pModel->index(nRow, ColumnOrganization).data().toString());
+    m_pUi->stackedWidget->setCurrentWidget(m_pUi->pageDetail);
 }
 
 void CDeviceManagerCtrl::OnTitleFirstBtnClicked()

@@ -15,6 +15,7 @@
 #include <set>
 
 class QAbstractButton;
+class QMovie;
 namespace Ui {
 class CDeviceManagerCtrl;
 }
@@ -31,6 +32,9 @@ class CRowButtonDelegate;
 
 namespace ResourceManagerUI {
 
+class CAutoSearchOnlineDev;
+class CDevAdd;
+class CDevImport;
 class CDeviceModel;
 class CDeviceTableHeader;
 
@@ -48,6 +52,7 @@ public:
     enum RowRole : int
     {
         RoleDetails = 1,
+        RoleEdit,
         RoleMoveTo,
         RoleDelete
     };
@@ -90,7 +95,8 @@ private:
     void SetUpToolBar();
     void SetUpShortcuts();
     void SetUpObservers();
-    void HideUnavailableActions();
+    void SetUpDevices();
+    void SetUpDiscovery();
     void RestoreLayout();
 
     // Answers and pushes, on the user-interface thread.
@@ -137,6 +143,10 @@ private:
     void UpdateStatus();
 
     // Operations.
+    void OnBtnAddClicked();
+    void OnBtnImportClicked();
+    void OnBtnResetPwdClicked();
+    void OnBtnTimeZoneClicked();
     void OnBtnDeleteClicked();
     void OnBtnExportClicked();
     void OnBtnMoveToClicked();
@@ -144,6 +154,7 @@ private:
     void OnTitleFirstBtnClicked();
     void OnShowNotify(const QString& sText);
     void OnSplitterMoved(int nPos, int nIndex);
+    void SetPageEnabled(bool bEnabled);
     void DeleteDevices(const QStringList& listIds);
     void MoveDevices(const QStringList& listIds);
     void OnModifyDeviceOrg(const QVector<QString>& vecIds, const QString& sOrgCode);
@@ -153,6 +164,19 @@ private:
     void OnExportFinished(const QString& sError);
     void EndExport();
     void ShowDetails(const QString& sDeviceId);
+
+    // Adding and editing.
+    void ShowForm(QWidget* pPage);
+    void EditDevice(const QString& sDeviceId);
+    void OnAddDevice(const GroupLogical::DeviceAddInfo_t& device);
+    void OnModifyDevice(const GroupLogical::DeviceAddInfo_t& device);
+    void OnDeviceEditComplete();
+    void OnImportStatueChange(bool bRunning);
+
+    // The search panel.
+    void OnBtnDiscoverClicked();
+    void OnExpandClicked();
+    void ShowDiscovery(bool bShown);
 
     // Organisations.
     void OnAddOrg(const QString& sParentCode);
@@ -169,6 +193,10 @@ private:
     UICommonMdl::ILocalConfig* m_pLocalConfig;
     std::unique_ptr<Ui::CDeviceManagerCtrl> m_pUi;
     CDeviceModel* m_pModel;
+    CDevAdd* m_pForm = nullptr; ///< adds and edits, in the page of the stack that is about it
+    CDevImport* m_pImport = nullptr; ///< made on its first use
+    CAutoSearchOnlineDev* m_pDiscovery = nullptr;
+    QMovie* m_pImportMovie = nullptr;
     CDeviceTableHeader* m_pHeader = nullptr;
     Common::CRowButtonDelegate* m_pRowButtons = nullptr;
     std::map<int, QAbstractButton*> m_mapCategoryButtons;

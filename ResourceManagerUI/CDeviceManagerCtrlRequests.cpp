@@ -2,8 +2,10 @@
 
 #include "CDeviceModel.h"
 #include "CDeviceTableHeader.h"
+#include "DeviceEdit/CDevAdd.h"
 #include "DeviceRequestKinds.h"
 #include "DeviceRules.h"
+#include "Discovery/CAutoSearchOnlineDev.h"
 #include "ui_CDeviceManagerCtrl.h"
 
 #include <UICommonMdl/CErrorCode.h>
@@ -71,24 +73,28 @@ void CDeviceManagerCtrl::OnDisconnectCms()
     m_bConnected = false;
     m_queryTimer.stop();
     m_pUi->lbConnection->show();
-    QWidget* const controls[] = {m_pUi->wgtOrgTree, m_pUi->wgtToolBar, m_pUi->wgtFilter, m_pUi->treeDevice,
-        m_pUi->editSearch, m_pUi->wgtTableState, m_pUi->wgtTableFlip, m_pUi->pageEdit};
-    for (QWidget* pControl : controls)
-        pControl->setEnabled(false);
+    SetPageEnabled(false);
     for (QPushButton* pButton : {m_pUi->btnDelete, m_pUi->btnResetPwd, m_pUi->btnMoveTo, m_pUi->btnTimeZone})
         pButton->setEnabled(false);
     if (m_pModel->rowCount() == 0)
         ShowTableState(UICommonMdl::ErrorDisconnected);
 }
 
+void CDeviceManagerCtrl::SetPageEnabled(bool bEnabled)
+{
+    QWidget* const controls[] = {m_pUi->wgtOrgTree, m_pUi->wgtToolBar, m_pUi->wgtFilter, m_pUi->treeDevice,
+        m_pUi->editSearch, m_pUi->wgtTableState, m_pUi->wgtTableFlip, m_pUi->pageDetail};
+    for (QWidget* pControl : controls)
+        pControl->setEnabled(bEnabled);
+    m_pForm->SetConnected(bEnabled);
+    m_pDiscovery->SetConnected(bEnabled);
+}
+
 void CDeviceManagerCtrl::OnReconnectCms()
 {
     m_bConnected = true;
     m_pUi->lbConnection->hide();
-    QWidget* const controls[] = {m_pUi->wgtOrgTree, m_pUi->wgtToolBar, m_pUi->wgtFilter, m_pUi->treeDevice,
-        m_pUi->editSearch, m_pUi->wgtTableState, m_pUi->wgtTableFlip, m_pUi->pageEdit};
-    for (QWidget* pControl : controls)
-        pControl->setEnabled(true);
+    SetPageEnabled(true);
     UpdateSelectionButtons();
     QueryAll();
 }
@@ -144,6 +150,7 @@ void CDeviceManagerCtrl::QueryOrganizations()
         } else {
             m_pUi->wgtOrgTree->SetOrganizations(param.vecOrganizations);
             m_pUi->wgtOrgTree->SelectCode(std::exchange(m_sSelectAfterQuery, QString()));
+            m_pDiscovery->SetOrganizations(param.vecOrganizations, m_pUi->wgtOrgTree->GetCurrentCode());
         }
         // Without a selection in the tree nothing else asks for the devices.
         if (m_pUi->wgtOrgTree->GetCurrentCode().isEmpty())

@@ -26,6 +26,7 @@ struct Text
 
 constexpr int PushDelayMs = 200;
 constexpr int DefaultTreeWidth = 204;
+constexpr int DefaultDiscoveryWidth = 460;
 const QString SkinFolder = QStringLiteral("ResourceManagerUI/DeviceManager");
 
 } // namespace
@@ -50,7 +51,8 @@ CDeviceManagerCtrl::CDeviceManagerCtrl(UICommonMdl::CInterfaceSetManager* pInter
     SetUpToolBar();
     SetUpCategories();
     SetUpShortcuts();
-    HideUnavailableActions();
+    SetUpDevices();
+    SetUpDiscovery();
     RestoreLayout();
     UpdateSelectionButtons();
     UpdateStatus();
@@ -82,15 +84,6 @@ void CDeviceManagerCtrl::showEvent(QShowEvent* pEvent)
     Common::LoadStyleSheet(this, SkinFolder);
 }
 
-/// Operations that this version does not offer: their controls stay out of sight in every state.
-void CDeviceManagerCtrl::HideUnavailableActions()
-{
-    QWidget* const controls[] = {
-        m_pUi->btnAdd, m_pUi->btnImport, m_pUi->btnResetPwd, m_pUi->btnTimeZone, m_pUi->wgtExpand};
-    for (QWidget* pControl : controls)
-        pControl->hide();
-}
-
 void CDeviceManagerCtrl::SetUpTable()
 {
     QTreeView* pTable = m_pUi->treeDevice;
@@ -103,7 +96,7 @@ void CDeviceManagerCtrl::SetUpTable()
     m_pHeader->setSortIndicatorShown(true);
     m_pHeader->setStretchLastSection(true);
     m_pHeader->setSortIndicator(m_nSortColumn, m_sortOrder);
-    const int widths[] = {40, 100, 112, 160, 128, 120, 124, 126, 130, 120, 120, 92};
+    const int widths[] = {40, 100, 112, 160, 128, 120, 124, 126, 130, 120, 120, 118};
     for (int nColumn = 0; nColumn < ColumnCount; ++nColumn)
         m_pHeader->resizeSection(nColumn, widths[nColumn]);
     m_pHeader->setSectionResizeMode(ColumnCheck, QHeaderView::Fixed);
@@ -111,6 +104,7 @@ void CDeviceManagerCtrl::SetUpTable()
 
     m_pRowButtons = new Common::CRowButtonDelegate(
         {{RoleDetails, Trv::GetIcon(QStringLiteral("details")), Text::tr("Details")},
+            {RoleEdit, Trv::GetIcon(QStringLiteral("edit")), Text::tr("Edit")},
             {RoleMoveTo, Trv::GetIcon(QStringLiteral("move")), Text::tr("Move To")},
             {RoleDelete, Trv::GetIcon(QStringLiteral("delete")), Text::tr("Delete")}},
         this);
@@ -147,7 +141,7 @@ void CDeviceManagerCtrl::SetUpTree()
     // Its style sheet goes by the class name.
     m_pUi->wgtOrgTree->setObjectName(QStringLiteral("COrganizationTreeCtrl"));
     m_pUi->pageOrg->SetGroupManager(m_pGroupManager);
-    m_pUi->pageEdit->SetGroupManager(m_pGroupManager);
+    m_pUi->pageDetail->SetGroupManager(m_pGroupManager);
     const COrganizationTreeCtrl* pTree = m_pUi->wgtOrgTree;
     connect(pTree, &COrganizationTreeCtrl::SignalSelectionChanged, this,
         &CDeviceManagerCtrl::OnTreeSelectionChanged);
@@ -161,7 +155,7 @@ void CDeviceManagerCtrl::SetUpTree()
         &CDeviceManagerCtrl::OnAddOrModifyOrgComplete);
     connect(m_pUi->pageOrg, &COrganizationEditPage::SignalFirstBtnClicked, this,
         &CDeviceManagerCtrl::OnTitleFirstBtnClicked);
-    connect(m_pUi->pageEdit, &CDeviceDetailPage::SignalFirstBtnClicked, this,
+    connect(m_pUi->pageDetail, &CDeviceDetailPage::SignalFirstBtnClicked, this,
         &CDeviceManagerCtrl::OnTitleFirstBtnClicked);
 }
 
@@ -169,9 +163,14 @@ void CDeviceManagerCtrl::SetUpToolBar()
 {
     const std::pair<QPushButton*, const char*> icons[] = {{m_pUi->btnAdd, "add"},
         {m_pUi->btnDelete, "delete"}, {m_pUi->btnImport, "import"}, {m_pUi->btnExport, "export"},
-        {m_pUi->btnMoveTo, "move"}, {m_pUi->btnRefresh, "refresh"}};
+        {m_pUi->btnMoveTo, "move"}, {m_pUi->btnResetPwd, "password"}, {m_pUi->btnTimeZone, "clock"},
+        {m_pUi->btnRefresh, "refresh"}};
     for (const auto& [pButton, pszIcon] : icons)
         pButton->setIcon(Trv::GetIcon(QString::fromLatin1(pszIcon)));
+    auto* const pFlow = new Common::CFlowLayout(m_pUi->wgtActions);
+    for (QPushButton* pButton : {m_pUi->btnAdd, m_pUi->btnDelete, m_pUi->btnImport, m_pUi->btnExport,
+             m_pUi->btnMoveTo, m_pUi->btnResetPwd, m_pUi->btnTimeZone, m_pUi->btnRefresh})
+        pFlow->addWidget(pButton);
     m_pUi->editSearch->SetBackgroundText(Text::tr("Device Name/IP"));
     connect(m_pUi->btnDelete, &QAbstractButton::clicked, this, &CDeviceManagerCtrl::OnBtnDeleteClicked);
     connect(m_pUi->btnExport, &QAbstractButton::clicked, this, &CDeviceManagerCtrl::OnBtnExportClicked);
@@ -225,8 +224,10 @@ void CDeviceManagerCtrl::SetUpShortcuts()
     };
     onTable(Qt::Key_Return, [ifCurrent] { ifCurrent(RoleDetails); });
     onTable(Qt::Key_Enter, [ifCurrent] { ifCurrent(RoleDetails); });
+    onTable(Qt::Key_F2, [ifCurrent] { ifCurrent(RoleEdit); });
     onTable(Qt::Key_Delete, [ifCurrent] { ifCurrent(RoleDelete); });
     onTable(Qt::Key_Space, [this] { OnToggleChecks(); });
+    m_pUi->btnAdd->setShortcut(QKeySequence::New);
     m_pUi->btnRefresh->setShortcut(Qt::Key_F5);
     auto* pFind = new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
     connect(pFind, &QShortcut::activated, m_pUi->editSearch, [this] { m_pUi->editSearch->setFocus(); });
@@ -270,9 +271,12 @@ void CDeviceManagerCtrl::RestoreLayout()
     }
     for (int nColumn = ColumnId; nColumn < ColumnOperation; ++nColumn)
         m_pHeader->setSectionHidden(nColumn, listHidden.contains(QString::number(nColumn)));
-    m_pUi->splitter->setSizes({nTreeWidth, 1000});
+    m_pUi->splitter->setSizes({nTreeWidth, 1000, DefaultDiscoveryWidth});
     m_pUi->splitter->setStretchFactor(0, 0);
     m_pUi->splitter->setStretchFactor(1, 1);
+    m_pUi->splitter->setStretchFactor(2, 0);
+    ShowDiscovery(m_pLocalConfig
+        && m_pLocalConfig->GetValue(QStringLiteral("DeviceManager/DiscoveryShown"), false).toBool());
 }
 
 } // namespace ResourceManagerUI

@@ -11,7 +11,9 @@ enum DeviceRequestKind : int
     KindDeleteOrganization,
     KindMoveOrganization,
     KindMoveDevices,
-    KindExport
+    KindExport,
+    KindAddDevice,
+    KindModifyDevice
 };
 
 } // namespace ResourceManagerUI

@@ -37,3 +37,6 @@ void WaitUntil(const std::function<bool()>& condition);
 std::vector<BenchResult> BenchHomePage();
 std::vector<BenchResult> BenchDevicePage();
 std::vector<BenchResult> BenchServerQueries();
+std::vector<BenchResult> BenchImportFile();
+std::vector<BenchResult> BenchImport();
+std::vector<BenchResult> BenchDiscovery();

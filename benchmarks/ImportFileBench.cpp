@@ -10,8 +10,6 @@
 
 #include <pugixml.hpp>
 
-std::vector<BenchResult> BenchImportFile();
-
 namespace {
 
 constexpr int Devices = 100'000;

@@ -3,12 +3,10 @@
 
 #include "Bench.h"
 #include "BenchServer.h"
+#include "ServerCalls.h"
 
 #include <server/services/DevicePages.h>
 #include <server/store/Database.h>
-#include <wire/Operations.h>
-
-#include <httplib.h>
 
 #include <atomic>
 #include <chrono>
@@ -25,31 +23,14 @@ constexpr int SearchPageSize = 20; ///< as the client asks for unless the user c
 constexpr int DeviceColumns = 13;
 
 using GroupLogical::DevicePageRequest_t;
+using ServerCalls::Call;
+using ServerCalls::MakeHeaders;
 
 DevicePageRequest_t PageRequest()
 {
     DevicePageRequest_t request;
     request.nPageSize = PageSize;
     return request;
-}
-
-httplib::Headers MakeHeaders(const std::string& sToken)
-{
-    httplib::Headers headers{{wire::ProtocolVersionHeader, std::to_string(wire::ProtocolVersion)}};
-    if (!sToken.empty())
-        headers.emplace("Authorization", "Bearer " + sToken);
-    return headers;
-}
-
-template <class Op>
-typename Op::Answer Call(
-    httplib::Client& client, const typename Op::Request& request, const std::string& sToken)
-{
-    const auto result = client.Post((std::string(wire::OperationPrefix) + std::string(Op::Name)).c_str(),
-        MakeHeaders(sToken), nlohmann::json(request).dump(), "application/json");
-    if (!result || result->status != 200)
-        throw std::runtime_error(std::string(Op::Name) + " failed");
-    return nlohmann::json::parse(result->body).at(wire::AnswerData).template get<typename Op::Answer>();
 }
 
 /// Reads all columns of all rows; answers how many bytes they hold.

@@ -1,0 +1,179 @@
+#include "CDeviceManagerCtrl.h"
+
+#include "CDeviceModel.h"
+#include "DeviceEdit/CDevAdd.h"
+#include "DeviceImport/CDevImport.h"
+#include "DeviceRequestKinds.h"
+#include "DeviceSettings/CBulkResetPassword.h"
+#include "DeviceSettings/CDevTimeZone.h"
+#include "Discovery/CAutoSearchOnlineDev.h"
+#include "ui_CDeviceManagerCtrl.h"
+
+#include <Trv/QSkin.h>
+#include <UICommonMdl/ILocalConfig.h>
+#include <VxGUI/VxNotification.h>
+
+#include <QMovie>
+
+namespace ResourceManagerUI {
+
+namespace {
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(CDeviceManagerCtrl)
+};
+} // namespace
+
+void CDeviceManagerCtrl::SetUpDevices()
+{
+    m_pForm = new CDevAdd(m_pInterfaceSet, m_pUi->pageAddDevice);
+    m_pUi->layAddDevice->addWidget(m_pForm);
+    connect(m_pForm, &CDevAdd::SignalAddDevice, this, &CDeviceManagerCtrl::OnAddDevice);
+    connect(m_pForm, &CDevAdd::SignalModifyDevice, this, &CDeviceManagerCtrl::OnModifyDevice);
+    connect(m_pForm, &CDevAdd::SignalEditComplete, this, &CDeviceManagerCtrl::OnDeviceEditComplete);
+    connect(m_pForm, &CDevAdd::SignalFirstBtnClicked, this, &CDeviceManagerCtrl::OnTitleFirstBtnClicked);
+    connect(m_pForm, &CDevAdd::SignalShowNotify, this, &CDeviceManagerCtrl::OnShowNotify);
+    connect(m_pUi->btnAdd, &QAbstractButton::clicked, this, &CDeviceManagerCtrl::OnBtnAddClicked);
+    connect(m_pUi->btnImport, &QAbstractButton::clicked, this, &CDeviceManagerCtrl::OnBtnImportClicked);
+    connect(m_pUi->btnResetPwd, &QAbstractButton::clicked, this, &CDeviceManagerCtrl::OnBtnResetPwdClicked);
+    connect(m_pUi->btnTimeZone, &QAbstractButton::clicked, this, &CDeviceManagerCtrl::OnBtnTimeZoneClicked);
+}
+
+void CDeviceManagerCtrl::SetUpDiscovery()
+{
+    m_pDiscovery = new CAutoSearchOnlineDev(m_pInterfaceSet, m_pUi->wgtDiscovery);
+    m_pUi->layDiscovery->addWidget(m_pDiscovery);
+    connect(m_pDiscovery, &CAutoSearchOnlineDev::SignalShowNotify, this, &CDeviceManagerCtrl::OnShowNotify);
+    connect(
+        m_pDiscovery, &CAutoSearchOnlineDev::SignalDevicesAdded, this, [this] { QueryLater(false, true); });
+    connect(m_pUi->btnDiscover, &QAbstractButton::clicked, this, &CDeviceManagerCtrl::OnBtnDiscoverClicked);
+    connect(m_pUi->btnExpand, &QAbstractButton::clicked, this, &CDeviceManagerCtrl::OnExpandClicked);
+}
+
+void CDeviceManagerCtrl::ShowForm(QWidget* pPage)
+{
+    // One form serves both pages; the page on the screen holds it.
+    pPage->layout()->addWidget(m_pForm);
+    m_pUi->stackedWidget->setCurrentWidget(pPage);
+}
+
+void CDeviceManagerCtrl::OnBtnAddClicked()
+{
+    ShowForm(m_pUi->pageAddDevice);
+    m_pForm->StartAdd(m_pUi->wgtOrgTree->GetModel()->GetOrganizations(), m_pUi->wgtOrgTree->GetCurrentCode());
+}
+
+void CDeviceManagerCtrl::EditDevice(const QString& sDeviceId)
+{
+    ShowForm(m_pUi->pageEdit);
+    m_pForm->StartEdit(sDeviceId, m_pUi->wgtOrgTree->GetModel()->GetOrganizations());
+}
+
+void CDeviceManagerCtrl::OnAddDevice(const GroupLogical::DeviceAddInfo_t& device)
+{
+    const int nSequence = m_pGroupManager ? m_pGroupManager->AddDevice(device) : 0;
+    if (!m_requests.Supersede(nSequence, KindAddDevice, [this](const GroupParam& param) {
+            m_pForm->SetAnswer(param.nErrorCode, param.sErrorDetail, param.vecFailed);
+        }))
+        m_pForm->SetRefused();
+}
+
+void CDeviceManagerCtrl::OnModifyDevice(const GroupLogical::DeviceAddInfo_t& device)
+{
+    const int nSequence = m_pGroupManager ? m_pGroupManager->ModifyDevice(device) : 0;
+    if (!m_requests.Supersede(nSequence, KindModifyDevice, [this](const GroupParam& param) {
+            m_pForm->SetAnswer(param.nErrorCode, param.sErrorDetail, param.vecFailed);
+        }))
+        m_pForm->SetRefused();
+}
+
+void CDeviceManagerCtrl::OnDeviceEditComplete()
+{
+    OnTitleFirstBtnClicked();
+    QueryAll();
+}
+
+void CDeviceManagerCtrl::OnBtnImportClicked()
+{
+    if (!m_pImport) {
+        m_pImport = new CDevImport(m_pInterfaceSet, this);
+        connect(m_pImport, &CDevImport::SignalImportStatue, this, &CDeviceManagerCtrl::OnImportStatueChange);
+        connect(m_pImport, &CDevImport::SignalShowNotify, this, &CDeviceManagerCtrl::OnShowNotify);
+        connect(m_pImport, &CDevImport::SignalImported, this, [this] { QueryLater(false, true); });
+    }
+    const QString sOrgCode = m_pUi->wgtOrgTree->GetCurrentCode();
+    const GroupLogical::Organization_t* const pOrganization =
+        m_pUi->wgtOrgTree->GetModel()->FindOrganization(sOrgCode);
+    m_pImport->SetOrganization(
+        sOrgCode, pOrganization ? QString::fromStdString(pOrganization->sName) : QString());
+    m_pImport->open();
+}
+
+void CDeviceManagerCtrl::OnImportStatueChange(bool bRunning)
+{
+    QPushButton* const pButton = m_pUi->btnImport;
+    if (!m_pImportMovie) {
+        m_pImportMovie = new QMovie(this);
+        m_pImportMovie->setFileName(Trv::GetSkinPath(
+            QStringLiteral("import.gif"), QStringLiteral("ResourceManagerUI/DeviceManager")));
+        connect(m_pImportMovie, &QMovie::frameChanged, pButton,
+            [this, pButton] { pButton->setIcon(QIcon(m_pImportMovie->currentPixmap())); });
+    }
+    pButton->setProperty("Gif", bRunning ? QStringLiteral("import.gif") : QString());
+    if (bRunning) {
+        m_pImportMovie->start();
+    } else {
+        m_pImportMovie->stop();
+        pButton->setIcon(Trv::GetIcon(QStringLiteral("import")));
+    }
+}
+
+void CDeviceManagerCtrl::OnBtnResetPwdClicked()
+{
+    const QStringList listIds = m_pModel->GetCheckedIds();
+    if (listIds.isEmpty()) {
+        OnShowNotify(Text::tr("You must select an item at least."));
+        return;
+    }
+    auto* const pDialog = new CBulkResetPassword(m_pRemoteManager, listIds, this);
+    connect(pDialog, &CBulkResetPassword::SignalShowNotify, this, &CDeviceManagerCtrl::OnShowNotify);
+    pDialog->open();
+}
+
+void CDeviceManagerCtrl::OnBtnTimeZoneClicked()
+{
+    CDevTimeZone::Devices vecDevices;
+    for (const QString& sId : m_pModel->GetCheckedIds())
+        vecDevices.append({sId, m_pModel->index(m_pModel->FindRow(sId), ColumnName).data().toString()});
+    if (vecDevices.isEmpty()) {
+        OnShowNotify(Text::tr("You must select an item at least."));
+        return;
+    }
+    auto* const pDialog = new CDevTimeZone(m_pRemoteManager, vecDevices, this);
+    connect(pDialog, &CDevTimeZone::SignalShowNotify, this, &CDeviceManagerCtrl::OnShowNotify);
+    pDialog->Start();
+}
+
+void CDeviceManagerCtrl::OnBtnDiscoverClicked()
+{
+    ShowDiscovery(m_pUi->wgtDiscovery->isHidden());
+}
+
+void CDeviceManagerCtrl::OnExpandClicked()
+{
+    ShowDiscovery(m_pUi->wgtDiscovery->isHidden());
+}
+
+void CDeviceManagerCtrl::ShowDiscovery(bool bShown)
+{
+    m_pUi->wgtDiscovery->setVisible(bShown);
+    // The fold button is down while the panel is folded; what the panel would show is always the search.
+    m_pUi->btnExpand->setChecked(!bShown);
+    m_pUi->btnDiscover->setChecked(true);
+    m_pUi->btnExpand->setArrowType(bShown ? Qt::RightArrow : Qt::LeftArrow);
+    m_pUi->btnExpand->setToolTip(bShown ? Text::tr("Fold") : Text::tr("Unfold"));
+    if (m_pLocalConfig)
+        m_pLocalConfig->SetValue(QStringLiteral("DeviceManager/DiscoveryShown"), bShown);
+}
+
+} // namespace ResourceManagerUI
