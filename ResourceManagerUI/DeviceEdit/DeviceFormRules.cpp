@@ -269,7 +269,9 @@ GroupLogical::DeviceAddInfo_t BuildRecord(
             sText.clear();
     };
     keepText(mode.bIp, record.sIp);
-    keepText(mode.bSerialNumber, record.sSerialNumber);
+    // Devices of other modes can have one too, from where they were found; it is not theirs to edit.
+    if (!mode.bSerialNumber)
+        record.sSerialNumber = loaded.sSerialNumber;
     keepText(mode.bSegment, record.sIpStart);
     keepText(mode.bSegment, record.sIpEnd);
     keepText(mode.bDomain, record.sDomain);

@@ -26,6 +26,7 @@ protected:
         device.nAccessDirection = 2;
         device.sUserName = "operator";
         device.sRemark = "kept";
+        device.sSerialNumber = "SN9";
         device.nVideoChannels = 16;
         device.nAlarmInputs = 4;
         device.nVersion = 12;
