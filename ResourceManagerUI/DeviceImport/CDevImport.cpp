@@ -54,7 +54,7 @@ CDevImport::CDevImport(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget
 {
     m_pUi->setupUi(this);
     setObjectName(QStringLiteral("CDevImport"));
-    resize(720, 560);
+    resize(820, 560);
     SetUpChoosing();
     SetUpResult();
     ConnectRun();
@@ -103,9 +103,9 @@ void CDevImport::SetUpResult()
 {
     QTreeView* const pTable = m_pUi->treeResult;
     pTable->setModel(m_pResultModel);
-    const std::pair<int, int> widths[] = {{CImportResultModel::ColumnLine, 60},
-        {CImportResultModel::ColumnName, 140}, {CImportResultModel::ColumnAddress, 120},
-        {CImportResultModel::ColumnStatus, 80}, {CImportResultModel::ColumnField, 90}};
+    const std::pair<int, int> widths[] = {{CImportResultModel::ColumnLine, 56},
+        {CImportResultModel::ColumnName, 150}, {CImportResultModel::ColumnAddress, 120},
+        {CImportResultModel::ColumnStatus, 76}, {CImportResultModel::ColumnField, 84}};
     for (const auto& [nColumn, nWidth] : widths)
         pTable->setColumnWidth(nColumn, nWidth);
     connect(m_pUi->chkOnlyFailed, &QCheckBox::toggled, m_pResultModel, &CImportResultModel::SetOnlyFailed);
@@ -174,6 +174,7 @@ void CDevImport::ShowChoosing()
     m_pUi->editFile->clear();
     m_pUi->stackImport->setCurrentWidget(m_pUi->pageChoose);
     UpdateEnabled();
+    m_pUi->btnBrowse->setFocus();
 }
 
 void CDevImport::UpdateEnabled()

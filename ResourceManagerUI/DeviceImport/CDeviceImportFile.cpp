@@ -159,7 +159,7 @@ bool CDeviceImportFile::AddRows(const pugi::xml_node& root, const std::vector<st
         if (node.name() != DeviceName || node.first_child() || !AddRow(node, nLine, fields)) {
             m_vecUnreadable.push_back(
                 {nLine, node.attribute("name").value(), node.attribute("address").value(), {},
-                    UICommonMdl::ErrorMalformed, UnreadableReason(node).toStdString()});
+                    UICommonMdl::ErrorNone, UnreadableReason(node).toStdString()});
         }
     }
     return true;

@@ -44,7 +44,8 @@ public:
 
     /// Valid for as long as the file object lives.
     const std::vector<ImportFileRow>& GetRows() const { return m_vecRows; }
-    /// What stands where devices should and cannot be read as one, with its line and reason.
+    /// What stands where devices should and cannot be read as one, with its line and reason in words, without
+    /// an error code.
     const std::vector<GroupLogical::ImportFailure_t>& GetUnreadable() const { return m_vecUnreadable; }
 
     static GroupLogical::ImportRow_t MakeImportRow(const ImportFileRow& row);

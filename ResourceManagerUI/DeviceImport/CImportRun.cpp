@@ -174,7 +174,7 @@ void CImportRun::StartUpload(const QString& sUrl, const QString& sPath, const Op
         return;
     SetStage(Stage::Idle);
     Q_EMIT SignalUploadFailed(sWholeUrl.isEmpty()
-            ? QString()
+            ? Text::tr("The platform takes no uploads now.")
             : CDeviceImportFile::GetStatusText(CDeviceImportFile::Status::Unreadable));
 }
 

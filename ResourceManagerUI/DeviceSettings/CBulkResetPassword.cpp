@@ -173,6 +173,9 @@ void CBulkResetPassword::OnFinished(const Param& param)
             [&](const std::string& sId) { return setDone.contains(QString::fromStdString(sId)); }),
         m_vecDeviceIds.end());
     const bool bAnyFailed = ShowFailures();
+    m_pUi->lbProgress->setText(
+        Text::tr("Changed: %1. Not changed: %2.").arg(setDone.size()).arg(m_vecDeviceIds.size()));
+    m_pUi->m_leInputOldPwd->setFocus();
     if (param.nErrorCode != UICommonMdl::ErrorNone) {
         const QString sText =
             Common::FailureText(Text::tr("Failed to modify device password"), param.nErrorCode);
