@@ -64,12 +64,12 @@ void CFileDownload::Start(const Request& request)
 
 QString CFileDownload::ChoosePath(const Request& request)
 {
-    const QString sPath = VxGUI::VxDialogService::Current()->SaveFile(
+    QString sPath = VxGUI::VxDialogService::Current()->SaveFile(
         m_pWindow, Text::tr("Save As"), request.sProposal, QLatin1Char('*') + request.sEnding);
     if (sPath.isEmpty() || sPath.endsWith(request.sEnding, Qt::CaseInsensitive))
         return sPath;
     // The chooser asked about the name without the ending.
-    const QString sWhole = sPath + request.sEnding;
+    QString sWhole = sPath + request.sEnding;
     if (QFileInfo::exists(sWhole)
         && !Common::AskPrompt(m_pWindow,
             Text::tr("The file %1 exists already. Are you sure to replace it?")

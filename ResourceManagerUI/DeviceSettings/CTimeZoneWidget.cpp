@@ -138,7 +138,7 @@ QString CTimeZoneWidget::CheckInput()
         && setting.dstStart.nWeekday == setting.dstEnd.nWeekday;
     if (!setting.bDst || !bSame)
         return {};
-    const QString sText = Text::tr("Daylight saving cannot start and end on the same day.");
+    QString sText = Text::tr("Daylight saving cannot start and end on the same day.");
     m_pUi->lbHint->setText(sText);
     m_pUi->lbHint->show();
     return sText;
