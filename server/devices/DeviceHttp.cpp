@@ -13,7 +13,7 @@ namespace Platform {
 namespace {
 
 using SteadyClock = std::chrono::steady_clock;
-constexpr std::size_t MaxBody = 1024 * 1024;
+constexpr std::size_t MaxBody = std::size_t{1024} * 1024;
 constexpr std::uint64_t MaxReceived = 2 * MaxBody; ///< with headers and chunk marks
 constexpr std::chrono::seconds Margin(1);
 constexpr int ClientNonceBytes = 16;

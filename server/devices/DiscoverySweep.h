@@ -2,6 +2,7 @@
 
 #include "DeviceDriver.h"
 
+#include <cstdint>
 #include <functional>
 #include <stop_token>
 #include <string>
@@ -11,7 +12,7 @@ namespace Platform {
 
 /// Asks the network who is there, in the protocols of several drivers at once.
 ///
-/// With a range every address of it is asked, and once the multicast group of each driver; what answers from
+/// With a range every address of it is asked, and the multicast group of each driver; what answers from
 /// outside the range is dropped. Without one only the groups are asked, on every network of the machine,
 /// loopback included. Everything is sent several times over the first half of the time, for datagrams get
 /// lost; a range that is too large for that is sent at the highest rate that networks bear, and half the time
