@@ -172,6 +172,7 @@ private:
     void OnModifyDevice(const GroupLogical::DeviceAddInfo_t& device);
     void OnDeviceEditComplete();
     void OnImportStatueChange(bool bRunning);
+    void OnShowOutcome(const QString& sText);
 
     // The search panel.
     void OnBtnDiscoverClicked();

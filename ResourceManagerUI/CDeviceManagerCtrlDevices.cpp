@@ -72,7 +72,7 @@ void CDeviceManagerCtrl::EditDevice(const QString& sDeviceId)
 void CDeviceManagerCtrl::OnAddDevice(const GroupLogical::DeviceAddInfo_t& device)
 {
     const int nSequence = m_pGroupManager ? m_pGroupManager->AddDevice(device) : 0;
-    if (!m_requests.Supersede(nSequence, KindAddDevice, [this](const GroupParam& param) {
+    if (!m_requests.Supersede(nSequence, KindDeviceForm, [this](const GroupParam& param) {
             m_pForm->SetAnswer(param.nErrorCode, param.sErrorDetail, param.vecFailed);
         }))
         m_pForm->SetRefused();
@@ -81,7 +81,7 @@ void CDeviceManagerCtrl::OnAddDevice(const GroupLogical::DeviceAddInfo_t& device
 void CDeviceManagerCtrl::OnModifyDevice(const GroupLogical::DeviceAddInfo_t& device)
 {
     const int nSequence = m_pGroupManager ? m_pGroupManager->ModifyDevice(device) : 0;
-    if (!m_requests.Supersede(nSequence, KindModifyDevice, [this](const GroupParam& param) {
+    if (!m_requests.Supersede(nSequence, KindDeviceForm, [this](const GroupParam& param) {
             m_pForm->SetAnswer(param.nErrorCode, param.sErrorDetail, param.vecFailed);
         }))
         m_pForm->SetRefused();
@@ -98,7 +98,7 @@ void CDeviceManagerCtrl::OnBtnImportClicked()
     if (!m_pImport) {
         m_pImport = new CDevImport(m_pInterfaceSet, this);
         connect(m_pImport, &CDevImport::SignalImportStatue, this, &CDeviceManagerCtrl::OnImportStatueChange);
-        connect(m_pImport, &CDevImport::SignalShowNotify, this, &CDeviceManagerCtrl::OnShowNotify);
+        connect(m_pImport, &CDevImport::SignalShowNotify, this, &CDeviceManagerCtrl::OnShowOutcome);
         connect(m_pImport, &CDevImport::SignalImported, this, [this] { QueryLater(false, true); });
     }
     const QString sOrgCode = m_pUi->wgtOrgTree->GetCurrentCode();
@@ -136,7 +136,7 @@ void CDeviceManagerCtrl::OnBtnResetPwdClicked()
         return;
     }
     auto* const pDialog = new CBulkResetPassword(m_pRemoteManager, listIds, this);
-    connect(pDialog, &CBulkResetPassword::SignalShowNotify, this, &CDeviceManagerCtrl::OnShowNotify);
+    connect(pDialog, &CBulkResetPassword::SignalShowNotify, this, &CDeviceManagerCtrl::OnShowOutcome);
     pDialog->open();
 }
 
@@ -152,6 +152,12 @@ void CDeviceManagerCtrl::OnBtnTimeZoneClicked()
     auto* const pDialog = new CDevTimeZone(m_pRemoteManager, vecDevices, this);
     connect(pDialog, &CDevTimeZone::SignalShowNotify, this, &CDeviceManagerCtrl::OnShowNotify);
     pDialog->Start();
+}
+
+void CDeviceManagerCtrl::OnShowOutcome(const QString& sText)
+{
+    // Good news or bad: the dialog tells it in words.
+    VxGUI::VxNotification::Show(this, sText, VxGUI::NotificationKind::Information);
 }
 
 void CDeviceManagerCtrl::OnBtnDiscoverClicked()

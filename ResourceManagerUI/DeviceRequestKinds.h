@@ -12,8 +12,7 @@ enum DeviceRequestKind : int
     KindMoveOrganization,
     KindMoveDevices,
     KindExport,
-    KindAddDevice,
-    KindModifyDevice
+    KindDeviceForm ///< what the form of a device adds or changes
 };
 
 } // namespace ResourceManagerUI

@@ -273,7 +273,8 @@ void CDevAdd::SetRefused()
     if (!m_bBusy)
         return;
     SetBusy(false);
-    Q_EMIT SignalShowNotify(FailurePrefix());
+    Q_EMIT SignalShowNotify(
+        m_bEdit ? Text::tr("Failed to modify device") : Text::tr("Failed to add device."));
 }
 
 void CDevAdd::SetAnswer(

@@ -105,7 +105,7 @@ void CDevImport::SetUpResult()
     pTable->setModel(m_pResultModel);
     const std::pair<int, int> widths[] = {{CImportResultModel::ColumnLine, 56},
         {CImportResultModel::ColumnName, 150}, {CImportResultModel::ColumnAddress, 120},
-        {CImportResultModel::ColumnStatus, 76}, {CImportResultModel::ColumnField, 84}};
+        {CImportResultModel::ColumnStatus, 76}, {CImportResultModel::ColumnField, 116}};
     for (const auto& [nColumn, nWidth] : widths)
         pTable->setColumnWidth(nColumn, nWidth);
     connect(m_pUi->chkOnlyFailed, &QCheckBox::toggled, m_pResultModel, &CImportResultModel::SetOnlyFailed);

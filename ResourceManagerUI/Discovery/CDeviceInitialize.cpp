@@ -7,8 +7,6 @@
 #include <common/CTableModel.h>
 #include <common/StyleSheet.h>
 
-#include <QStyle>
-
 namespace ResourceManagerUI {
 
 namespace {
@@ -43,7 +41,8 @@ CDeviceInitialize::CDeviceInitialize(
     m_pUi->editInitConfirm->SetMaxLimit(DevicePasswordLimit, sTooLong);
     m_pUi->editInitContact->SetMaxLimit(
         ContactLimit, Text::tr("The contact cannot exceed %1 characters.").arg(ContactLimit));
-    connect(m_pUi->editInitPassword, &VxGUI::VxLineEdit::textChanged, this, &CDeviceInitialize::ShowStrength);
+    connect(m_pUi->editInitPassword, &VxGUI::VxLineEdit::textChanged, m_pUi->wgtInitStrength,
+        &Common::CPasswordStrength::SetPassword);
     connect(m_pUi->btnInitOk, &QAbstractButton::clicked, this, &CDeviceInitialize::OnBtnOkClicked);
     connect(m_pUi->btnInitClose, &QAbstractButton::clicked, this, &CDeviceInitialize::reject);
     connect(
@@ -51,7 +50,6 @@ CDeviceInitialize::CDeviceInitialize(
         [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
     m_pUi->btnInitOk->setDefault(true);
     m_pUi->editInitPassword->setFocus();
-    ShowStrength();
     Common::LoadStyleSheet(this, QStringLiteral("ResourceManagerUI/DeviceManager"));
 }
 
@@ -60,16 +58,6 @@ CDeviceInitialize::~CDeviceInitialize() = default;
 QString CDeviceInitialize::GetClosingQuestion() const
 {
     return Text::tr("The devices are still being initialized, and this goes on. Are you sure to close it?");
-}
-
-void CDeviceInitialize::ShowStrength()
-{
-    const QString texts[] = {QStringLiteral("-"), Text::tr("Weak"), Text::tr("Medium"), Text::tr("Strong")};
-    const int nStrength = GetPasswordStrength(m_pUi->editInitPassword->text());
-    m_pUi->lbInitStrength->setText(texts[nStrength]);
-    m_pUi->lbInitStrength->setProperty("strength", nStrength);
-    m_pUi->lbInitStrength->style()->unpolish(m_pUi->lbInitStrength);
-    m_pUi->lbInitStrength->style()->polish(m_pUi->lbInitStrength);
 }
 
 bool CDeviceInitialize::CheckInput()

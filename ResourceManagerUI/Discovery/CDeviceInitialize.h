@@ -33,7 +33,6 @@ protected:
 
 private:
     using Param = RemoteConfigLogical::IRemoteDeviceObserver::Param;
-    void ShowStrength();
     bool CheckInput();
     void OnBtnOkClicked();
     void OnReport(const Param& param);

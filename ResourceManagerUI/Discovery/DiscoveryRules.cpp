@@ -30,7 +30,6 @@ struct ModifyText
 
 constexpr quint32 MaxRange = 65536;
 constexpr int MinPassword = 8;
-constexpr int LongPassword = 12;
 
 /// A private or public address of one machine: neither loopback nor given by itself for lack of a server.
 bool IsUsable(quint32 nAddress)
@@ -199,14 +198,6 @@ QString CheckDevicePassword(const QString& sPassword)
         return InitializeText::tr("The password must contain at least two of lower-case letters, upper-case "
                                   "letters, digits and special characters.");
     return {};
-}
-
-int GetPasswordStrength(const QString& sPassword)
-{
-    if (!CheckDevicePassword(sPassword).isEmpty())
-        return 0;
-    const int nScore = CountClasses(sPassword) + (sPassword.size() >= LongPassword ? 1 : 0);
-    return std::clamp(nScore - 1, 1, 3);
 }
 
 QString CheckContact(const QString& sContact)

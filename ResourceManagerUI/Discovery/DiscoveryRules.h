@@ -59,8 +59,6 @@ GroupLogical::ImportRow_t MakeImportRow(const RemoteConfigLogical::SearchDeviceI
 /// Empty when it holds, else the message.
 inline constexpr int DevicePasswordLimit = 16;
 QString CheckDevicePassword(const QString& sPassword);
-/// 0: breaks the rule, 1: weak, 2: medium, 3: strong.
-int GetPasswordStrength(const QString& sPassword);
 /// Empty is right: a contact is optional.
 inline constexpr int ContactLimit = 64;
 QString CheckContact(const QString& sContact);

@@ -131,8 +131,19 @@ void CClientApp::OnServerReady(const QUrl& url)
 {
     m_pClient->SetServer(url);
     if (m_options.bDemo)
-        m_pServer->StartFieldDevices(m_sDataDir);
+        StartDemoDevices();
     AskForSignIn();
+}
+
+void CClientApp::StartDemoDevices()
+{
+    m_pServer->StartFieldDevices(m_sDataDir);
+    // The simulated devices are on the loopback network, where nobody would look for devices.
+    UICommonMdl::ILocalConfig* const pConfig = m_pClient->GetLocalConfig();
+    if (pConfig->GetValue(QStringLiteral("AutoSearchIP/StartIP")).toString().isEmpty()) {
+        pConfig->SetValue(QStringLiteral("AutoSearchIP/StartIP"), QStringLiteral("127.30.0.1"));
+        pConfig->SetValue(QStringLiteral("AutoSearchIP/EndIP"), QStringLiteral("127.30.0.255"));
+    }
 }
 
 void CClientApp::OnServerFailed(const QString& sReason)

@@ -37,6 +37,7 @@ private:
     bool SetUpTls(QSslConfiguration& tls) const;
     void StartServer();
     void OnServerReady(const QUrl& url);
+    void StartDemoDevices();
     void OnServerFailed(const QString& sReason);
     void AskForSignIn();
     void OnSignedIn();

@@ -3,12 +3,20 @@
 #include <QCoreApplication>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QUdpSocket>
 
 namespace ClientApp {
 
 namespace {
 constexpr int StopTimeOutMs = 10000;
 const char* const ReadyPrefix = "listening on ";
+
+int FreeUdpPort()
+{
+    QUdpSocket socket;
+    socket.bind(QHostAddress(QHostAddress::LocalHost), 0);
+    return socket.localPort();
+}
 } // namespace
 
 CEmbeddedServer::CEmbeddedServer(QObject* pParent)
@@ -54,9 +62,15 @@ void CEmbeddedServer::Start(const QString& sDataDir, bool bSeedDemo)
 {
     QStringList listArguments{QStringLiteral("--listen"), QStringLiteral("127.0.0.1:0"),
         QStringLiteral("--data-dir"), sDataDir, QStringLiteral("--exit-with-parent")};
-    if (bSeedDemo)
+    if (bSeedDemo) {
+        // Ports of their own, so that demonstrations can run side by side.
+        m_nDiscoveryPort = FreeUdpPort();
+        m_nOnvifDiscoveryPort = FreeUdpPort();
         listArguments << QStringLiteral("--seed-demo") << QStringLiteral("--probe-interval")
-                      << QStringLiteral("5");
+                      << QStringLiteral("5") << QStringLiteral("--discovery-port")
+                      << QString::number(m_nDiscoveryPort) << QStringLiteral("--onvif-discovery-port")
+                      << QString::number(m_nOnvifDiscoveryPort);
+    }
     m_server.start(ProgramPath(QStringLiteral("platformd")), listArguments);
 }
 
@@ -64,7 +78,10 @@ void CEmbeddedServer::StartFieldDevices(const QString& sDataDir)
 {
     m_fieldDevices.start(ProgramPath(QStringLiteral("fielddevice")),
         {QStringLiteral("--devices"), sDataDir + QStringLiteral("/field-devices.json"),
-            QStringLiteral("--exit-with-parent")});
+            QStringLiteral("--dozen"), QStringLiteral("--state"),
+            sDataDir + QStringLiteral("/field-state.json"), QStringLiteral("--discovery-port"),
+            QString::number(m_nDiscoveryPort), QStringLiteral("--onvif-discovery-port"),
+            QString::number(m_nOnvifDiscoveryPort), QStringLiteral("--exit-with-parent")});
 }
 
 void CEmbeddedServer::OnOutput()

@@ -38,6 +38,8 @@ private:
     QProcess m_fieldDevices;
     QByteArray m_lastLog;
     bool m_bReady = false;
+    int m_nDiscoveryPort = 0; ///< of the demonstration: what its server searches and its devices answer on
+    int m_nOnvifDiscoveryPort = 0;
     bool m_bStopping = false;
 };
 

@@ -19,7 +19,7 @@ namespace Platform {
 class FieldService
 {
 public:
-    static constexpr std::size_t BatchLimit = 1000;
+    static constexpr std::size_t BatchLimit = 10000;
     static constexpr std::uint32_t AddressLimit = 65536;
 
     /// All are borrowed.

@@ -190,7 +190,7 @@ TEST_F(FoundDeviceDialogs, InitialisesTheUninitialisedOnly)
         pDialog->Click(QStringLiteral("btnInitOk"));
         EXPECT_EQ(Hint(*pDialog, step.pszHinted), step.pszHint);
     }
-    EXPECT_EQ(pDialog->Find<QLabel>(QStringLiteral("lbInitStrength"))->text(), QStringLiteral("Strong"));
+    EXPECT_EQ(pDialog->Find<QLabel>(QStringLiteral("lbStrength"))->text(), QStringLiteral("Strong"));
     EXPECT_EQ(m_host.remote.devices.Count("InitializeDevice"), 0);
     pDialog->Type(QStringLiteral("editInitContact"), QStringLiteral("ops@example.org"));
     pDialog->Screenshot(QStringLiteral("search-initialize"));

@@ -1,9 +1,9 @@
 #include "DialogFixture.h"
 
 #include <DeviceSettings/CBulkResetPassword.h>
-#include <DeviceSettings/CPasswordStrength.h>
 #include <UICommonMdl/ErrorCodes.h>
 #include <VxGUI/VxLineEdit.h>
+#include <common/CPasswordStrength.h>
 
 #include <QLabel>
 #include <QLineEdit>
@@ -162,12 +162,12 @@ TEST_F(PasswordDialog, ClosingInTheMiddleAsksAndLateAnswersAreDropped)
 
 TEST(PasswordStrengthRule, GoesByLengthKindsAndFame)
 {
-    const std::pair<const char*, PasswordStrength> cases[] = {{"", PasswordStrength::None},
-        {"Ab#1", PasswordStrength::Weak}, {"onlyletters", PasswordStrength::Weak},
-        {"password1", PasswordStrength::Weak}, {"gr8planet", PasswordStrength::Medium},
-        {"Gr8planetsky", PasswordStrength::Strong}, {"Gr8#plane", PasswordStrength::Strong}};
+    const std::pair<const char*, Common::PasswordStrength> cases[] = {{"", Common::PasswordStrength::None},
+        {"Ab#1", Common::PasswordStrength::Weak}, {"onlyletters", Common::PasswordStrength::Weak},
+        {"password1", Common::PasswordStrength::Weak}, {"gr8planet", Common::PasswordStrength::Medium},
+        {"Gr8planetsky", Common::PasswordStrength::Strong}, {"Gr8#plane", Common::PasswordStrength::Strong}};
     for (const auto& [pszPassword, strength] : cases)
-        EXPECT_EQ(GetPasswordStrength(QLatin1String(pszPassword)), strength) << pszPassword;
+        EXPECT_EQ(Common::GetPasswordStrength(QLatin1String(pszPassword)), strength) << pszPassword;
 }
 
 } // namespace

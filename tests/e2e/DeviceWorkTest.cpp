@@ -384,6 +384,7 @@ TEST_F(LiveDeviceWork, AFormThatTheServerRefusesShowsItUnderTheField)
     // Somebody else was faster.
     m_client.Search(QStringLiteral("New"));
     QTreeView* const pTable = m_client.Table();
+    pTable->setFocus();
     pTable->setCurrentIndex(page.FindRow(pTable, ColumnName, QStringLiteral("New")));
     page.Key(QStringLiteral("treeDevice"), Qt::Key_F2);
     m_client.WaitIdle();

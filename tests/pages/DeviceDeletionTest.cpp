@@ -135,7 +135,7 @@ TEST_F(DeviceDeletion, RowButtonDeletesThatOneDevice)
     const QModelIndex operation = Model()->index(3, ColumnOperation);
     auto* pButtons = m_pPage->findChild<Common::CRowButtonDelegate*>(QStringLiteral("rowButtons"));
     const QPoint place =
-        pButtons->GetButtonRect(Table()->visualRect(operation), Table()->fontMetrics(), 2).center();
+        pButtons->GetButtonRect(Table()->visualRect(operation), Table()->fontMetrics(), 3).center();
     m_dialogs.AnswerNext(true);
     m_pDriver->ClickAt(Table(), place);
     EXPECT_EQ(m_host.group.LastArgument<Deleted>("DeleteDevice").first, FakeGroupManager::Ids{"1004"});

@@ -1,8 +1,8 @@
-#include <common/DeviceCategory.h>
 #include <GroupLogical/GroupRecords.h>
 #include <ResourceManagerUI/CDeviceModel.h>
 #include <ResourceManagerUI/DeviceRules.h>
 #include <UICommonMdl/ErrorCodes.h>
+#include <common/DeviceCategory.h>
 
 #include <gtest/gtest.h>
 

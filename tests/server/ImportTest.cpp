@@ -106,8 +106,8 @@ TEST_P(ImportTest, GoodRowsAreImportedAndEveryBadOneIsToldWithItsFieldAtOnce)
     for (const ImportFailure_t& failure : state.vecFailed) {
         EXPECT_EQ(failure.sField, mapExpected[failure.nLine].first) << failure.nLine;
         EXPECT_EQ(failure.nErrorCode, mapExpected[failure.nLine].second) << failure.nLine;
-        EXPECT_EQ(failure.sReason,
-            failure.nErrorCode == ErrorDuplicateRow ? "line " + std::to_string(nFirst) : "");
+        EXPECT_EQ(
+            failure.sReason, failure.nErrorCode == ErrorDuplicateRow ? "line " + std::to_string(nFirst) : "");
     }
     GroupLogical::DevicePageRequest_t request;
     request.sSearchText = "Good";

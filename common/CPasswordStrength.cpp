@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-namespace ResourceManagerUI {
+namespace Common {
 
 namespace {
 
@@ -107,4 +107,4 @@ void CPasswordStrength::SetPassword(const QString& sPassword)
     setAccessibleDescription(m_pText->text());
 }
 
-} // namespace ResourceManagerUI
+} // namespace Common

@@ -4,7 +4,7 @@
 
 class QLabel;
 
-namespace ResourceManagerUI {
+namespace Common {
 
 enum class PasswordStrength
 {
@@ -31,4 +31,4 @@ private:
     QLabel* m_pText;
 };
 
-} // namespace ResourceManagerUI
+} // namespace Common
