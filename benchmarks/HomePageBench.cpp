@@ -31,6 +31,7 @@ public:
     void RemoveObserver(UserLogical::IUserManagerObserver*) override { }
     UserLogical::IUserRight* GetUserRight() override { return this; }
     std::string GetUserName() override { return "system"; }
+    std::string GetToken() override { return {}; }
     bool HasRight(const std::string&) override { return true; }
     std::vector<UserLogical::MenuRight_t> GetMenuRights() override
     {

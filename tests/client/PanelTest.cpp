@@ -77,6 +77,7 @@ public:
         return {{"001001", "devices", 0}, {"001003", "storage", 2}};
     }
     std::string GetUserName() override { return m_sUser; }
+    std::string GetToken() override { return {}; }
 
 private:
     std::string m_sUser;

@@ -28,6 +28,7 @@ public:
     void RemoveObserver(UserLogical::IUserManagerObserver*) override { }
     UserLogical::IUserRight* GetUserRight() override { return this; }
     std::string GetUserName() override { return "operator"; }
+    std::string GetToken() override { return {}; }
     bool HasRight(const std::string& sRightCode) override { return !setMissing.contains(sRightCode); }
     std::vector<UserLogical::MenuRight_t> GetMenuRights() override { return vecRights; }
 
