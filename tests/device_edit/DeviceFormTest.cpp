@@ -256,7 +256,7 @@ TEST_F(DeviceForm, RefusalComesUpUnderItsField)
     EXPECT_EQ(LastNotice(), "Failed to add device: The server did not answer in time.");
     Click("btnFinish");
     m_pForm->SetRefused();
-    EXPECT_EQ(LastNotice(), "Failed to add device");
+    EXPECT_EQ(LastNotice(), "Failed to add device.");
     EXPECT_EQ(Content("editDevName"), "Gate camera 2") << "the input stays";
     EXPECT_EQ(m_vecAdded.size(), 4U);
     m_pForm->SetAnswer(UICommonMdl::ErrorNone, {}, {});
