@@ -32,6 +32,7 @@
 #include <QDir>
 #include <QFile>
 
+#include <algorithm>
 #include <mutex>
 
 namespace Platform {
@@ -249,7 +250,7 @@ void PlatformServer::Private::RegisterFiles()
         const auto it = mapQuery.find(szKey);
         return it == mapQuery.end() ? std::string() : it->second;
     };
-    const auto asResponse = [](ImportService::File file) {
+    const auto asResponse = [](const ImportService::File& file) {
         return FileResponse{200, file.baContent.toStdString(), file.sType, file.sName};
     };
     files.AddDownload("device-template", sRight, [=](const Context&, const auto& mapQuery) {
@@ -267,9 +268,9 @@ void PlatformServer::Private::RegisterFiles()
 
 void PlatformServer::Private::AddressesChanged(const std::vector<std::string>& vecDeviceIds)
 {
-    std::vector<std::int64_t> vecIds;
-    for (const std::string& sDeviceId : vecDeviceIds)
-        vecIds.push_back(std::stoll(sDeviceId));
+    std::vector<std::int64_t> vecIds(vecDeviceIds.size());
+    std::transform(vecDeviceIds.begin(), vecDeviceIds.end(), vecIds.begin(),
+        [](const std::string& sDeviceId) { return std::stoll(sDeviceId); });
     const std::lock_guard lock(proberMutex);
     if (pProber)
         pProber->ProbeSoon(vecIds);

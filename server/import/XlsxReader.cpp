@@ -136,7 +136,7 @@ const std::string& FirstSheet(const Parts& parts)
     for (const pugi::xml_node& relation : relations.document_element().children()) {
         if (id && std::strcmp(relation.attribute("Id").value(), id.value()) == 0) {
             const std::string sTarget = relation.attribute("Target").value();
-            const auto it = parts.find(sTarget.rfind("/", 0) == 0 ? sTarget.substr(1) : "xl/" + sTarget);
+            const auto it = parts.find(sTarget.rfind('/', 0) == 0 ? sTarget.substr(1) : "xl/" + sTarget);
             if (it != parts.end())
                 return it->second;
         }
@@ -161,7 +161,7 @@ std::string CellText(const pugi::xml_node& cell, const std::vector<std::string>&
     const std::string sType = cell.attribute("t").value();
     if (sType == "inlineStr")
         return StringItem(Child(cell, "is"));
-    const std::string sValue = Child(cell, "v").text().get();
+    std::string sValue = Child(cell, "v").text().get();
     if (sType != "s")
         return sValue;
     std::size_t nIndex = 0;

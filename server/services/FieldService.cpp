@@ -174,7 +174,7 @@ void FieldService::ChangeAddress(const Context& context, const ModifyAddress_t& 
 void FieldService::KeepAddress(const Context& context, const ModifyAddress_t& change)
 {
     const std::string sDeviceId = m_pool.Write([&](Database& database) {
-        const std::string sId = DeviceRecords::FindByAddress(database, change.sIp, change.nPort);
+        std::string sId = DeviceRecords::FindByAddress(database, change.sIp, change.nPort);
         nlohmann::json before{{"sIp", change.sIp}};
         nlohmann::json after{{"sIp", change.sNewIp}};
         if (!sId.empty()) {
