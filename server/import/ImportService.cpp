@@ -241,6 +241,7 @@ private:
             CheckExisting(database);
             if (m_request.bAllOrNothing && !m_vecFailed.empty())
                 throw ServiceError(UICommonMdl::ErrorImportAborted);
+            m_nNextId = DeviceRecords::TakeNumbers(database, m_vecGood.size());
             for (const Good& good : m_vecGood) {
                 if (m_job.StopToken().stop_requested())
                     throw ServiceError(UICommonMdl::ErrorServerBusy, "The server stops");
@@ -283,7 +284,8 @@ private:
         const nlohmann::json after{{"sName", device.sName}, {"sIp", device.sIp}, {"nPort", device.nPort},
             {"sOrgCode", device.sOrgCode}};
         if (good.sExistingId.empty()) {
-            const std::string sId = std::to_string(DeviceRecords::Insert(database, device, sealed));
+            const std::string sId = std::to_string(m_nNextId);
+            DeviceRecords::Insert(database, m_nNextId++, device, sealed);
             m_service.m_audit.Write(database, m_context, wire::RunImport::Name, sId, nullptr, after);
             m_vecIds.push_back(sId);
             return;
@@ -354,6 +356,7 @@ private:
     Job& m_job;
     GroupLogical::ImportState_t m_state;
     std::vector<Good> m_vecGood;
+    qlonglong m_nNextId = 0; ///< of the next device that is new
     std::vector<std::pair<std::size_t, ImportFailure_t>> m_vecFailed; ///< with the row's place
     std::vector<std::string> m_vecIds;
 };

@@ -113,9 +113,20 @@ Sealed Seal(const SecretBox& box, const DeviceAddInfo_t& device)
     return sealed;
 }
 
+qlonglong TakeNumbers(Database& database, std::size_t nCount)
+{
+    return database.NextNumber(QStringLiteral("device"), static_cast<std::int64_t>(nCount));
+}
+
 qlonglong Insert(Database& database, const DeviceAddInfo_t& device, const Sealed& sealed)
 {
-    const auto nId = static_cast<qlonglong>(database.NextNumber(QStringLiteral("device")));
+    const qlonglong nId = TakeNumbers(database, 1);
+    Insert(database, nId, device, sealed);
+    return nId;
+}
+
+void Insert(Database& database, qlonglong nId, const DeviceAddInfo_t& device, const Sealed& sealed)
+{
     QVariantList values = Values(device);
     values << nId << TextValue(sealed.optPassword.value_or(""))
            << TextValue(sealed.optSipPassword.value_or(""));
@@ -123,7 +134,6 @@ qlonglong Insert(Database& database, const DeviceAddInfo_t& device, const Sealed
                                 ", id, password_sealed, sip_password_sealed) VALUES (" DEVICE_MARKS
                                 ", ?, ?, ?, ?, ?, ?)"),
         values);
-    return nId;
 }
 
 void Update(Database& database, const DeviceAddInfo_t& device, const Sealed& sealed)

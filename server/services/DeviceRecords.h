@@ -30,6 +30,11 @@ Sealed Seal(const SecretBox& box, const GroupLogical::DeviceAddInfo_t& device);
 
 /// Answers the number of the new device.
 qlonglong Insert(Database& database, const GroupLogical::DeviceAddInfo_t& device, const Sealed& sealed);
+/// The first of so many numbers for devices to come.
+qlonglong TakeNumbers(Database& database, std::size_t nCount);
+/// As above, with a number that was taken before.
+void Insert(
+    Database& database, qlonglong nId, const GroupLogical::DeviceAddInfo_t& device, const Sealed& sealed);
 /// Everything of the record but its ID; a changed address starts as not probed.
 void Update(Database& database, const GroupLogical::DeviceAddInfo_t& device, const Sealed& sealed);
 void SetPassword(Database& database, const std::string& sDeviceId, const std::string& sSealed);

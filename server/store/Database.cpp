@@ -201,12 +201,13 @@ void Database::Execute(const QString& sSql)
         Fail(query, sSql);
 }
 
-std::int64_t Database::NextNumber(const QString& sCounter)
+std::int64_t Database::NextNumber(const QString& sCounter, std::int64_t nCount)
 {
-    Run(QStringLiteral("UPDATE counter SET value = value + 1 WHERE name = ?"), {sCounter});
+    Run(QStringLiteral("UPDATE counter SET value = value + ? WHERE name = ?"),
+        {static_cast<qlonglong>(nCount), sCounter});
     Rows rows = Run(QStringLiteral("SELECT value FROM counter WHERE name = ?"), {sCounter});
     rows.Next();
-    return rows.Big(0);
+    return rows.Big(0) - nCount + 1;
 }
 
 QString Database::Unindexed(const QString& sColumn) const

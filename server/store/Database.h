@@ -69,8 +69,9 @@ public:
     Rows Run(const QString& sSql, const QVariantList& values = {});
     /// Runs one statement unprepared: definitions and the like.
     void Execute(const QString& sSql);
-    /// The next number of a named counter. Only within a transaction.
-    std::int64_t NextNumber(const QString& sCounter);
+    /// The next number of a named counter, or the first of as many as are taken at once. Only within a
+    /// transaction.
+    std::int64_t NextNumber(const QString& sCounter, std::int64_t nCount = 1);
 
     /// "column" where the choice of the index is the database's, an expression that no index serves
     /// otherwise.
