@@ -96,7 +96,7 @@ void CDeviceManagerCtrl::SetUpTable()
     m_pHeader->setSortIndicatorShown(true);
     m_pHeader->setStretchLastSection(true);
     m_pHeader->setSortIndicator(m_nSortColumn, m_sortOrder);
-    const int widths[] = {40, 100, 112, 160, 128, 120, 124, 126, 130, 120, 120, 118};
+    const int widths[] = {40, 100, 104, 148, 118, 120, 110, 124, 116, 120, 120, 118};
     for (int nColumn = 0; nColumn < ColumnCount; ++nColumn)
         m_pHeader->resizeSection(nColumn, widths[nColumn]);
     m_pHeader->setSectionResizeMode(ColumnCheck, QHeaderView::Fixed);
