@@ -170,6 +170,7 @@ private:
     void EditDevice(const QString& sDeviceId);
     void OnAddDevice(const GroupLogical::DeviceAddInfo_t& device);
     void OnModifyDevice(const GroupLogical::DeviceAddInfo_t& device);
+    void WaitForForm(int nSequence);
     void OnDeviceEditComplete();
     void OnImportStatueChange(bool bRunning);
     void OnShowOutcome(const QString& sText);

@@ -71,16 +71,16 @@ void CDeviceManagerCtrl::EditDevice(const QString& sDeviceId)
 
 void CDeviceManagerCtrl::OnAddDevice(const GroupLogical::DeviceAddInfo_t& device)
 {
-    const int nSequence = m_pGroupManager ? m_pGroupManager->AddDevice(device) : 0;
-    if (!m_requests.Supersede(nSequence, KindDeviceForm, [this](const GroupParam& param) {
-            m_pForm->SetAnswer(param.nErrorCode, param.sErrorDetail, param.vecFailed);
-        }))
-        m_pForm->SetRefused();
+    WaitForForm(m_pGroupManager ? m_pGroupManager->AddDevice(device) : 0);
 }
 
 void CDeviceManagerCtrl::OnModifyDevice(const GroupLogical::DeviceAddInfo_t& device)
 {
-    const int nSequence = m_pGroupManager ? m_pGroupManager->ModifyDevice(device) : 0;
+    WaitForForm(m_pGroupManager ? m_pGroupManager->ModifyDevice(device) : 0);
+}
+
+void CDeviceManagerCtrl::WaitForForm(int nSequence)
+{
     if (!m_requests.Supersede(nSequence, KindDeviceForm, [this](const GroupParam& param) {
             m_pForm->SetAnswer(param.nErrorCode, param.sErrorDetail, param.vecFailed);
         }))

@@ -135,11 +135,10 @@ std::pair<int, std::string> DuplicateFinder::Add(const DeviceAddInfo_t& device, 
 {
     // Keys of all four kinds live in one map; the first character tells them apart.
     std::vector<std::pair<std::string, std::string>> vecKeys{{'n' + FoldCase(device.sName), "sName"}};
-    const bool bDomain = device.nAddMode == GroupLogical::AddByDomain;
-    const std::string& sAddress = bDomain ? device.sDomain : device.sIp;
+    const std::string& sAddress = DeviceRules::AddressOf(device);
     if (!sAddress.empty())
-        vecKeys.emplace_back(
-            'a' + AddressSortKey(sAddress) + ':' + std::to_string(device.nPort), bDomain ? "sDomain" : "sIp");
+        vecKeys.emplace_back('a' + AddressSortKey(sAddress) + ':' + std::to_string(device.nPort),
+            DeviceRules::AddressField(device));
     if (!device.sRegisterId.empty())
         vecKeys.emplace_back('r' + device.sRegisterId, "sRegisterId");
     if (device.nAddMode == GroupLogical::AddByP2P)

@@ -3,6 +3,7 @@
 #include "DeviceSheet.h"
 #include "ServiceError.h"
 #include "services/DeviceRecords.h"
+#include "services/DeviceRules.h"
 #include "services/TextRules.h"
 
 #include <wire/Operations.h>
@@ -71,6 +72,29 @@ std::string ReasonText(const ImportFailure_t& failure)
 class Existing
 {
 public:
+    struct Clash
+    {
+        std::int64_t nId = 0; ///< 0: none
+        int nErrorCode = 0;
+        const char* szField = "";
+    };
+
+    /// met(n, clash) for every device in their order; they are looked up many at a time.
+    template <class Met>
+    static void ForEach(Database& database, const std::vector<const DeviceAddInfo_t*>& vecDevices, Met met)
+    {
+        Existing existing;
+        for (std::size_t nFirst = 0; nFirst < vecDevices.size(); nFirst += LookUpSize) {
+            const std::size_t nEnd = std::min(nFirst + LookUpSize, vecDevices.size());
+            existing.Load(database,
+                {vecDevices.begin() + static_cast<std::ptrdiff_t>(nFirst),
+                    vecDevices.begin() + static_cast<std::ptrdiff_t>(nEnd)});
+            for (std::size_t n = nFirst; n < nEnd; ++n)
+                met(n, existing.Find(*vecDevices[n]));
+        }
+    }
+
+private:
     void Load(Database& database, const std::vector<const DeviceAddInfo_t*>& vecDevices)
     {
         for (auto* pMap : {&m_mapNames, &m_mapAddresses, &m_mapRegisters, &m_mapSerials})
@@ -78,7 +102,7 @@ public:
         std::vector<std::string> vecNames, vecAddresses, vecRegisters, vecSerials;
         for (const DeviceAddInfo_t* pDevice : vecDevices) {
             vecNames.push_back(FoldCase(pDevice->sName));
-            if (const std::string& sAddress = AddressOf(*pDevice); !sAddress.empty())
+            if (const std::string& sAddress = DeviceRules::AddressOf(*pDevice); !sAddress.empty())
                 vecAddresses.push_back(AddressSortKey(sAddress));
             if (!pDevice->sRegisterId.empty())
                 vecRegisters.push_back(pDevice->sRegisterId);
@@ -94,19 +118,12 @@ public:
             vecSerials, m_mapSerials);
     }
 
-    struct Clash
-    {
-        std::int64_t nId = 0; ///< 0: none
-        int nErrorCode = 0;
-        const char* szField = "";
-    };
     Clash Find(const DeviceAddInfo_t& device) const
     {
-        const std::string& sAddress = AddressOf(device);
+        const std::string& sAddress = DeviceRules::AddressOf(device);
         if (const auto nId = Id(m_mapAddresses, AddressSortKey(sAddress), device.nPort);
             nId != 0 && !sAddress.empty())
-            return {nId, UICommonMdl::ErrorAddressExists,
-                device.nAddMode == GroupLogical::AddByDomain ? "sDomain" : "sIp"};
+            return {nId, UICommonMdl::ErrorAddressExists, DeviceRules::AddressField(device)};
         if (const auto nId = Id(m_mapNames, FoldCase(device.sName), 0))
             return {nId, UICommonMdl::ErrorNameExists, "sName"};
         if (const auto nId = Id(m_mapRegisters, device.sRegisterId, 0))
@@ -117,13 +134,8 @@ public:
         return {};
     }
 
-private:
     using Map = std::unordered_map<std::string, std::int64_t>;
 
-    static const std::string& AddressOf(const DeviceAddInfo_t& device)
-    {
-        return device.nAddMode == GroupLogical::AddByDomain ? device.sDomain : device.sIp;
-    }
     static std::string Key(const std::string& sText, int nNumber)
     {
         return sText + '\n' + std::to_string(nNumber);
@@ -254,27 +266,21 @@ private:
 
     void CheckExisting(Database& database)
     {
-        Existing existing;
-        std::vector<Good> vecFree;
-        vecFree.reserve(m_vecGood.size());
-        for (std::size_t nFirst = 0; nFirst < m_vecGood.size(); nFirst += LookUpSize) {
-            const std::size_t nEnd = std::min(nFirst + LookUpSize, m_vecGood.size());
-            std::vector<const DeviceAddInfo_t*> vecDevices;
-            for (std::size_t n = nFirst; n < nEnd; ++n)
-                vecDevices.push_back(&m_vecGood[n].device);
-            existing.Load(database, vecDevices);
-            for (std::size_t n = nFirst; n < nEnd; ++n) {
-                Good& good = m_vecGood[n];
-                const Existing::Clash clash = existing.Find(good.device);
-                if (clash.nId != 0 && m_request.bOverwrite)
-                    good.sExistingId = std::to_string(clash.nId);
-                if (clash.nId == 0 || m_request.bOverwrite)
-                    vecFree.push_back(std::move(good));
-                else
-                    Fail(good.nRow, clash.nErrorCode, clash.szField);
-            }
-        }
-        m_vecGood = std::move(vecFree);
+        std::vector<const DeviceAddInfo_t*> vecDevices;
+        vecDevices.reserve(m_vecGood.size());
+        for (const Good& good : m_vecGood)
+            vecDevices.push_back(&good.device);
+        std::vector<bool> vecFree(m_vecGood.size());
+        Existing::ForEach(database, vecDevices, [&](std::size_t n, const Existing::Clash& clash) {
+            Good& good = m_vecGood[n];
+            if (clash.nId != 0 && m_request.bOverwrite)
+                good.sExistingId = std::to_string(clash.nId);
+            vecFree[n] = clash.nId == 0 || m_request.bOverwrite;
+            if (!vecFree[n])
+                Fail(good.nRow, clash.nErrorCode, clash.szField);
+        });
+        std::size_t n = 0;
+        std::erase_if(m_vecGood, [&](const Good&) { return !vecFree[n++]; });
     }
 
     void WriteOne(Database& database, const Good& good)
@@ -446,14 +452,17 @@ int ImportService::CountExisting(const Import& import)
 {
     return m_pool.Read([&](Database& database) {
         const auto organizations = ReadOrganizations(database);
-        int nExisting = 0;
-        Existing existing;
+        std::vector<DeviceAddInfo_t> vecDevices;
+        vecDevices.reserve(import.vecRows.size());
+        std::vector<const DeviceAddInfo_t*> vecPlaces;
         for (const ImportRow_t& row : import.vecRows) {
-            const DeviceAddInfo_t device =
-                ImportRules::Convert(row, import.sSource, import.sOrgCode, organizations).device;
-            existing.Load(database, {&device});
-            nExisting += existing.Find(device).nId != 0 ? 1 : 0;
+            vecDevices.push_back(
+                ImportRules::Convert(row, import.sSource, import.sOrgCode, organizations).device);
+            vecPlaces.push_back(&vecDevices.back());
         }
+        int nExisting = 0;
+        Existing::ForEach(database, vecPlaces,
+            [&nExisting](std::size_t, const Existing::Clash& clash) { nExisting += clash.nId != 0 ? 1 : 0; });
         return nExisting;
     });
 }

@@ -1,5 +1,6 @@
 #include "DeviceRecords.h"
 
+#include "DeviceRules.h"
 #include "TextRules.h"
 
 #include <charconv>
@@ -20,15 +21,9 @@ namespace {
 // What follows from name and address.
 #define KEY_COLUMNS "name_key, address_key, search_key"
 
-/// Where the device is reached: its domain name is its address.
-const std::string& AddressOf(const DeviceAddInfo_t& device)
-{
-    return device.nAddMode == GroupLogical::AddByDomain ? device.sDomain : device.sIp;
-}
-
 QVariantList Values(const DeviceAddInfo_t& device)
 {
-    const std::string& sAddress = AddressOf(device);
+    const std::string& sAddress = DeviceRules::AddressOf(device);
     return {TextValue(device.sName), TextValue(sAddress), device.nPort, device.nCategory,
         TextValue(device.sModel), TextValue(device.sOrgCode), TextValue(device.sManufacturer),
         TextValue(device.sProtocol), device.nAccessDirection, TextValue(device.sSerialNumber),
@@ -142,7 +137,8 @@ void Update(Database& database, const DeviceAddInfo_t& device, const Sealed& sea
     // What is known of another address does not hold for the new one.
     database.Run(QStringLiteral("UPDATE device SET online_state = 0, offline_reason = ? "
                                 "WHERE id = ? AND (address <> ? OR port <> ?)"),
-        {static_cast<int>(GroupLogical::ReasonNotProbed), id, TextValue(AddressOf(device)), device.nPort});
+        {static_cast<int>(GroupLogical::ReasonNotProbed), id, TextValue(DeviceRules::AddressOf(device)),
+            device.nPort});
     QVariantList values = Values(device);
     values << id;
     database.Run(QStringLiteral("UPDATE device SET (" DEVICE_COLUMNS ", " KEY_COLUMNS ") = (" DEVICE_MARKS

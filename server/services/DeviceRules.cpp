@@ -126,6 +126,16 @@ bool IsIpv4(const std::string& sAddress)
     return inet_pton(AF_INET, sAddress.c_str(), &bytes) == 1;
 }
 
+const std::string& AddressOf(const DeviceAddInfo_t& device)
+{
+    return device.nAddMode == GroupLogical::AddByDomain ? device.sDomain : device.sIp;
+}
+
+const char* AddressField(const DeviceAddInfo_t& device)
+{
+    return device.nAddMode == GroupLogical::AddByDomain ? "sDomain" : "sIp";
+}
+
 std::vector<std::string> SegmentAddresses(const std::string& sStart, const std::string& sEnd)
 {
     if (!IsIpv4(sStart) || !IsIpv4(sEnd))

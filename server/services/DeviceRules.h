@@ -22,6 +22,11 @@ enum class Secrets
 /// that other records give meaning to (organisation) are not looked at.
 std::string FaultyField(const GroupLogical::DeviceAddInfo_t& device, Secrets secrets);
 
+/// Where the device is reached: its domain name where it is added by one, else its address; may be empty.
+const std::string& AddressOf(const GroupLogical::DeviceAddInfo_t& device);
+/// Name of the field that AddressOf reads.
+const char* AddressField(const GroupLogical::DeviceAddInfo_t& device);
+
 /// The addresses of a segment, from the first to the last; empty when it is none.
 std::vector<std::string> SegmentAddresses(const std::string& sStart, const std::string& sEnd);
 bool IsIpv4(const std::string& sAddress);

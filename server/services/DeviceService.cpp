@@ -245,12 +245,11 @@ void DeviceService::CheckUnique(Database& database, const DeviceAddInfo_t& devic
     };
     check(QStringLiteral("name_key = ?"), {TextValue(FoldCase(device.sName))}, UICommonMdl::ErrorNameExists,
         "sName");
-    const bool bDomain = device.nAddMode == GroupLogical::AddByDomain;
-    const std::string& sAddress = bDomain ? device.sDomain : device.sIp;
+    const std::string& sAddress = DeviceRules::AddressOf(device);
     if (!sAddress.empty())
         check(QStringLiteral("address_key = ? AND port = ?"),
             {TextValue(AddressSortKey(sAddress)), device.nPort}, UICommonMdl::ErrorAddressExists,
-            bDomain ? "sDomain" : "sIp");
+            DeviceRules::AddressField(device));
     if (!device.sRegisterId.empty())
         check(QStringLiteral("register_id <> '' AND register_id = ?"), {TextValue(device.sRegisterId)},
             UICommonMdl::ErrorRegisterIdExists, "sRegisterId");
