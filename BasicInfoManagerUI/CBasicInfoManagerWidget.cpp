@@ -1,5 +1,7 @@
 #include "CBasicInfoManagerWidget.h"
 
+#include "PersonManager/CPersonManagerCtrl.h"
+
 namespace BasicInfoManagerUI {
 
 CBasicInfoManagerWidget::CBasicInfoManagerWidget(UICommonMdl::CInterfaceSetManager* pInterfaceSet)
@@ -9,6 +11,12 @@ CBasicInfoManagerWidget::CBasicInfoManagerWidget(UICommonMdl::CInterfaceSetManag
             "CBasicInfoManagerWidget", QStringLiteral("BasicInfoManagerUI"),
             QStringLiteral("BasicInfo-d.png"), QString()})
 {
+}
+
+QWidget* CBasicInfoManagerWidget::CreatePage(
+    UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
+{
+    return new CPersonManagerCtrl(pInterfaceSet, pParent);
 }
 
 } // namespace BasicInfoManagerUI

@@ -12,6 +12,9 @@ class CBasicInfoManagerWidget : public Common::CEntryWidget
 public:
     /// pInterfaceSet is borrowed.
     explicit CBasicInfoManagerWidget(UICommonMdl::CInterfaceSetManager* pInterfaceSet);
+
+protected:
+    QWidget* CreatePage(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent) override;
 };
 
 } // namespace BasicInfoManagerUI

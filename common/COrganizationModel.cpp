@@ -8,52 +8,22 @@
 
 namespace Common {
 
-namespace {
-constexpr int RoleCode = Qt::UserRole + 1;
-}
-
 COrganizationModel::COrganizationModel(QObject* pParent)
-    : QStandardItemModel(pParent)
+    : CCodeTreeModel(pParent)
 {
 }
 
 void COrganizationModel::SetOrganizations(const std::vector<GroupLogical::Organization_t>& vecOrganizations)
 {
     m_vecOrganizations = vecOrganizations;
-    m_mapItems.clear();
-    removeRows(0, rowCount());
-    const QIcon icon = Trv::GetIcon(QStringLiteral("organization"));
-    QList<QStandardItem*> listRoots;
-    for (const GroupLogical::Organization_t& organization : vecOrganizations) {
-        const QString sName = QString::fromStdString(organization.sName);
-        auto* pItem = new QStandardItem(icon, sName);
-        const QString sCode = QString::fromStdString(organization.sCode);
-        pItem->setData(sCode, RoleCode);
-        pItem->setToolTip(sName);
-        pItem->setEditable(false);
-        pItem->setDropEnabled(true);
-        pItem->setDragEnabled(organization.sCode != GroupLogical::RootOrganizationCode);
-        m_mapItems.insert(sCode, pItem);
-        QStandardItem* pParent = m_mapItems.value(QString::fromStdString(organization.sParentCode));
-        if (pParent)
-            pParent->appendRow(pItem);
-        else
-            listRoots.append(pItem);
-    }
-    // One by one: only so do the items below learn their model.
-    for (QStandardItem* pRoot : qAsConst(listRoots))
-        appendRow(pRoot);
-}
-
-QString COrganizationModel::GetCode(const QModelIndex& index)
-{
-    return index.data(RoleCode).toString();
-}
-
-QModelIndex COrganizationModel::FindCode(const QString& sCode) const
-{
-    const QStandardItem* pItem = m_mapItems.value(sCode);
-    return pItem ? pItem->index() : QModelIndex();
+    QVector<UICommonMdl::TreeNode> vecNodes;
+    vecNodes.reserve(int(vecOrganizations.size()));
+    for (const GroupLogical::Organization_t& organization : vecOrganizations)
+        vecNodes.append({QString::fromStdString(organization.sCode),
+            QString::fromStdString(organization.sParentCode), QString::fromStdString(organization.sName)});
+    SetNodes(vecNodes, Trv::GetIcon(QStringLiteral("organization")));
+    if (QStandardItem* pRoot = itemFromIndex(FindCode(QLatin1String(GroupLogical::RootOrganizationCode))))
+        pRoot->setDragEnabled(false);
 }
 
 const GroupLogical::Organization_t* COrganizationModel::FindOrganization(const QString& sCode) const
@@ -61,14 +31,6 @@ const GroupLogical::Organization_t* COrganizationModel::FindOrganization(const Q
     const auto it = std::find_if(m_vecOrganizations.begin(), m_vecOrganizations.end(),
         [sKey = sCode.toStdString()](const auto& organization) { return organization.sCode == sKey; });
     return it == m_vecOrganizations.end() ? nullptr : &*it;
-}
-
-int COrganizationModel::GetLevel(const QModelIndex& index)
-{
-    int nLevel = 0;
-    for (QModelIndex i = index; i.isValid(); i = i.parent())
-        ++nLevel;
-    return nLevel;
 }
 
 QStringList COrganizationModel::mimeTypes() const

@@ -1,10 +1,7 @@
 #pragma once
 
 #include <GroupLogical/GroupRecords.h>
-
-#include <QHash>
-#include <QStandardItemModel>
-#include <QVector>
+#include <UICommonMdl/CCodeTreeModel.h>
 
 namespace Common {
 
@@ -15,7 +12,7 @@ inline constexpr const char* OrganizationMimeType = "application/x-configuration
 
 /// The organisation tree. It is shown as the server has it: a drop asks for a change and leaves the tree as
 /// it is until the server's answer brings it anew. User-interface thread.
-class COrganizationModel : public QStandardItemModel
+class COrganizationModel : public UICommonMdl::CCodeTreeModel
 {
     Q_OBJECT
 
@@ -26,14 +23,8 @@ public:
     void SetOrganizations(const std::vector<GroupLogical::Organization_t>& vecOrganizations);
     const std::vector<GroupLogical::Organization_t>& GetOrganizations() const { return m_vecOrganizations; }
 
-    /// Code of the organisation; empty for an invalid index.
-    static QString GetCode(const QModelIndex& index);
-    /// Invalid when there is none.
-    QModelIndex FindCode(const QString& sCode) const;
     /// Null when there is none. Valid until the next change.
     const GroupLogical::Organization_t* FindOrganization(const QString& sCode) const;
-    /// 1 for the root, 0 for an invalid index.
-    static int GetLevel(const QModelIndex& index);
 
     QStringList mimeTypes() const override;
     QMimeData* mimeData(const QModelIndexList& listIndexes) const override;
@@ -54,7 +45,6 @@ private:
     bool IsSelfOrBelow(const QModelIndex& index, const QString& sCode) const;
 
     std::vector<GroupLogical::Organization_t> m_vecOrganizations;
-    QHash<QString, QStandardItem*> m_mapItems;
 };
 
 } // namespace Common

@@ -4,6 +4,12 @@ namespace Common {
 
 void RegisterSignalTypes()
 {
+    qRegisterMetaType<AccessControlLogical::IDepartmentManagerObserver::Param>(
+        "AccessControlLogical::IDepartmentManagerObserver::Param");
+    qRegisterMetaType<AccessControlLogical::IPersonManagerObserver::Param>(
+        "AccessControlLogical::IPersonManagerObserver::Param");
+    qRegisterMetaType<AccessControlLogical::IAccessControlManagerObserver::Param>(
+        "AccessControlLogical::IAccessControlManagerObserver::Param");
     qRegisterMetaType<GroupLogical::DeviceAddInfo_t>("GroupLogical::DeviceAddInfo_t");
     qRegisterMetaType<GroupLogical::IGroupManagerObserver::Param>(
         "GroupLogical::IGroupManagerObserver::Param");
@@ -47,6 +53,42 @@ CSystemConfigAdapter::CSystemConfigAdapter(
 }
 
 void CSystemConfigAdapter::OnNotifySystemConfigState(const Param& param)
+{
+    Q_EMIT SignalState(param);
+}
+
+CDepartmentManagerAdapter::CDepartmentManagerAdapter(
+    AccessControlLogical::IAccessControlManager* pManager, QObject* pParent)
+    : QObject(pParent)
+    , m_registration((RegisterSignalTypes(), pManager), this)
+{
+}
+
+void CDepartmentManagerAdapter::OnNotifyDepartmentManagerState(const Param& param)
+{
+    Q_EMIT SignalState(param);
+}
+
+CPersonManagerAdapter::CPersonManagerAdapter(
+    AccessControlLogical::IAccessControlManager* pManager, QObject* pParent)
+    : QObject(pParent)
+    , m_registration((RegisterSignalTypes(), pManager), this)
+{
+}
+
+void CPersonManagerAdapter::OnNotifyPersonManagerState(const Param& param)
+{
+    Q_EMIT SignalState(param);
+}
+
+CAccessControlAdapter::CAccessControlAdapter(
+    AccessControlLogical::IAccessControlManager* pManager, QObject* pParent)
+    : QObject(pParent)
+    , m_registration((RegisterSignalTypes(), pManager), this)
+{
+}
+
+void CAccessControlAdapter::OnNotifyAccessControlManagerState(const Param& param)
 {
     Q_EMIT SignalState(param);
 }

@@ -1,11 +1,15 @@
 #pragma once
 
+#include <AccessControlLogical/IAccessControlManager.h>
 #include <GroupLogical/IGroupManager.h>
 #include <RemoteConfigLogical/IRemoteConfigManager.h>
 
 #include <QMetaType>
 #include <QObject>
 
+Q_DECLARE_METATYPE(AccessControlLogical::IDepartmentManagerObserver::Param)
+Q_DECLARE_METATYPE(AccessControlLogical::IPersonManagerObserver::Param)
+Q_DECLARE_METATYPE(AccessControlLogical::IAccessControlManagerObserver::Param)
 Q_DECLARE_METATYPE(GroupLogical::DeviceAddInfo_t)
 Q_DECLARE_METATYPE(GroupLogical::IGroupManagerObserver::Param)
 Q_DECLARE_METATYPE(RemoteConfigLogical::SearchDeviceInfoVec)
@@ -104,6 +108,66 @@ private:
 
     CObserverRegistration<RemoteConfigLogical::IRemoteConfigManager,
         RemoteConfigLogical::ISystemConfigObserver>
+        m_registration;
+};
+
+/// As CGroupManagerAdapter, for the tree of person groups.
+class CDepartmentManagerAdapter : public QObject, private AccessControlLogical::IDepartmentManagerObserver
+{
+    Q_OBJECT
+
+public:
+    explicit CDepartmentManagerAdapter(
+        AccessControlLogical::IAccessControlManager* pManager, QObject* pParent = nullptr);
+
+Q_SIGNALS:
+    void SignalState(const AccessControlLogical::IDepartmentManagerObserver::Param& param);
+
+private:
+    void OnNotifyDepartmentManagerState(const Param& param) override;
+
+    CObserverRegistration<AccessControlLogical::IAccessControlManager,
+        AccessControlLogical::IDepartmentManagerObserver>
+        m_registration;
+};
+
+/// As CGroupManagerAdapter, for persons.
+class CPersonManagerAdapter : public QObject, private AccessControlLogical::IPersonManagerObserver
+{
+    Q_OBJECT
+
+public:
+    explicit CPersonManagerAdapter(
+        AccessControlLogical::IAccessControlManager* pManager, QObject* pParent = nullptr);
+
+Q_SIGNALS:
+    void SignalState(const AccessControlLogical::IPersonManagerObserver::Param& param);
+
+private:
+    void OnNotifyPersonManagerState(const Param& param) override;
+
+    CObserverRegistration<AccessControlLogical::IAccessControlManager,
+        AccessControlLogical::IPersonManagerObserver>
+        m_registration;
+};
+
+/// As CGroupManagerAdapter, for access records.
+class CAccessControlAdapter : public QObject, private AccessControlLogical::IAccessControlManagerObserver
+{
+    Q_OBJECT
+
+public:
+    explicit CAccessControlAdapter(
+        AccessControlLogical::IAccessControlManager* pManager, QObject* pParent = nullptr);
+
+Q_SIGNALS:
+    void SignalState(const AccessControlLogical::IAccessControlManagerObserver::Param& param);
+
+private:
+    void OnNotifyAccessControlManagerState(const Param& param) override;
+
+    CObserverRegistration<AccessControlLogical::IAccessControlManager,
+        AccessControlLogical::IAccessControlManagerObserver>
         m_registration;
 };
 

@@ -7,6 +7,7 @@
 namespace wire {
 
 using namespace GroupLogical;
+using namespace AccessControlLogical;
 using RemoteConfigLogical::Dictionary_t;
 using RemoteConfigLogical::Features_t;
 using RemoteConfigLogical::PlatformTime_t;
@@ -50,6 +51,30 @@ using AddImportRows           = Operation<"import/rows",             Access::ByR
 using RunImport               = Operation<"import/run",              Access::ByRight,  "001001001", RunImportRequest,        Nothing>;
 using QueryCloudDevices       = Operation<"cloud/devices",           Access::ByRight,  "001001001", CloudLogin,              CloudDevices>;
 
+using QueryDepartmentTree     = Operation<"person-group/query",      Access::ByRight,  "002003001", Nothing,                 Departments>;
+using AddDepartment           = Operation<"person-group/add",        Access::ByRight,  "002003001", Department_t,            Department_t>;
+using ModifyDepartment        = Operation<"person-group/modify",     Access::ByRight,  "002003001", Department_t,            Department_t>;
+using DeleteDepartment        = Operation<"person-group/delete",     Access::ByRight,  "002003001", Code,                    Nothing>;
+
+using QueryPersonList         = Operation<"person/page",             Access::ByRight,  "002003001", PersonPageRequest_t,     PersonPage_t>;
+using QueryPersonDetail       = Operation<"person/detail",           Access::ByRight,  "002003001", PersonId,                Person_t>;
+using AddPerson               = Operation<"person/add",              Access::ByRight,  "002003001", Person_t,                Person_t>;
+using ModifyPerson            = Operation<"person/modify",           Access::ByRight,  "002003001", Person_t,                Person_t>;
+using DeletePersons           = Operation<"person/delete",           Access::ByRight,  "002003001", PersonIds,               PersonBatchAnswer>;
+using DeleteAllPersons        = Operation<"person/delete-all",       Access::ByRight,  "002003001", DeleteAllPersonsRequest, Nothing>;
+using MovePersons             = Operation<"person/move",             Access::ByRight,  "002003001", MovePersonsRequest,      PersonBatchAnswer>;
+using IssueCards              = Operation<"person/issue-cards",      Access::ByRight,  "002003001", IssueCardsRequest,       Nothing>;
+using AuthorizePersons        = Operation<"person/authorize",        Access::ByRight,  "002003001", AuthorizePersonsRequest, PersonBatchAnswer>;
+using ReissuePersonRight      = Operation<"person/reissue",          Access::ByRight,  "002003001", PersonId,                Job>;
+using QueryAuthorizeException = Operation<"person/exceptions",       Access::ByRight,  "002003001", PersonId,                AuthorizeExceptions>;
+using QueryPermissionChoices  = Operation<"person/choices",          Access::ByRight,  "002003001", Nothing,                 PermissionChoices_t>;
+using QueryResidenceScenario  = Operation<"person/residence",        Access::ByRight,  "002003001", Nothing,                 ResidenceScenario_t>;
+using QueryQrCode             = Operation<"person/qr-code",          Access::ByRight,  "002003001", PersonId,                PersonQrCode_t>;
+using CaptureFingerprint      = Operation<"person/capture",          Access::ByRight,  "002003001", DeviceId,                Job>;
+using ExtractPersons          = Operation<"person/extract",          Access::ByRight,  "002003001", DeviceId,                Job>;
+using QueryRecordTotal        = Operation<"access-record/total",     Access::ByRight,  "002003001", AccessRecordRequest_t,   RecordTotal>;
+using QueryRecords            = Operation<"access-record/page",      Access::ByRight,  "002003001", AccessRecordRequest_t,   AccessRecords>;
+
 using WaitJob                 = Operation<"job/wait",                Access::SignedIn, "",          WaitJobRequest,          JobState>;
 using CancelJob               = Operation<"job/cancel",              Access::SignedIn, "",          Job,                     Nothing>;
 // clang-format on
@@ -60,6 +85,8 @@ inline constexpr const char* Hello = "hello"; ///< first event of every stream; 
 inline constexpr const char* DeviceStates = "device-states"; ///< wire::DeviceStates
 inline constexpr const char* DevicesChanged = "devices-changed"; ///< {}
 inline constexpr const char* OrganizationsChanged = "organizations-changed"; ///< {}
+inline constexpr const char* DepartmentsChanged = "departments-changed"; ///< {}
+inline constexpr const char* PersonsChanged = "persons-changed"; ///< {}
 inline constexpr const char* RightsChanged = "rights-changed"; ///< {}: ask for the session again
 inline constexpr const char* SessionEnded = "session-ended"; ///< {}; the stream ends after it
 } // namespace event

@@ -2,9 +2,12 @@
 
 #include <wire/Codec.h>
 
+#include <AccessControlLogical/PersonRecords.h>
 #include <GroupLogical/GroupRecords.h>
 #include <RemoteConfigLogical/RemoteConfigRecords.h>
 #include <UserLogical/UserRecords.h>
+
+#include <algorithm>
 
 // Records that pages see: declared in host/, coded here.
 
@@ -46,6 +49,33 @@ WIRE_RECORD(PlatformTime_t, setting, vecZones)
 WIRE_RECORD(TimeZoneResult_t, sDeviceId, nState, nErrorCode)
 WIRE_RECORD(P2PDevice_t, sSerialNumber, sName, sModel, nCategory)
 } // namespace RemoteConfigLogical
+
+namespace AccessControlLogical {
+WIRE_RECORD(Department_t, sCode, sParentCode, sName, sRemark, nVersion)
+WIRE_RECORD(Card_t, sCardNo, bMain, bDuress, bLocked)
+WIRE_RECORD(Fingerprint_t, nId, sName, bDuress, sTemplate)
+WIRE_RECORD(Person_t, sPersonId, sName, nGender, sGroupCode, sGroupName, sTelephone, sEmail, sRemark,
+    sPhotoUrl, sPhotoData, nValidFrom, nValidTo, sNickname, sBirthday, sEntryDate, sCompany, sPosition,
+    vecCards, vecFingerprints, bUnlockPassword, sUnlockPassword, nPersonType, nExtendTime, nCardTimes,
+    bDeviceLogin, vecAccessGroups, vecLiftFloors, vecFaceGroups, sRoomNo, vecPlates, bAuthorizationError,
+    nVersion)
+WIRE_RECORD(PersonInfo_t, sPersonId, sName, nGender, nPersonType, sGroupCode, sGroupName, sTelephone,
+    sPhotoUrl, nCards, nFingerprints, bUnlockPassword, sPlates, bAuthorizationError, nVersion)
+WIRE_RECORD(PersonPageRequest_t, sGroupCode, bSubGroups, sSearchKey, nPage, nPageSize)
+WIRE_RECORD(PersonPage_t, vecPersons, nTotal, nPage)
+WIRE_RECORD(PersonFailure_t, sPersonId, sName, nErrorCode, sDetail)
+WIRE_RECORD(PersonClash_t, nKind, sValue)
+WIRE_RECORD(IssueCard_t, sPersonId, sCardNo)
+WIRE_RECORD(Choice_t, sId, sName)
+WIRE_RECORD(LiftFloor_t, sId, sDeviceName, sChannelName, sFloor)
+WIRE_RECORD(PermissionChoices_t, vecAccessGroups, vecFaceGroups, vecLiftFloors)
+WIRE_RECORD(ResidenceScenario_t, bEnabled, vecRooms)
+WIRE_RECORD(AuthorizeException_t, sPersonId, sPersonName, nCredential, sDeviceId, sDeviceName, sChannelName,
+    nErrorCode, sDetail, bRemoval)
+WIRE_RECORD(PersonQrCode_t, sText, nValidTo)
+WIRE_RECORD(AccessRecordRequest_t, sPersonId, nFrom, nTo, nPage, nPageSize)
+WIRE_RECORD(AccessRecord_t, nTime, sDeviceName, sChannelName, nCredential, sCardNo, bEntry, bOpened)
+} // namespace AccessControlLogical
 
 namespace UserLogical {
 WIRE_RECORD(MenuRight_t, sCode, sWidgetName, nEntryId)
@@ -284,5 +314,112 @@ struct UploadedSheet
     bool bIntercom = false; ///< a sheet of intercom devices
 };
 WIRE_RECORD(UploadedSheet, sJob, nRows, nExisting, bIntercom)
+
+struct Departments
+{
+    std::vector<AccessControlLogical::Department_t> vecDepartments;
+};
+WIRE_RECORD(Departments, vecDepartments)
+
+struct PersonId
+{
+    std::string sPersonId;
+};
+WIRE_RECORD(PersonId, sPersonId)
+
+struct PersonIds
+{
+    std::vector<std::string> vecPersonIds; ///< at most AccessControlLogical::PersonBatchLimit
+};
+WIRE_RECORD(PersonIds, vecPersonIds)
+
+struct DeleteAllPersonsRequest
+{
+    std::string sGroupCode;
+    bool bSubGroups = false;
+};
+WIRE_RECORD(DeleteAllPersonsRequest, sGroupCode, bSubGroups)
+
+struct MovePersonsRequest
+{
+    std::vector<std::string> vecPersonIds;
+    std::string sGroupCode;
+};
+WIRE_RECORD(MovePersonsRequest, vecPersonIds, sGroupCode)
+
+struct IssueCardsRequest
+{
+    std::vector<AccessControlLogical::IssueCard_t> vecCards;
+    std::int64_t nValidFrom = 0;
+    std::int64_t nValidTo = 0;
+};
+WIRE_RECORD(IssueCardsRequest, vecCards, nValidFrom, nValidTo)
+
+struct AuthorizePersonsRequest
+{
+    std::vector<std::string> vecPersonIds;
+    std::vector<std::string> vecAccessGroups;
+    std::vector<std::string> vecFaceGroups;
+};
+WIRE_RECORD(AuthorizePersonsRequest, vecPersonIds, vecAccessGroups, vecFaceGroups)
+
+struct PersonBatchAnswer
+{
+    std::vector<AccessControlLogical::PersonFailure_t> vecFailed;
+};
+WIRE_RECORD(PersonBatchAnswer, vecFailed)
+
+struct AuthorizeExceptions
+{
+    std::vector<AccessControlLogical::AuthorizeException_t> vecExceptions;
+};
+WIRE_RECORD(AuthorizeExceptions, vecExceptions)
+
+struct CapturedFingerprint
+{
+    std::string sTemplate; ///< Base64; empty: the device saw no finger
+};
+WIRE_RECORD(CapturedFingerprint, sTemplate)
+
+struct DevicePersons
+{
+    std::vector<AccessControlLogical::Person_t> vecPersons;
+};
+WIRE_RECORD(DevicePersons, vecPersons)
+
+struct RecordTotal
+{
+    int nTotal = 0;
+};
+WIRE_RECORD(RecordTotal, nTotal)
+
+struct AccessRecords
+{
+    std::vector<AccessControlLogical::AccessRecord_t> vecRecords;
+    int nTotal = 0;
+};
+WIRE_RECORD(AccessRecords, vecRecords, nTotal)
+
+/// The detail of a failure ErrorPersonDuplicate: a line a clash.
+inline std::string ClashText(const std::vector<AccessControlLogical::PersonClash_t>& vecClashes)
+{
+    std::string sText;
+    for (const AccessControlLogical::PersonClash_t& clash : vecClashes)
+        sText += std::to_string(clash.nKind) + ':' + clash.sValue + '\n';
+    return sText;
+}
+
+/// The clashes of such a detail; lines of another form are left out.
+inline std::vector<AccessControlLogical::PersonClash_t> ClashesOf(const std::string& sText)
+{
+    std::vector<AccessControlLogical::PersonClash_t> vecClashes;
+    for (std::size_t nFrom = 0; nFrom < sText.size();) {
+        const std::size_t nEnd = std::min(sText.find('\n', nFrom), sText.size());
+        if (nEnd - nFrom >= 2 && sText[nFrom + 1] == ':')
+            vecClashes.push_back({sText[nFrom] - '0', sText.substr(nFrom + 2, nEnd - nFrom - 2)});
+        nFrom = nEnd + 1;
+    }
+    return vecClashes;
+}
 
 } // namespace wire

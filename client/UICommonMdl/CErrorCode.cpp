@@ -96,6 +96,9 @@ const std::map<int, const char*>& Texts()
         {ErrorCloudUnreachable,
             QT_TRANSLATE_NOOP("CErrorCode", "The cloud account service cannot be reached.")},
         {ErrorCloudRefused, QT_TRANSLATE_NOOP("CErrorCode", "The cloud account service refused.")},
+        {ErrorPersonDuplicate,
+            QT_TRANSLATE_NOOP("CErrorCode", "The ID, a card number or a plate number exists already.")},
+        {ErrorPhoto, QT_TRANSLATE_NOOP("CErrorCode", "The photo is no JPEG picture, or too large.")},
     };
     return s_texts;
 }

@@ -1,5 +1,6 @@
 #include <UICommonMdl/CInterfaceSetManager.h>
 
+#include <AccessControlLogical/IAccessControlManager.h>
 #include <GroupLogical/IGroupManager.h>
 #include <RemoteConfigLogical/IRemoteConfigManager.h>
 #include <UICommonMdl/ILocalConfig.h>
@@ -57,6 +58,12 @@ RemoteConfigLogical::IRemoteConfigManager* CInterfaceSetManager::GetRemoteConfig
 UserLogical::IUserManager* CInterfaceSetManager::GetUserManager() const
 {
     return static_cast<UserLogical::IUserManager*>(FindManager(UserLogical::IUserManager::InterfaceId));
+}
+
+AccessControlLogical::IAccessControlManager* CInterfaceSetManager::GetAccessControlManager() const
+{
+    return static_cast<AccessControlLogical::IAccessControlManager*>(
+        FindManager(AccessControlLogical::IAccessControlManager::InterfaceId));
 }
 
 ILocalConfig* CInterfaceSetManager::GetLocalConfig() const

@@ -9,6 +9,9 @@ namespace VxPluginAPI {
 class IAbstractResourceManager;
 class IManager;
 } // namespace VxPluginAPI
+namespace AccessControlLogical {
+class IAccessControlManager;
+}
 namespace GroupLogical {
 class IGroupManager;
 }
@@ -42,6 +45,7 @@ public:
     GroupLogical::IGroupManager* GetGroupManager() const;
     RemoteConfigLogical::IRemoteConfigManager* GetRemoteConfigManager() const;
     UserLogical::IUserManager* GetUserManager() const;
+    AccessControlLogical::IAccessControlManager* GetAccessControlManager() const;
     ILocalConfig* GetLocalConfig() const;
     ITransferManager* GetTransferManager() const;
 

@@ -77,6 +77,10 @@ enum ErrorCode : int
     ErrorCloudNotConfigured = 140,
     ErrorCloudUnreachable = 141,
     ErrorCloudRefused = 142,
+
+    // Persons.
+    ErrorPersonDuplicate = 160, ///< an ID, card number or plate number is another person's
+    ErrorPhoto = 161, ///< no JPEG picture, damaged, or too large
 };
 
 } // namespace UICommonMdl

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FakeAccessControlManager.h"
 #include "FakeGroupManager.h"
 #include "FakeRemoteConfigManager.h"
 #include "FakeTransferManager.h"
@@ -28,8 +29,10 @@ class FakeHost : public VxPluginAPI::IAbstractResourceManager
 {
 public:
     FakeHost();
+    ~FakeHost();
     VxPluginAPI::IManager* FindManager(const std::string& sInterfaceId) override;
 
+    FakeAccessControlManager access;
     FakeGroupManager group;
     FakeRemoteConfigManager remote;
     FakeUserManager user;

@@ -1,0 +1,12 @@
+#include "CPersonManagerCtrl.h"
+
+namespace BasicInfoManagerUI {
+
+CPersonManagerCtrl::CPersonManagerCtrl(UICommonMdl::CInterfaceSetManager*, QWidget* pParent)
+    : QWidget(pParent)
+{
+}
+
+void CPersonManagerCtrl::Uninit() { }
+
+} // namespace BasicInfoManagerUI
