@@ -40,3 +40,5 @@ std::vector<BenchResult> BenchServerQueries();
 std::vector<BenchResult> BenchImportFile();
 std::vector<BenchResult> BenchImport();
 std::vector<BenchResult> BenchDiscovery();
+std::vector<BenchResult> BenchPersons();
+std::vector<BenchResult> BenchPersonTree();

@@ -8,20 +8,21 @@
 
 namespace {
 
-constexpr int StartTimeOutMs = 120000;
+constexpr int StartTimeOutMs = 600000;
 const char* const ReadyPrefix = "listening on ";
 
 } // namespace
 
-BenchServer::BenchServer(int nDevices)
+BenchServer::BenchServer(const QStringList& listSeeds)
     : m_sPassword(QStringLiteral("Aa1-") + QUuid::createUuid().toString(QUuid::Id128).left(20))
 {
     const QString sProgram = QCoreApplication::applicationDirPath() + QStringLiteral("/platformd");
     m_process.setStandardErrorFile(m_folder.filePath(QStringLiteral("log")));
     m_process.start(sProgram,
-        {QStringLiteral("--listen"), QStringLiteral("127.0.0.1:0"), QStringLiteral("--data-dir"),
-            m_folder.path(), QStringLiteral("--seed-devices"), QString::number(nDevices),
-            QStringLiteral("--probe-interval"), QStringLiteral("0"), QStringLiteral("--exit-with-parent")});
+        listSeeds
+            + QStringList{QStringLiteral("--listen"), QStringLiteral("127.0.0.1:0"),
+                QStringLiteral("--data-dir"), m_folder.path(), QStringLiteral("--probe-interval"),
+                QStringLiteral("0"), QStringLiteral("--exit-with-parent")});
     QByteArray line;
     while (!line.startsWith(ReadyPrefix)) {
         if (!m_process.waitForReadyRead(StartTimeOutMs)) {

@@ -4,11 +4,15 @@
 #include <QTemporaryDir>
 #include <QUrl>
 
-/// A "platformd" of its own with that many devices, on a free loopback port; ends with the object.
+/// A "platformd" of its own, filled by its seeds, on a free loopback port; ends with the object.
 class BenchServer
 {
 public:
-    explicit BenchServer(int nDevices);
+    explicit BenchServer(int nDevices)
+        : BenchServer({QStringLiteral("--seed-devices"), QString::number(nDevices)})
+    {
+    }
+    explicit BenchServer(const QStringList& listSeeds);
     ~BenchServer();
     BenchServer(const BenchServer&) = delete;
     BenchServer& operator=(const BenchServer&) = delete;

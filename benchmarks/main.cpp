@@ -33,7 +33,8 @@ int main(int argc, char** argv)
         const char* pszName;
         std::vector<BenchResult> (*run)();
     } benchmarks[] = {{"home", &BenchHomePage}, {"device", &BenchDevicePage}, {"server", &BenchServerQueries},
-        {"file", &BenchImportFile}, {"import", &BenchImport}, {"discovery", &BenchDiscovery}};
+        {"file", &BenchImportFile}, {"import", &BenchImport}, {"discovery", &BenchDiscovery},
+        {"persons", &BenchPersons}, {"tree", &BenchPersonTree}};
     printf("name | measured | reference | ratio | bound\n");
     bool bHeld = true;
     for (const auto& benchmark : benchmarks) {

@@ -14,7 +14,7 @@ namespace {
 
 /// A slow device keeps its thread, so there are more of them than processors.
 constexpr std::size_t Threads = 32;
-constexpr std::size_t MaxBody = std::size_t{64} * 1024;
+constexpr std::size_t MaxBody = std::size_t{2} * 1024 * 1024;
 constexpr std::size_t MaxTarget = 256;
 constexpr int PollMs = 100;
 constexpr int TimeOutMs = 5000;

@@ -24,6 +24,9 @@ void Apply(const json& change, DeviceState& state)
 {
     state.slow_ms = change.value("slow_ms", state.slow_ms);
     state.refuse_password = change.value("refuse_password", state.refuse_password);
+    state.refuse_fingerprints = change.value("refuse_fingerprints", state.refuse_fingerprints);
+    state.finger_ms = change.value("finger_ms", state.finger_ms);
+    state.finger_empty = change.value("finger_empty", state.finger_empty);
     state.time_zone_support = change.value("time_zone_support", state.time_zone_support);
 }
 

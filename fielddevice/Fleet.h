@@ -30,10 +30,15 @@ struct DeviceState
     bool refuse_password = false;
     int slow_ms = 0;
     bool present = true;
+    nlohmann::json persons = nlohmann::json::object(); ///< by ID, as they were sent
+    bool refuse_fingerprints = false; ///< takes persons without them
+    int finger_ms = 1500; ///< how long it takes until a finger is on the reader; below 0: none comes
+    bool finger_empty = false; ///< the finger cannot be read
+    std::int64_t finger_since = 0; ///< when the reader began to wait
 };
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(DeviceState, address, port, user, password, contact,
     initialized, mask, gateway, next_address, next_mask, time_zone, time_zone_support, refuse_password,
-    slow_ms, present)
+    slow_ms, present, persons, refuse_fingerprints, finger_ms, finger_empty, finger_since)
 
 /// One simulated device. Any thread.
 class Device

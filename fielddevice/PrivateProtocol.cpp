@@ -82,6 +82,7 @@ struct Route
     const char* szMethod;
     const char* szPath;
     Answer (*handle)(const Services&, Device&, const json&);
+    bool bOfPersons = false; ///< of devices that keep persons only
 };
 constexpr Route Routes[] = {
     {"GET", "/api/identity", Identity},
@@ -89,6 +90,11 @@ constexpr Route Routes[] = {
     {"POST", "/api/password", Password},
     {"POST", "/api/time-zone", TimeZone},
     {"POST", "/api/network", Network},
+    {"POST", "/api/person", PutPerson, true},
+    {"POST", "/api/person/remove", RemovePerson, true},
+    {"GET", "/api/persons", Persons, true},
+    {"POST", "/api/fingerprint/start", StartFingerprint, true},
+    {"GET", "/api/fingerprint", ReadFingerprint, true},
 };
 
 Answer FirstPassword(const Services& services, Device& device, const json& body)
@@ -113,6 +119,8 @@ Answer AnswerRoute(
         answer.bStale = verdict == DigestGate::Verdict::Stale;
         return answer;
     }
+    if (route.bOfPersons && !KeepsPersons(device.Spec()))
+        return Fail(501, "not_supported", "The device keeps no persons");
     return route.handle(services, device, body);
 }
 

@@ -37,6 +37,13 @@ struct Services
 
 /// Any thread.
 Answer AnswerPrivate(const Services& services, Device& device, const Query& query);
+/// True for a device that opens doors or moves lifts, and so knows who may.
+bool KeepsPersons(const DeviceSpec& spec);
+Answer PutPerson(const Services& services, Device& device, const nlohmann::json& body);
+Answer RemovePerson(const Services& services, Device& device, const nlohmann::json& body);
+Answer Persons(const Services& services, Device& device, const nlohmann::json& body);
+Answer StartFingerprint(const Services& services, Device& device, const nlohmann::json& body);
+Answer ReadFingerprint(const Services& services, Device& device, const nlohmann::json& body);
 Answer AnswerOnvif(const Services& services, Device& device, const Query& query);
 
 } // namespace FieldDevice

@@ -11,6 +11,11 @@
 #include "http/FileRoutes.h"
 #include "http/HttpFront.h"
 #include "import/ImportService.h"
+#include "persons/AuthorizationService.h"
+#include "persons/CredentialService.h"
+#include "persons/DepartmentService.h"
+#include "persons/PersonService.h"
+#include "persons/PhotoStore.h"
 #include "seed/Seeds.h"
 #include "services/Catalog.h"
 #include "services/ChannelReader.h"
@@ -34,6 +39,7 @@
 
 #include <algorithm>
 #include <mutex>
+#include <thread>
 
 namespace Platform {
 
@@ -52,6 +58,7 @@ struct PlatformServer::Private
     void Register();
     void RegisterDevices();
     void RegisterField();
+    void RegisterPersons();
     void RegisterFiles();
     void AddressesChanged(const std::vector<std::string>& vecDeviceIds);
     void Close();
@@ -74,6 +81,12 @@ struct PlatformServer::Private
     std::unique_ptr<FieldService> pField;
     std::unique_ptr<ImportService> pImport;
     std::unique_ptr<ChannelReader> pChannels;
+    std::unique_ptr<PhotoStore> pPhotos;
+    std::unique_ptr<std::jthread> pPhotoSweep; ///< removes what an earlier stop has left
+    std::unique_ptr<AuthorizationService> pAuthorization;
+    std::unique_ptr<DepartmentService> pDepartments;
+    std::unique_ptr<PersonService> pPersons;
+    std::unique_ptr<CredentialService> pCredentials;
     std::unique_ptr<Dispatcher> pDispatcher;
     std::unique_ptr<FileRoutes> pFiles;
     std::unique_ptr<HttpFront> pHttp;
@@ -96,11 +109,15 @@ void PlatformServer::Private::OpenStore()
     try {
         pPool = std::make_unique<DatabasePool>(options.database, options.nReaders);
         pPool->WriteBare([](Database& database) { Migrate(database, Migrations(database.IsPostgres())); });
-        const Seeds seeds(*pPool);
+        pBox = std::make_unique<SecretBox>(options.sDataDir + QStringLiteral("/secret.key"));
+        pPhotos = std::make_unique<PhotoStore>(options.sDataDir + QStringLiteral("/photos"));
+        const Seeds seeds(*pPool, *pBox, *pPhotos);
         if (options.bSeedDemo)
-            seeds.Demo(options.sDataDir);
+            seeds.Demo(options.sDataDir, options.clock());
         if (options.nSeedDevices > 0)
             seeds.Bulk(options.nSeedDevices);
+        if (options.nSeedPersons > 0)
+            seeds.BulkPersons(options.nSeedPersons, options.nSeedPersonGroups);
     } catch (const ServiceError& error) {
         throw StartError(ExitDatabase,
             "The database " + options.database.Display().toStdString() + " cannot be prepared: "
@@ -110,7 +127,6 @@ void PlatformServer::Private::OpenStore()
 
 void PlatformServer::Private::MakeServices()
 {
-    pBox = std::make_unique<SecretBox>(options.sDataDir + QStringLiteral("/secret.key"));
     drivers = Drivers();
     drivers.Add(std::make_unique<FieldDeviceDriver>(options.nDeviceTimeoutMs, options.nDiscoveryPort));
     drivers.Add(std::make_unique<OnvifDriver>(options.nDeviceTimeoutMs, options.nOnvifDiscoveryPort));
@@ -123,6 +139,11 @@ void PlatformServer::Private::MakeServices()
         *pPool, *pJobs, *pDevices, audit, *pBox, drivers, options.nSearchTimeoutMs);
     pImport = std::make_unique<ImportService>(*pPool, *pJobs, *pDevices, audit, *pBox);
     pChannels = std::make_unique<ChannelReader>(*pPool, *pDevices, *pBox, drivers);
+    pAuthorization = std::make_unique<AuthorizationService>(*pPool, hub, *pJobs, *pBox, drivers, *pPhotos);
+    pDepartments = std::make_unique<DepartmentService>(*pPool, hub, audit, generations);
+    pPersons =
+        std::make_unique<PersonService>(*pPool, hub, audit, generations, *pBox, *pPhotos, *pAuthorization);
+    pCredentials = std::make_unique<CredentialService>(*pPool, *pJobs, *pBox, drivers, options.clock);
 }
 
 void PlatformServer::Private::Register()
@@ -162,6 +183,7 @@ void PlatformServer::Private::Register()
     });
     RegisterDevices();
     RegisterField();
+    RegisterPersons();
     RegisterFiles();
 }
 
@@ -241,6 +263,64 @@ void PlatformServer::Private::RegisterField()
         [&](const C&, const auto& request) { return pCloud->Query(request); });
 }
 
+void PlatformServer::Private::RegisterPersons()
+{
+    Dispatcher& table = *pDispatcher;
+    DepartmentService& departments = *pDepartments;
+    PersonService& persons = *pPersons;
+    AuthorizationService& authorization = *pAuthorization;
+    CredentialService& credentials = *pCredentials;
+    using namespace wire;
+    using C = Context;
+
+    table.Register<QueryDepartmentTree>([&](const C&, const auto&) { return departments.Query(); });
+    table.Register<AddDepartment>(
+        [&](const C& context, const auto& request) { return departments.Add(context, request); });
+    table.Register<ModifyDepartment>(
+        [&](const C& context, const auto& request) { return departments.Modify(context, request); });
+    table.Register<wire::DeleteDepartment>([&](const C& context, const auto& request) {
+        persons.DeleteDepartment(context, departments, request);
+        return Nothing{};
+    });
+    table.Register<QueryPersonList>(
+        [&](const C&, const auto& request) { return persons.QueryPage(request); });
+    table.Register<QueryPersonDetail>(
+        [&](const C&, const auto& request) { return persons.QueryDetail(request); });
+    table.Register<AddPerson>(
+        [&](const C& context, const auto& request) { return persons.Add(context, request); });
+    table.Register<ModifyPerson>(
+        [&](const C& context, const auto& request) { return persons.Modify(context, request); });
+    table.Register<DeletePersons>(
+        [&](const C& context, const auto& request) { return persons.Delete(context, request); });
+    table.Register<DeleteAllPersons>([&](const C& context, const auto& request) {
+        persons.DeleteAll(context, request);
+        return Nothing{};
+    });
+    table.Register<MovePersons>(
+        [&](const C& context, const auto& request) { return persons.Move(context, request); });
+    table.Register<IssueCards>([&](const C& context, const auto& request) {
+        persons.IssueCards(context, request);
+        return Nothing{};
+    });
+    table.Register<AuthorizePersons>(
+        [&](const C& context, const auto& request) { return persons.Authorize(context, request); });
+    table.Register<ReissuePersonRight>(
+        [&](const C& context, const auto& request) { return authorization.Reissue(context, request); });
+    table.Register<QueryAuthorizeException>(
+        [&](const C&, const auto& request) { return authorization.Exceptions(request); });
+    table.Register<QueryPermissionChoices>([&](const C&, const auto&) { return persons.QueryChoices(); });
+    table.Register<QueryResidenceScenario>([&](const C&, const auto&) { return persons.QueryResidence(); });
+    table.Register<QueryQrCode>([&](const C&, const auto& request) { return credentials.QrCode(request); });
+    table.Register<CaptureFingerprint>(
+        [&](const C& context, const auto& request) { return credentials.Capture(context, request); });
+    table.Register<ExtractPersons>(
+        [&](const C& context, const auto& request) { return credentials.Extract(context, request); });
+    table.Register<QueryRecordTotal>(
+        [&](const C&, const auto& request) { return credentials.CountRecords(request); });
+    table.Register<QueryRecords>(
+        [&](const C&, const auto& request) { return credentials.QueryRecords(request); });
+}
+
 void PlatformServer::Private::RegisterFiles()
 {
     FileRoutes& files = *pFiles;
@@ -259,6 +339,12 @@ void PlatformServer::Private::RegisterFiles()
     files.AddDownload("import-failures", sRight, [=, &imports](const Context& context, const auto& mapQuery) {
         return asResponse(imports.FailureList(context, valueOf(mapQuery, "job")));
     });
+    files.AddDownload("person-photo", std::string(wire::QueryPersonList::Right),
+        [=, &persons = *pPersons](const Context&, const auto& mapQuery) {
+            return FileResponse{200,
+                persons.Photo(valueOf(mapQuery, "person"), valueOf(mapQuery, "photo")).toStdString(),
+                "image/jpeg", {}};
+        });
     files.AddUpload("device-sheet", sRight,
         [=, &imports](const Context& context, const auto& mapQuery, const std::string& sBody) {
             return nlohmann::json(
@@ -289,7 +375,13 @@ void PlatformServer::Private::Close()
     pFiles.reset();
     pDispatcher.reset();
     pChannels.reset();
+    pPhotoSweep.reset();
     pJobs.reset();
+    pCredentials.reset();
+    pPersons.reset();
+    pDepartments.reset();
+    pAuthorization.reset();
+    pPhotos.reset();
     pImport.reset();
     pField.reset();
     pDevices.reset();
@@ -346,9 +438,18 @@ void PlatformServer::Start()
         const std::lock_guard lock(p.proberMutex);
         p.pProber = std::make_unique<Prober>(*p.pPool, p.hub, p.generations,
             std::make_unique<TcpReachability>(p.options.nProbeConcurrency, p.options.nProbeTimeoutMs),
-            std::chrono::seconds(p.options.nProbeIntervalSeconds),
-            [pChannels = p.pChannels.get()](const auto& vecIds) { pChannels->ReadSoon(vecIds); });
+            std::chrono::seconds(p.options.nProbeIntervalSeconds), [&p](const auto& vecIds) {
+                p.pChannels->ReadSoon(vecIds);
+                p.pAuthorization->DevicesOnline(vecIds);
+            });
     }
+    p.pPhotoSweep = std::make_unique<std::jthread>([&p](const std::stop_token& stop) {
+        try {
+            p.pPhotos->RemoveUnused(*p.pPool, stop);
+        } catch (const ServiceError&) {
+            // The database is busy: the next start looks again.
+        }
+    });
     Log::Info("server", "Serving",
         {{"address", p.pHttp->Url()}, {"database", p.options.database.Display().toStdString()}});
 }

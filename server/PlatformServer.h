@@ -29,6 +29,8 @@ struct ServerOptions
     QString sKey;
     bool bSeedDemo = false;
     int nSeedDevices = 0;
+    int nSeedPersons = 0;
+    int nSeedPersonGroups = 100;
     int nProbeIntervalSeconds = 15; ///< 0: no probing
     int nProbeConcurrency = 256;
     int nProbeTimeoutMs = 2000;

@@ -99,6 +99,8 @@ void AddOptions(QCommandLineParser& parser)
     value("tls-key", "PEM file of the certificate's key.", "FILE", {});
     flag("seed-demo", "Fill an empty database with a demonstration site.");
     value("seed-devices", "Fill an empty database with that many devices.", "NUMBER", QStringLiteral("0"));
+    value("seed-persons", "Fill a database without persons with that many.", "NUMBER", QStringLiteral("0"));
+    value("seed-person-groups", "Groups of --seed-persons.", "NUMBER", QStringLiteral("100"));
     value("probe-interval", "Seconds between two looks at the devices; 0: never.", "SECONDS",
         QStringLiteral("15"));
     value("probe-concurrency", "Devices that are tried at a time.", "NUMBER", QStringLiteral("256"));
@@ -142,6 +144,8 @@ CommandLine Read(const QCoreApplication& application)
         Refuse("--tls-cert and --tls-key go together");
     options.bSeedDemo = parser.isSet(QStringLiteral("seed-demo"));
     options.nSeedDevices = Number(parser, QStringLiteral("seed-devices"), 0, 1000000);
+    options.nSeedPersons = Number(parser, QStringLiteral("seed-persons"), 0, 10000000);
+    options.nSeedPersonGroups = Number(parser, QStringLiteral("seed-person-groups"), 1, 100000);
     options.nProbeIntervalSeconds = Number(parser, QStringLiteral("probe-interval"), 0, 86400);
     options.nProbeConcurrency = Number(parser, QStringLiteral("probe-concurrency"), 1, 10000);
     options.nProbeTimeoutMs = Number(parser, QStringLiteral("probe-timeout"), 1, 60000);

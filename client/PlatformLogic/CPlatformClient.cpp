@@ -1,11 +1,15 @@
 #include "CPlatformClient.h"
 
+#include "CAccessControlManager.h"
 #include "CGroupManager.h"
 #include "CLocalConfig.h"
 #include "CRemoteConfigManager.h"
 #include "CTransferManager.h"
 #include "CUserManager.h"
 #include "ServerCall.h"
+
+#include <UICommonMdl/CDepartmentModelManager.h>
+#include <UICommonMdl/CPhotoManager.h>
 
 #include <QDir>
 
@@ -16,8 +20,7 @@ using UserLogical::IUserManagerObserver;
 struct CPlatformClient::Private
 {
     Private(CPlatformClient* pOwner, const QString& sConfigFolder);
-    /// Open requests are answered while the managers that they belong to still stand.
-    ~Private() { connection.Stop(); }
+    ~Private();
 
     /// Runs the call on the user-interface thread as long as the client lives.
     template <class Call>
@@ -39,6 +42,7 @@ struct CPlatformClient::Private
     CServerConnection connection;
     CGroupManager groupManager;
     CRemoteConfigManager remoteConfigManager;
+    CAccessControlManager accessControlManager;
     CTransferManager transferManager;
 };
 
@@ -47,9 +51,22 @@ CPlatformClient::Private::Private(CPlatformClient* pOwner, const QString& sConfi
     , localConfig(sConfigFolder)
     , groupManager(connection, userManager)
     , remoteConfigManager(connection, userManager)
+    , accessControlManager(connection, userManager)
 {
+    UICommonMdl::CDepartmentModelManager::Instance()->SetAccessControlManager(&accessControlManager);
+    UICommonMdl::CGlobalPhotoManager::GetPhotoManager()->SetSource(
+        &transferManager, [this] { return QString::fromStdString(userManager.GetToken()); },
+        sConfigFolder + QStringLiteral("/photos"));
     connection.SetEventHandler([this](const auto& sName, const auto& sData) { OnEvent(sName, sData); });
     connection.SetStateHandler([this](CServerConnection::State state) { OnState(state); });
+}
+
+CPlatformClient::Private::~Private()
+{
+    UICommonMdl::CGlobalPhotoManager::GetPhotoManager()->SetSource(nullptr, {}, {});
+    UICommonMdl::CDepartmentModelManager::Instance()->SetAccessControlManager(nullptr);
+    // Open requests are answered while the managers that they belong to still stand.
+    connection.Stop();
 }
 
 void CPlatformClient::Private::OnEvent(const std::string& sName, const std::string& sData)
@@ -61,6 +78,10 @@ void CPlatformClient::Private::OnEvent(const std::string& sName, const std::stri
         groupManager.NotifyPush(IGroupManagerObserver::ResultDevicesChanged);
     else if (sName == wire::event::OrganizationsChanged)
         groupManager.NotifyPush(IGroupManagerObserver::ResultOrganizationsChanged);
+    else if (sName == wire::event::DepartmentsChanged)
+        accessControlManager.NotifyDepartmentsChanged();
+    else if (sName == wire::event::PersonsChanged)
+        accessControlManager.NotifyPersonsChanged();
     else if (sName == wire::event::RightsChanged)
         RefreshSession();
     else if (sName == wire::event::SessionEnded)
@@ -138,6 +159,8 @@ VxPluginAPI::IManager* CPlatformClient::FindManager(const std::string& sInterfac
         return GetGroupManager();
     if (sInterfaceId == RemoteConfigLogical::IRemoteConfigManager::InterfaceId)
         return GetRemoteConfigManager();
+    if (sInterfaceId == AccessControlLogical::IAccessControlManager::InterfaceId)
+        return &m_pPrivate->accessControlManager;
     if (sInterfaceId == UserLogical::IUserManager::InterfaceId)
         return GetUserManager();
     if (sInterfaceId == UICommonMdl::ILocalConfig::InterfaceId)

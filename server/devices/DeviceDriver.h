@@ -1,9 +1,11 @@
 #pragma once
 
+#include <AccessControlLogical/PersonRecords.h>
 #include <RemoteConfigLogical/RemoteConfigRecords.h>
 #include <UICommonMdl/ErrorCodes.h>
 
 #include <cstdint>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -67,6 +69,21 @@ struct NetworkSetting
     std::string sGateway; ///< IPv4; empty: none
 };
 
+/// A person as an access-control device keeps it: what opens doors there.
+struct DevicePerson
+{
+    AccessControlLogical::Person_t person; ///< with fingerprint templates and unlock password
+    std::string sPhoto; ///< JPEG in Base64; empty: none
+};
+
+/// A part of a person that a device did not take.
+struct PersonRefusal
+{
+    int nCredential = AccessControlLogical::CredentialPerson; ///< CredentialKind
+    int nCode = UICommonMdl::ErrorDeviceRefused;
+    std::string sText; ///< the device's own words
+};
+
 /// Speaks one access protocol. Any thread, several at once; each call blocks until the device has answered or
 /// the driver's time-out is over, and throws DeviceError.
 class DeviceDriver
@@ -87,6 +104,36 @@ public:
     virtual void SetTimeZone(
         const DeviceAccess& access, const RemoteConfigLogical::TimeZoneSetting_t& setting) = 0;
     virtual void SetAddress(const DeviceAccess& access, const NetworkSetting& setting) = 0;
+
+    // Persons, of devices that open doors.
+
+    /// Adds or replaces a person; answers what the device did not take of it.
+    virtual std::vector<PersonRefusal> PutPerson(
+        const DeviceAccess& /*access*/, const DevicePerson& /*person*/)
+    {
+        throw DeviceError(UICommonMdl::ErrorDeviceNotSupported);
+    }
+    /// A person that the device does not know is no error.
+    virtual void RemovePerson(const DeviceAccess& /*access*/, const std::string& /*sPersonId*/)
+    {
+        throw DeviceError(UICommonMdl::ErrorDeviceNotSupported);
+    }
+    /// The persons that the device holds, at most nLimit; without templates and passwords.
+    virtual std::vector<AccessControlLogical::Person_t> Persons(
+        const DeviceAccess& /*access*/, std::size_t /*nLimit*/)
+    {
+        throw DeviceError(UICommonMdl::ErrorDeviceNotSupported);
+    }
+    /// Begins to wait for a finger on the device's reader.
+    virtual void StartFingerprint(const DeviceAccess& /*access*/)
+    {
+        throw DeviceError(UICommonMdl::ErrorDeviceNotSupported);
+    }
+    /// The template in Base64 once a finger was there (empty when it could not be read); nullopt: not yet.
+    virtual std::optional<std::string> ReadFingerprint(const DeviceAccess& /*access*/)
+    {
+        throw DeviceError(UICommonMdl::ErrorDeviceNotSupported);
+    }
 
     // Discovery: one datagram asks, any number of them answer.
 

@@ -5,15 +5,20 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <limits>
 
 namespace Platform {
 
 namespace {
 
+using AccessControlLogical::Person_t;
 using nlohmann::json;
 using RemoteConfigLogical::SearchDeviceInfo_t;
 constexpr int MaxCount = 65535;
+constexpr std::size_t TemplateLimit = 4096;
+/// What a device calls the kinds of credentials, in their order.
+constexpr std::string_view CredentialNames[] = {"person", "card", "face", "fingerprint", "password"};
 
 struct ErrorName
 {
@@ -80,6 +85,35 @@ std::string Dump(const json& object)
     } catch (const json::exception&) {
         throw DeviceError(UICommonMdl::ErrorDeviceRefused, "the text is not UTF-8");
     }
+}
+
+json PersonJson(const DevicePerson& sent)
+{
+    const Person_t& person = sent.person;
+    json cards = json::array();
+    for (const auto& card : person.vecCards)
+        cards.push_back({{"no", card.sCardNo}, {"duress", card.bDuress}, {"locked", card.bLocked}});
+    json fingerprints = json::array();
+    for (const auto& fingerprint : person.vecFingerprints)
+        fingerprints.push_back({{"name", fingerprint.sName}, {"duress", fingerprint.bDuress},
+            {"template", fingerprint.sTemplate}});
+    return {{"id", person.sPersonId}, {"name", person.sName}, {"type", person.nPersonType},
+        {"valid_from", person.nValidFrom}, {"valid_to", person.nValidTo}, {"extend_time", person.nExtendTime},
+        {"card_times", person.nCardTimes}, {"admin", person.bDeviceLogin}, {"cards", cards},
+        {"fingerprints", fingerprints}, {"password", person.sUnlockPassword}, {"photo", sent.sPhoto}};
+}
+
+Person_t ReadPerson(const json& entry)
+{
+    Person_t person;
+    person.sPersonId = Text(entry, "id");
+    person.sName = Text(entry, "name");
+    person.nPersonType = Number(entry, "type", AccessControlLogical::PersonOther);
+    for (const json& card : entry.value("cards", json::array())) {
+        if (card.is_object() && !Text(card, "no").empty())
+            person.vecCards.push_back({Text(card, "no")});
+    }
+    return person;
 }
 
 json DateJson(const RemoteConfigLogical::DstDate_t& date)
@@ -153,6 +187,59 @@ void FieldDeviceDriver::SetAddress(const DeviceAccess& access, const NetworkSett
 {
     const json body{{"address", setting.sAddress}, {"mask", setting.sMask}, {"gateway", setting.sGateway}};
     Call(access, m_nTimeoutMs, {.sMethod = "POST", .sPath = "/api/network", .sBody = Dump(body)});
+}
+
+std::vector<PersonRefusal> FieldDeviceDriver::PutPerson(
+    const DeviceAccess& access, const DevicePerson& person)
+{
+    const json answer = Call(
+        access, m_nTimeoutMs, {.sMethod = "POST", .sPath = "/api/person", .sBody = Dump(PersonJson(person))});
+    std::vector<PersonRefusal> vecRefusals;
+    for (const json& refused : answer.value("refused", json::array())) {
+        if (!refused.is_object())
+            continue;
+        const std::string sKind = Text(refused, "credential");
+        const auto it = std::find(std::begin(CredentialNames), std::end(CredentialNames), sKind);
+        const auto nKind = it == std::end(CredentialNames) ? 0 : it - std::begin(CredentialNames);
+        vecRefusals.push_back(
+            {static_cast<int>(nKind), UICommonMdl::ErrorDeviceRefused, Text(refused, "message")});
+    }
+    return vecRefusals;
+}
+
+void FieldDeviceDriver::RemovePerson(const DeviceAccess& access, const std::string& sPersonId)
+{
+    Call(access, m_nTimeoutMs,
+        {.sMethod = "POST", .sPath = "/api/person/remove", .sBody = Dump({{"id", sPersonId}})});
+}
+
+std::vector<Person_t> FieldDeviceDriver::Persons(const DeviceAccess& access, std::size_t nLimit)
+{
+    const json answer = Call(access, m_nTimeoutMs, {.sPath = "/api/persons"});
+    std::vector<Person_t> vecPersons;
+    for (const json& entry : answer.value("persons", json::array())) {
+        if (vecPersons.size() == nLimit)
+            break;
+        if (entry.is_object())
+            vecPersons.push_back(ReadPerson(entry));
+    }
+    return vecPersons;
+}
+
+void FieldDeviceDriver::StartFingerprint(const DeviceAccess& access)
+{
+    Call(access, m_nTimeoutMs, {.sMethod = "POST", .sPath = "/api/fingerprint/start", .sBody = "{}"});
+}
+
+std::optional<std::string> FieldDeviceDriver::ReadFingerprint(const DeviceAccess& access)
+{
+    const json answer = Call(access, m_nTimeoutMs, {.sPath = "/api/fingerprint"});
+    if (Text(answer, "state") != "done")
+        return std::nullopt;
+    const auto it = answer.find("template");
+    return it != answer.end() && it->is_string() && it->get_ref<const std::string&>().size() <= TemplateLimit
+        ? it->get<std::string>()
+        : std::string();
 }
 
 std::string FieldDeviceDriver::DiscoveryProbe() const

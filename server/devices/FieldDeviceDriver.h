@@ -25,6 +25,13 @@ public:
         const DeviceAccess& access, const RemoteConfigLogical::TimeZoneSetting_t& setting) override;
     void SetAddress(const DeviceAccess& access, const NetworkSetting& setting) override;
 
+    std::vector<PersonRefusal> PutPerson(const DeviceAccess& access, const DevicePerson& person) override;
+    void RemovePerson(const DeviceAccess& access, const std::string& sPersonId) override;
+    std::vector<AccessControlLogical::Person_t> Persons(
+        const DeviceAccess& access, std::size_t nLimit) override;
+    void StartFingerprint(const DeviceAccess& access) override;
+    std::optional<std::string> ReadFingerprint(const DeviceAccess& access) override;
+
     int DiscoveryPort() const override { return m_nDiscoveryPort; }
     std::string DiscoveryGroup() const override { return Group; }
     std::string DiscoveryProbe() const override;

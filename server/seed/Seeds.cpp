@@ -2,7 +2,9 @@
 
 #include "DeviceWriter.h"
 #include "Log.h"
+#include "PersonSeeds.h"
 #include "ServiceError.h"
+#include "services/DeviceRecords.h"
 #include "services/DeviceService.h"
 
 #include <nlohmann/json.hpp>
@@ -20,6 +22,9 @@ using GroupLogical::DeviceAddInfo_t;
 namespace {
 
 constexpr int DemoDevices = 300;
+constexpr int DoorCategory = 8;
+constexpr int LiftCategory = 50;
+constexpr const char* DoorPassword = "Door-2024";
 
 /// What devices of a category are called, and how many of a hundred there are.
 struct Kind
@@ -47,7 +52,7 @@ constexpr std::array<Kind, 15> Kinds{{
     {43, 2, "Perimeter Radar", "RD-60", "Private", 0},
     {6, 1, "Matrix", "MX-32", "Private", 32},
     {45, 1, "Wall Controller", "WC-16", "Private", 0},
-    {50, 1, "Lift Controller", "LC-8", "Modbus TCP", 0},
+    {50, 1, "Lift Controller", "LC-8", "Private", 0},
 }};
 
 constexpr std::array<const char*, 5> Makers{"Alderpoint", "Brightwell", "Corvane", "Dunmoor", "Elmsgate"};
@@ -187,15 +192,41 @@ void AddOperator(Database& database)
     database.Run(QStringLiteral("INSERT INTO account_role (account_id, role_id) VALUES (2, 2)"));
 }
 
-/// Answers the list of addresses for the simulated devices.
-nlohmann::json AddDemo(Database& database)
+struct DemoSite
+{
+    nlohmann::json list = nlohmann::json::array(); ///< of addresses, for the simulated devices
+    std::vector<PersonSeeds::Door> vecDoors;
+    std::vector<PersonSeeds::Door> vecLifts;
+};
+
+/// Devices that open doors are simulated whole, so that they take persons; others only listen.
+nlohmann::json ListEntry(const DeviceAddInfo_t& device, bool bListens)
+{
+    nlohmann::json entry{{"address", device.sIp}, {"port", device.nPort}};
+    const bool bDoor = device.nCategory == DoorCategory;
+    if ((!bDoor && device.nCategory != LiftCategory) || !bListens) {
+        entry["listen"] = bListens;
+        return entry;
+    }
+    entry["simulate"] = true;
+    entry["category"] = device.nCategory;
+    entry["model"] = device.sModel;
+    entry["manufacturer"] = device.sManufacturer;
+    entry["serial"] = device.sSerialNumber;
+    entry["user"] = device.sUserName;
+    entry["password"] = DoorPassword;
+    entry["channels"] = {{bDoor ? "access" : "lifts", 4}, {"alarm_inputs", device.nAlarmInputs}};
+    return entry;
+}
+
+DemoSite AddDemo(Database& database)
 {
     CheckEmpty(database);
     DeviceWriter writer(database);
     const std::vector<Place> vecPlaces = AddCompany(database, writer);
     AddOperator(database);
     std::mt19937 random(20240501);
-    nlohmann::json list = nlohmann::json::array();
+    DemoSite site;
     std::vector<qlonglong> vecIds;
     for (int i = 0; i < DemoDevices; ++i) {
         const Place& place = vecPlaces[static_cast<std::size_t>(i) % vecPlaces.size()];
@@ -212,11 +243,15 @@ nlohmann::json AddDemo(Database& database)
         else if (!bListens && i % 45 == 5)
             SetRegistering(device, Numbered("REG-", i + 1, 4));
         else
-            list.push_back({{"address", device.sIp}, {"port", device.nPort}, {"listen", bListens}});
+            site.list.push_back(ListEntry(device, bListens));
         vecIds.push_back(writer.AddDevice(device));
+        if (kind.nCategory == DoorCategory)
+            site.vecDoors.push_back({vecIds.back(), device.sName});
+        if (kind.nCategory == LiftCategory)
+            site.vecLifts.push_back({vecIds.back(), device.sName});
     }
     AddObstacles(writer, vecIds);
-    return list;
+    return site;
 }
 
 void WriteList(const QString& sPath, const nlohmann::json& list)
@@ -229,16 +264,23 @@ void WriteList(const QString& sPath, const nlohmann::json& list)
 
 } // namespace
 
-Seeds::Seeds(DatabasePool& pool)
+Seeds::Seeds(DatabasePool& pool, const SecretBox& box, const PhotoStore& photos)
     : m_pool(pool)
+    , m_box(box)
+    , m_photos(photos)
 {
 }
 
-void Seeds::Demo(const QString& sDataDir) const
+void Seeds::Demo(const QString& sDataDir, std::int64_t nNow) const
 {
-    m_pool.Write([&sDataDir](Database& database) {
-        const nlohmann::json list = AddDemo(database);
-        WriteList(sDataDir + QStringLiteral("/field-devices.json"), list);
+    m_pool.Write([&](Database& database) {
+        DemoSite site = AddDemo(database);
+        for (const auto* pDevices : {&site.vecDoors, &site.vecLifts})
+            for (const PersonSeeds::Door& device : *pDevices)
+                DeviceRecords::SetPassword(
+                    database, std::to_string(device.nDeviceId), m_box.Seal(DoorPassword));
+        PersonSeeds::Demo(database, m_box, m_photos, site.vecDoors, site.vecLifts, nNow);
+        WriteList(sDataDir + QStringLiteral("/field-devices.json"), site.list);
     });
     Log::Info("seed", "Demonstration data written", {{"devices", std::to_string(DemoDevices)}});
 }
@@ -272,6 +314,16 @@ void Seeds::Bulk(int nDevices) const
             database.Execute(QStringLiteral("ANALYZE device"));
     });
     Log::Info("seed", "Devices written", {{"devices", std::to_string(nDevices)}});
+}
+
+void Seeds::BulkPersons(int nPersons, int nGroups) const
+{
+    m_pool.Write([nPersons, nGroups](Database& database) { PersonSeeds::Bulk(database, nPersons, nGroups); });
+    m_pool.WriteBare([](Database& database) {
+        if (database.IsPostgres())
+            database.Execute(QStringLiteral("ANALYZE person"));
+    });
+    Log::Info("seed", "Persons written", {{"persons", std::to_string(nPersons)}});
 }
 
 } // namespace Platform

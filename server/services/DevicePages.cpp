@@ -2,6 +2,7 @@
 
 #include "ServiceError.h"
 #include "TextRules.h"
+#include "store/TextSearch.h"
 
 #include <QStringList>
 
@@ -16,34 +17,10 @@ using GroupLogical::DevicePageRequest_t;
 
 namespace {
 
-constexpr std::size_t KnownLimit = 256;
-constexpr std::size_t AnchorLimit = 4096;
-constexpr std::size_t TrigramLength = 3;
 constexpr int PageSizeLimit = 1000;
 
 const char* const Columns = "d.id, d.name, d.address, d.port, d.category, d.model, d.org_code, o.name, "
                             "d.online_state, d.offline_reason, d.manufacturer, d.protocol, d.version, ";
-
-std::string WithoutControlCharacters(std::string sText)
-{
-    std::erase_if(sText, [](char c) { return HasControlCharacter(std::string(1, c)); });
-    return sText;
-}
-
-QString LikePattern(const std::string& sText)
-{
-    QString sPattern = QString::fromStdString(sText);
-    for (const QLatin1Char c : {QLatin1Char('\\'), QLatin1Char('%'), QLatin1Char('_')})
-        sPattern.replace(c, QString(QLatin1Char('\\')) + c);
-    return QLatin1Char('%') + sPattern + QLatin1Char('%');
-}
-
-QString QuotedPhrase(const std::string& sText)
-{
-    QString sPhrase = QString::fromStdString(sText);
-    sPhrase.replace(QLatin1Char('"'), QLatin1String("\"\""));
-    return QLatin1Char('"') + sPhrase + QLatin1Char('"');
-}
 
 DeviceInfo_t ReadRow(const Rows& rows)
 {
@@ -78,8 +55,7 @@ struct DevicePages::Filter
     bool IsEmpty() const { return sOrgCode.empty() && nCategory == 0 && !OfState() && sSearch.empty(); }
     bool IsIndexedSearchOnly(const Database& database) const
     {
-        return !database.IsPostgres() && sOrgCode.empty() && nCategory == 0 && !OfState()
-            && CharacterCount(sSearch) >= TrigramLength;
+        return sOrgCode.empty() && nCategory == 0 && !OfState() && TextSearch::IsIndexed(database, sSearch);
     }
     bool OfState() const { return nOnlineState != GroupLogical::StateAll; }
     std::string CacheKey() const;
@@ -95,7 +71,7 @@ DevicePages::Filter::Filter(const DevicePageRequest_t& request)
     : sOrgCode(request.sOrgCode == GroupLogical::RootOrganizationCode ? std::string() : request.sOrgCode)
     , nCategory(request.nCategory)
     , nOnlineState(request.nOnlineState)
-    , sSearch(FoldCase(WithoutControlCharacters(PercentDecoded(request.sSearchText))))
+    , sSearch(TextSearch::Key(PercentDecoded(request.sSearchText)))
     , sSortColumn(request.nSortField == GroupLogical::SortByIp ? QStringLiteral("d.address_key")
                                                                : QStringLiteral("d.name_key"))
 {
@@ -134,19 +110,9 @@ QString DevicePages::Filter::Where(
         listTerms << column("d.online_state") + QLatin1String(" = ?");
         values << nOnlineState;
     }
-    if (!sSearch.empty()) {
-        if (database.IsPostgres()) {
-            listTerms << QStringLiteral("d.search_key LIKE ? ESCAPE '\\'");
-            values << LikePattern(sSearch);
-        } else if (bWalk || CharacterCount(sSearch) < TrigramLength) {
-            listTerms << QStringLiteral("instr(d.search_key, ?) > 0");
-            values << TextValue(sSearch);
-        } else {
-            listTerms << QStringLiteral(
-                "d.id IN (SELECT rowid FROM device_search WHERE device_search MATCH ?)");
-            values << QuotedPhrase(sSearch);
-        }
-    }
+    if (!sSearch.empty())
+        listTerms << TextSearch::Term(
+            database, QStringLiteral("device"), QStringLiteral("d"), sSearch, bWalk, values);
     if (pPlan && pPlan->optAnchor) {
         listTerms << QLatin1Char('(') + sSortColumn + QLatin1String(", d.id) ")
                 + QLatin1String(pPlan->bForward ? ">=" : "<") + QLatin1String(" (?, ?)");
@@ -174,54 +140,9 @@ DevicePages::DevicePages(const Generations& generations)
 {
 }
 
-std::optional<DevicePages::Known> DevicePages::Find(const std::string& sKey, const Filter& filter) const
+PageIndex::Stamp DevicePages::StampOf(const Filter& filter) const
 {
-    const std::lock_guard lock(m_mutex);
-    const auto it = m_mapKnown.find(sKey);
-    if (it == m_mapKnown.end() || it->second.nDevices != m_generations.devices
-        || (filter.OfState() && it->second.nStates != m_generations.states))
-        return std::nullopt;
-    return it->second;
-}
-
-void DevicePages::Remember(const std::string& sKey, const Filter& filter, Known known)
-{
-    const std::lock_guard lock(m_mutex);
-    const auto it = m_mapKnown.find(sKey);
-    if (it == m_mapKnown.end()) {
-        if (m_mapKnown.size() >= KnownLimit) {
-            m_mapKnown.erase(m_order.front());
-            m_order.pop_front();
-        }
-        m_order.push_back(sKey);
-        m_mapKnown.emplace(sKey, std::move(known));
-        return;
-    }
-    // Pages that were served side by side add their anchors.
-    Known& present = it->second;
-    const bool bSame =
-        present.nDevices == known.nDevices && (!filter.OfState() || present.nStates == known.nStates);
-    if (bSame && present.mapAnchors.size() + known.mapAnchors.size() <= AnchorLimit)
-        known.mapAnchors.merge(present.mapAnchors);
-    present = std::move(known);
-}
-
-DevicePages::Plan DevicePages::MakePlan(const Known& known, int nFirst, int nCount)
-{
-    const int nEnd = nFirst + nCount;
-    Plan plan{true, std::nullopt, nFirst, nCount};
-    const auto itAfter = known.mapAnchors.upper_bound(nFirst);
-    if (itAfter != known.mapAnchors.begin()) {
-        const auto it = std::prev(itAfter);
-        plan = {true, it->second, nFirst - it->first, nCount};
-    }
-    if (const auto it = known.mapAnchors.lower_bound(nEnd); it != known.mapAnchors.end()) {
-        if (it->first - nEnd < plan.nSkip)
-            plan = {false, it->second, it->first - nEnd, nCount};
-    } else if (known.nTotal - nEnd < plan.nSkip) {
-        plan = {false, std::nullopt, known.nTotal - nEnd, nCount};
-    }
-    return plan;
+    return {m_generations.devices, filter.OfState() ? m_generations.states.load() : 0};
 }
 
 std::vector<DeviceInfo_t> DevicePages::Read(
@@ -258,13 +179,10 @@ DevicePage_t DevicePages::Page(Database& database, const DevicePageRequest_t& re
         throw ServiceError(UICommonMdl::ErrorInvalidInput, "nPageSize");
     const Filter filter(request);
     const std::string sKey = filter.CacheKey();
-    std::optional<Known> optKnown = Find(sKey, filter);
-    if (!optKnown) {
-        optKnown.emplace();
-        optKnown->nDevices = m_generations.devices;
-        optKnown->nStates = m_generations.states;
-        optKnown->nTotal = Count(database, filter);
-    }
+    const PageIndex::Stamp stamp = StampOf(filter);
+    std::optional<Known> optKnown = m_index.Find(sKey, stamp);
+    if (!optKnown)
+        optKnown = Known{stamp, Count(database, filter), {}};
     Known known = std::move(*optKnown);
 
     DevicePage_t page;
@@ -278,8 +196,8 @@ DevicePage_t DevicePages::Page(Database& database, const DevicePageRequest_t& re
         Key first;
         Key last;
         const int nAll = filter.IsEmpty() ? known.nTotal : CountAll(database);
-        page.vecDevices =
-            Read(database, filter, MakePlan(known, nFirst, nCount), known.nTotal, nAll, &first, &last);
+        page.vecDevices = Read(
+            database, filter, PageIndex::MakePlan(known, nFirst, nCount), known.nTotal, nAll, &first, &last);
         // Fewer rows than counted: a change came between, and the row numbers are no longer these.
         if (static_cast<int>(page.vecDevices.size()) == nCount) {
             known.mapAnchors[nFirst] = std::move(first);
@@ -288,7 +206,7 @@ DevicePage_t DevicePages::Page(Database& database, const DevicePageRequest_t& re
         if (!request.bAscending)
             std::reverse(page.vecDevices.begin(), page.vecDevices.end());
     }
-    Remember(sKey, filter, std::move(known));
+    m_index.Remember(sKey, std::move(known));
     return page;
 }
 
@@ -296,12 +214,9 @@ int DevicePages::Count(Database& database, const Filter& filter)
 {
     QVariantList values;
     // A search alone is counted by its index, without a look at the devices.
-    const bool bIndexOnly = filter.IsIndexedSearchOnly(database);
-    const QString sSql = bIndexOnly
-        ? QStringLiteral("SELECT COUNT(*) FROM device_search WHERE device_search MATCH ?")
+    const QString sSql = filter.IsIndexedSearchOnly(database)
+        ? TextSearch::CountStatement(QStringLiteral("device"), filter.sSearch, values)
         : QLatin1String("SELECT COUNT(*) FROM device d") + filter.Where(database, false, nullptr, values);
-    if (bIndexOnly)
-        values << QuotedPhrase(filter.sSearch);
     Rows rows = database.Run(sSql, values);
     rows.Next();
     return rows.Int(0);

@@ -2,17 +2,15 @@
 
 #include "Generations.h"
 #include "store/Database.h"
+#include "store/PageIndex.h"
 
 #include <GroupLogical/GroupRecords.h>
 
 #include <cstdint>
 #include <functional>
-#include <list>
-#include <map>
 #include <mutex>
 #include <optional>
 #include <string>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -39,43 +37,22 @@ public:
         const Database& database, const GroupLogical::DevicePageRequest_t& request);
 
 private:
-    struct Key
-    {
-        std::string sSortKey;
-        std::int64_t nId = 0;
-    };
-    /// What is known of one filter and sort field, in ascending order of the rows.
-    struct Known
-    {
-        std::uint64_t nDevices = 0;
-        std::uint64_t nStates = 0;
-        int nTotal = 0;
-        std::map<int, Key> mapAnchors; ///< by row number
-    };
-    /// Rows to read: forward from an anchor (included), or backward from one (excluded).
-    struct Plan
-    {
-        bool bForward = true;
-        std::optional<Key> optAnchor;
-        int nSkip = 0;
-        int nCount = 0;
-    };
+    using Key = PageIndex::Key;
+    using Known = PageIndex::Known;
+    using Plan = PageIndex::Plan;
 
     struct Filter;
-    std::optional<Known> Find(const std::string& sKey, const Filter& filter) const;
-    void Remember(const std::string& sKey, const Filter& filter, Known known);
+    PageIndex::Stamp StampOf(const Filter& filter) const;
     static int Count(Database& database, const Filter& filter);
     int CountAll(Database& database);
-    static Plan MakePlan(const Known& known, int nFirst, int nCount);
     static std::vector<GroupLogical::DeviceInfo_t> Read(Database& database, const Filter& filter,
         const Plan& plan, int nTotal, int nAll, Key* pFirst, Key* pLast);
 
     const Generations& m_generations;
-    mutable std::mutex m_mutex;
-    std::unordered_map<std::string, Known> m_mapKnown;
+    PageIndex m_index;
+    std::mutex m_mutex; ///< guards the following
     std::uint64_t m_nAllOf = 0; ///< generation that m_nAll was counted in
     int m_nAll = 0;
-    std::list<std::string> m_order; ///< keys of m_mapKnown, oldest first
 };
 
 } // namespace Platform

@@ -11,6 +11,7 @@ struct Generations
 {
     std::atomic<std::uint64_t> devices{1}; ///< devices, organisations, and which belongs where
     std::atomic<std::uint64_t> states{1}; ///< online states alone
+    std::atomic<std::uint64_t> persons{1}; ///< persons, their groups, and which belongs where
 };
 
 } // namespace Platform

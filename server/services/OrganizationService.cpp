@@ -3,6 +3,7 @@
 #include "ServiceError.h"
 #include "SessionService.h"
 #include "TextRules.h"
+#include "TreeTable.h"
 
 #include <wire/Operations.h>
 
@@ -42,29 +43,16 @@ Organization_t Find(Database& database, const std::string& sCode)
     return ReadRow(rows);
 }
 
-int Number(Database& database, const QString& sSql, const QVariantList& values)
-{
-    Rows rows = database.Run(sSql, values);
-    rows.Next();
-    return rows.Int(0);
-}
+constexpr TreeTable Tree("organization");
 
-/// Level of an organisation, the root being level 1.
-int LevelOf(Database& database, const std::string& sCode)
+void CheckEmpty(Database& database, const std::string& sCode)
 {
-    return 1
-        + Number(database,
-            QStringLiteral("SELECT COALESCE(MAX(distance), 0) FROM organization_ancestor WHERE code = ?"),
+    Rows rows =
+        database.Run(QStringLiteral("SELECT 1 FROM device WHERE org_code IN "
+                                    "(SELECT code FROM organization_ancestor WHERE ancestor = ?) LIMIT 1"),
             {TextValue(sCode)});
-}
-
-/// Levels of the sub-tree, 1 for an organisation without others below it.
-int HeightOf(Database& database, const std::string& sCode)
-{
-    return 1
-        + Number(database,
-            QStringLiteral("SELECT COALESCE(MAX(distance), 0) FROM organization_ancestor WHERE ancestor = ?"),
-            {TextValue(sCode)});
+    if (rows.Next())
+        throw ServiceError(UICommonMdl::ErrorOrganizationNotEmpty);
 }
 
 Organization_t Checked(Organization_t organization)
@@ -77,17 +65,6 @@ Organization_t Checked(Organization_t organization)
     if (CharacterCount(organization.sRemark) > RemarkLimit)
         throw ServiceError(UICommonMdl::ErrorInvalidInput, "sRemark");
     return organization;
-}
-
-void CheckSiblings(Database& database, const Organization_t& organization)
-{
-    const int nSame = Number(database,
-        QStringLiteral(
-            "SELECT COUNT(*) FROM organization WHERE parent_code = ? AND name_key = ? AND code <> ?"),
-        {TextValue(organization.sParentCode), TextValue(FoldCase(organization.sName)),
-            TextValue(organization.sCode)});
-    if (nSame != 0)
-        throw ServiceError(UICommonMdl::ErrorNameExists);
 }
 
 } // namespace
@@ -122,22 +99,14 @@ Organization_t OrganizationService::Add(const Context& context, const Organizati
     added.nVersion = 1;
     m_pool.Write([&](Database& database) {
         Find(database, added.sParentCode);
-        if (LevelOf(database, added.sParentCode) + 1 > SessionService::OrganizationLevelLimit)
-            throw ServiceError(UICommonMdl::ErrorOrganizationDepth);
+        Tree.CheckChild(database, added.sParentCode, SessionService::OrganizationLevelLimit);
         added.sCode = std::to_string(database.NextNumber(QStringLiteral("organization")));
-        CheckSiblings(database, added);
+        Tree.CheckSiblings(database, added.sParentCode, added.sName, added.sCode);
         database.Run(QStringLiteral("INSERT INTO organization (code, parent_code, name, name_key, remark) "
                                     "VALUES (?, ?, ?, ?, ?)"),
             {TextValue(added.sCode), TextValue(added.sParentCode), TextValue(added.sName),
                 TextValue(FoldCase(added.sName)), TextValue(added.sRemark)});
-        database.Run(
-            QStringLiteral("INSERT INTO organization_ancestor (ancestor, code, distance) "
-                           "SELECT ancestor, CAST(? AS TEXT), distance + 1 FROM organization_ancestor "
-                           "WHERE code = ?"),
-            {TextValue(added.sCode), TextValue(added.sParentCode)});
-        database.Run(
-            QStringLiteral("INSERT INTO organization_ancestor (ancestor, code, distance) VALUES (?, ?, 0)"),
-            {TextValue(added.sCode), TextValue(added.sCode)});
+        Tree.AddAncestors(database, added.sCode, added.sParentCode);
         m_audit.Write(database, context, wire::AddOrganization::Name, added.sCode, nullptr, added);
     });
     Changed();
@@ -155,7 +124,7 @@ Organization_t OrganizationService::Modify(const Context& context, const Organiz
         after.sName = wanted.sName;
         after.sRemark = wanted.sRemark;
         ++after.nVersion;
-        CheckSiblings(database, after);
+        Tree.CheckSiblings(database, after.sParentCode, after.sName, after.sCode);
         database.Run(QStringLiteral("UPDATE organization SET name = ?, name_key = ?, remark = ?, version = ? "
                                     "WHERE code = ?"),
             {TextValue(after.sName), TextValue(FoldCase(after.sName)), TextValue(after.sRemark),
@@ -172,26 +141,11 @@ void OrganizationService::Delete(const Context& context, const wire::Code& code)
     if (code.sCode == RootOrganizationCode)
         throw ServiceError(UICommonMdl::ErrorOrganizationRoot);
     m_pool.Write([&](Database& database) {
-        const Organization_t before = Find(database, code.sCode);
-        const QVariant value = TextValue(code.sCode);
-        const int nDevices = Number(database,
-            QStringLiteral("SELECT COUNT(*) FROM device WHERE org_code IN "
-                           "(SELECT code FROM organization_ancestor WHERE ancestor = ?)"),
-            {value});
-        if (nDevices != 0)
-            throw ServiceError(UICommonMdl::ErrorOrganizationNotEmpty);
-        std::vector<std::string> vecCodes;
-        {
-            Rows rows = database.Run(
-                QStringLiteral("SELECT code FROM organization_ancestor WHERE ancestor = ?"), {value});
-            while (rows.Next())
-                vecCodes.push_back(rows.Text(0));
-        }
-        for (const std::string& sCode : vecCodes) {
+        Find(database, code.sCode);
+        CheckEmpty(database, code.sCode);
+        for (const std::string& sCode : Tree.Below(database, code.sCode)) {
             const Organization_t gone = Find(database, sCode);
-            database.Run(
-                QStringLiteral("DELETE FROM organization_ancestor WHERE code = ?"), {TextValue(sCode)});
-            database.Run(QStringLiteral("DELETE FROM organization WHERE code = ?"), {TextValue(sCode)});
+            Tree.Remove(database, sCode);
             m_audit.Write(database, context, wire::DeleteOrganization::Name, sCode, gone, nullptr);
         }
     });
@@ -208,32 +162,13 @@ void OrganizationService::Move(const Context& context, const wire::MoveOrganizat
         Organization_t after = before;
         after.sParentCode = request.sNewParentCode;
         ++after.nVersion;
-        const QVariant code = TextValue(request.sCode);
-        const QVariant parent = TextValue(request.sNewParentCode);
-        if (Number(database,
-                QStringLiteral("SELECT COUNT(*) FROM organization_ancestor WHERE ancestor = ? AND code = ?"),
-                {code, parent})
-            != 0)
-            throw ServiceError(UICommonMdl::ErrorOrganizationCycle);
-        if (LevelOf(database, request.sNewParentCode) + HeightOf(database, request.sCode)
-            > SessionService::OrganizationLevelLimit)
-            throw ServiceError(UICommonMdl::ErrorOrganizationDepth);
-        CheckSiblings(database, after);
-
+        Tree.CheckMove(
+            database, request.sCode, request.sNewParentCode, SessionService::OrganizationLevelLimit);
+        Tree.CheckSiblings(database, after.sParentCode, after.sName, after.sCode);
         database.Run(QStringLiteral("UPDATE organization SET parent_code = ?, version = ? WHERE code = ?"),
-            {parent, static_cast<qlonglong>(after.nVersion), code});
-        // The sub-tree leaves its old ancestors and comes under the new parent's.
-        database.Run(
-            QStringLiteral(
-                "DELETE FROM organization_ancestor WHERE "
-                "code IN (SELECT code FROM organization_ancestor WHERE ancestor = ?) AND "
-                "ancestor IN (SELECT ancestor FROM organization_ancestor WHERE code = ? AND distance > 0)"),
-            {code, code});
-        database.Run(QStringLiteral("INSERT INTO organization_ancestor (ancestor, code, distance) "
-                                    "SELECT above.ancestor, below.code, above.distance + below.distance + 1 "
-                                    "FROM organization_ancestor above, organization_ancestor below "
-                                    "WHERE above.code = ? AND below.ancestor = ?"),
-            {parent, code});
+            {TextValue(request.sNewParentCode), static_cast<qlonglong>(after.nVersion),
+                TextValue(request.sCode)});
+        Tree.MoveAncestors(database, request.sCode, request.sNewParentCode);
         m_audit.Write(database, context, wire::MoveOrganization::Name, request.sCode, before, after);
     });
     Changed();

@@ -39,6 +39,8 @@ public:
     int Int(int nColumn) const { return m_pQuery->value(nColumn).toInt(); }
     std::int64_t Big(int nColumn) const { return m_pQuery->value(nColumn).toLongLong(); }
     std::string Text(int nColumn) const { return m_pQuery->value(nColumn).toString().toStdString(); }
+    /// A truth value, which SQLite answers as a number.
+    bool Flag(int nColumn) const { return m_pQuery->value(nColumn).toBool(); }
     bool IsNull(int nColumn) const { return m_pQuery->isNull(nColumn); }
     /// Rows that a changing statement touched.
     int Affected() const { return m_pQuery->numRowsAffected(); }

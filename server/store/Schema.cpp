@@ -195,11 +195,128 @@ Migration DeviceLogins(bool bPostgres)
     return migration;
 }
 
+Migration Persons(bool bPostgres)
+{
+    using S = Statement;
+    return Step(4, "persons", bPostgres,
+        {
+            {S::Both, "INSERT INTO right_code (code) VALUES ('002003001'), ('002003002')"},
+            // Who might open the entry may use what stands behind it.
+            {S::Both,
+                "INSERT INTO role_right (role_id, code) SELECT r.role_id, c.code FROM role_right r, "
+                "right_code c "
+                "WHERE r.code = '002003' AND c.code IN ('002003001', '002003002')"},
+            {S::Both, "INSERT INTO counter (name, value) VALUES ('person group', 1000), ('fingerprint', 0)"},
+            {S::Both,
+                "CREATE TABLE person_group (code {key} PRIMARY KEY, parent_code {key} NOT NULL, "
+                "name TEXT NOT NULL, name_key {key} NOT NULL, remark TEXT NOT NULL, "
+                "version BIGINT NOT NULL DEFAULT 1)"},
+            {S::Both, "CREATE UNIQUE INDEX person_group_sibling ON person_group (parent_code, name_key)"},
+            {S::Both,
+                "CREATE TABLE person_group_ancestor (ancestor {key} NOT NULL, code {key} NOT NULL, "
+                "distance INTEGER NOT NULL, PRIMARY KEY (ancestor, code))"},
+            {S::Both, "CREATE INDEX person_group_ancestor_code ON person_group_ancestor (code, distance)"},
+            {S::Both,
+                "INSERT INTO person_group (code, parent_code, name, name_key, remark) "
+                "VALUES ('001', '', 'All Persons', 'all persons', '')"},
+            {S::Both,
+                "INSERT INTO person_group_ancestor (ancestor, code, distance) VALUES ('001', '001', 0)"},
+            // The ID of a person is the number of its row. plates: as in person_plate, for the list.
+            {S::Both,
+                "CREATE TABLE person (id {id}, name TEXT NOT NULL, gender INTEGER NOT NULL, "
+                "group_code {key} NOT NULL REFERENCES person_group (code), telephone TEXT NOT NULL, "
+                "email TEXT NOT NULL, remark TEXT NOT NULL, photo TEXT NOT NULL DEFAULT '', "
+                "valid_from BIGINT NOT NULL, valid_to BIGINT NOT NULL, nickname TEXT NOT NULL, "
+                "birthday TEXT NOT NULL, entry_date TEXT NOT NULL, company TEXT NOT NULL, "
+                "position TEXT NOT NULL, unlock_password_sealed TEXT NOT NULL DEFAULT '', "
+                "person_type INTEGER NOT NULL, extend_time INTEGER NOT NULL, card_times INTEGER NOT NULL, "
+                "device_login INTEGER NOT NULL, room_no TEXT NOT NULL, plates TEXT NOT NULL, "
+                "search_key {key} NOT NULL, version BIGINT NOT NULL DEFAULT 1)"},
+            {S::Both, "CREATE INDEX person_by_group ON person (group_code, id)"},
+            {S::Both, "CREATE INDEX person_walk ON person (id, group_code)"},
+            {S::Both, "CREATE INDEX person_photo ON person (photo) WHERE photo <> ''"},
+            {S::Both,
+                "CREATE TABLE person_card (card_no {key} PRIMARY KEY, "
+                "person_id BIGINT NOT NULL REFERENCES person (id) ON DELETE CASCADE, "
+                "place INTEGER NOT NULL, main INTEGER NOT NULL, duress INTEGER NOT NULL, "
+                "locked INTEGER NOT NULL)"},
+            {S::Both, "CREATE INDEX person_card_person ON person_card (person_id, place)"},
+            {S::Both,
+                "CREATE TABLE person_fingerprint (id {id}, "
+                "person_id BIGINT NOT NULL REFERENCES person (id) ON DELETE CASCADE, "
+                "place INTEGER NOT NULL, name TEXT NOT NULL, duress INTEGER NOT NULL, "
+                "template_sealed TEXT NOT NULL)"},
+            {S::Both, "CREATE INDEX person_fingerprint_person ON person_fingerprint (person_id, place)"},
+            {S::Both,
+                "CREATE TABLE person_plate (plate_key {key} PRIMARY KEY, plate TEXT NOT NULL, "
+                "person_id BIGINT NOT NULL REFERENCES person (id) ON DELETE CASCADE, "
+                "place INTEGER NOT NULL)"},
+            {S::Both, "CREATE INDEX person_plate_person ON person_plate (person_id, place)"},
+            {S::Both, "CREATE TABLE access_group (id {id}, name TEXT NOT NULL)"},
+            {S::Both,
+                "CREATE TABLE access_group_door (group_id BIGINT NOT NULL REFERENCES access_group (id) "
+                "ON DELETE CASCADE, device_id BIGINT NOT NULL REFERENCES device (id) ON DELETE CASCADE, "
+                "channel INTEGER NOT NULL, channel_name TEXT NOT NULL, "
+                "PRIMARY KEY (group_id, device_id, channel))"},
+            {S::Both, "CREATE INDEX access_group_door_device ON access_group_door (device_id)"},
+            {S::Both, "CREATE TABLE face_group (id {id}, name TEXT NOT NULL)"},
+            {S::Both,
+                "CREATE TABLE lift_floor (id {id}, device_id BIGINT NOT NULL REFERENCES device (id) "
+                "ON DELETE CASCADE, channel_name TEXT NOT NULL, floor TEXT NOT NULL)"},
+            {S::Both, "CREATE INDEX lift_floor_device ON lift_floor (device_id)"},
+            {S::Both,
+                "CREATE TABLE person_access_group (person_id BIGINT NOT NULL REFERENCES person (id) "
+                "ON DELETE CASCADE, choice_id BIGINT NOT NULL REFERENCES access_group (id) ON DELETE "
+                "CASCADE, "
+                "PRIMARY KEY (person_id, choice_id))"},
+            {S::Both,
+                "CREATE TABLE person_face_group (person_id BIGINT NOT NULL REFERENCES person (id) "
+                "ON DELETE CASCADE, choice_id BIGINT NOT NULL REFERENCES face_group (id) ON DELETE CASCADE, "
+                "PRIMARY KEY (person_id, choice_id))"},
+            {S::Both,
+                "CREATE TABLE person_lift_floor (person_id BIGINT NOT NULL REFERENCES person (id) "
+                "ON DELETE CASCADE, choice_id BIGINT NOT NULL REFERENCES lift_floor (id) ON DELETE CASCADE, "
+                "PRIMARY KEY (person_id, choice_id))"},
+            {S::Both, "CREATE TABLE room (number {key} PRIMARY KEY)"},
+            {S::Both,
+                "CREATE TABLE access_record (id {serial}, person_id BIGINT NOT NULL, at BIGINT NOT NULL, "
+                "device_name TEXT NOT NULL, channel_name TEXT NOT NULL, credential INTEGER NOT NULL, "
+                "card_no TEXT NOT NULL, entry INTEGER NOT NULL, opened INTEGER NOT NULL)"},
+            {S::Both, "CREATE INDEX access_record_person ON access_record (person_id, at)"},
+            // What has to reach a device. It outlives the person, whose rights are then taken away there.
+            {S::Both,
+                "CREATE TABLE person_authorization (person_id BIGINT NOT NULL, "
+                "device_id BIGINT NOT NULL REFERENCES device (id) ON DELETE CASCADE, "
+                "removal INTEGER NOT NULL, state INTEGER NOT NULL, revision BIGINT NOT NULL, "
+                "error_code INTEGER NOT NULL DEFAULT 0, refusals TEXT NOT NULL DEFAULT '', "
+                "PRIMARY KEY (person_id, device_id))"},
+            {S::Both, "CREATE INDEX person_authorization_state ON person_authorization (state, device_id)"},
+            {S::Both, "CREATE INDEX person_authorization_device ON person_authorization (device_id, state)"},
+            {S::SqliteOnly,
+                "CREATE VIRTUAL TABLE person_search USING fts5 (search_key, content = 'person', "
+                "content_rowid = 'id', tokenize = 'trigram case_sensitive 1')"},
+            {S::SqliteOnly,
+                "CREATE TRIGGER person_search_insert AFTER INSERT ON person BEGIN "
+                "INSERT INTO person_search (rowid, search_key) VALUES (new.id, new.search_key); END"},
+            {S::SqliteOnly,
+                "CREATE TRIGGER person_search_delete AFTER DELETE ON person BEGIN "
+                "INSERT INTO person_search (person_search, rowid, search_key) "
+                "VALUES ('delete', old.id, old.search_key); END"},
+            {S::SqliteOnly,
+                "CREATE TRIGGER person_search_update AFTER UPDATE OF search_key ON person "
+                "WHEN old.search_key <> new.search_key BEGIN "
+                "INSERT INTO person_search (person_search, rowid, search_key) "
+                "VALUES ('delete', old.id, old.search_key); "
+                "INSERT INTO person_search (rowid, search_key) VALUES (new.id, new.search_key); END"},
+            {S::PostgresOnly, "CREATE INDEX person_search ON person USING gin (search_key gin_trgm_ops)"},
+        });
+}
+
 } // namespace
 
 std::vector<Migration> Migrations(bool bPostgres)
 {
-    return {Accounts(bPostgres), Devices(bPostgres), DeviceLogins(bPostgres)};
+    return {Accounts(bPostgres), Devices(bPostgres), DeviceLogins(bPostgres), Persons(bPostgres)};
 }
 
 } // namespace Platform

@@ -18,7 +18,7 @@ TEST_P(FileRouteTest, EveryFileRefusesWhoMayNotHaveIt)
     guest.SignIn("guest", TestSupport::TestServer::AdminPassword());
     ApiClient nobody(pServer->Url());
     const auto vecRules = pServer->Server().Files().Rules();
-    ASSERT_EQ(vecRules.size(), 3U);
+    ASSERT_EQ(vecRules.size(), 4U);
     for (const auto& rule : vecRules) {
         const bool bUpload = rule.sPath.rfind("/api/v1/upload/", 0) == 0;
         const auto ask = [&](ApiClient& client) {

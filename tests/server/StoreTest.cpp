@@ -31,7 +31,7 @@ TEST_P(StoreTest, AnInterruptedSchemaStepLeavesTheOneBeforeAndIsMadeUpFor)
         return rows.Int(0);
     };
     EXPECT_EQ(lastStep(), vecGood.back().nNumber - 1);
-    EXPECT_THROW(database.Run(QStringLiteral("SELECT password_sealed FROM device")), Platform::ServiceError);
+    EXPECT_THROW(database.Run(QStringLiteral("SELECT id FROM person")), Platform::ServiceError);
     Platform::Migrate(database, vecGood);
     EXPECT_EQ(lastStep(), vecGood.back().nNumber);
     Platform::Migrate(database, vecGood);

@@ -82,6 +82,8 @@ void TestServer::Start()
     // Seeds go into the empty database only, at the first start.
     options.bSeedDemo = m_options.bSeedDemo && m_nPort == 0;
     options.nSeedDevices = m_nPort == 0 ? m_options.nSeedDevices : 0;
+    options.nSeedPersons = m_nPort == 0 ? m_options.nSeedPersons : 0;
+    options.nSeedPersonGroups = m_options.nSeedPersonGroups;
     options.nProbeIntervalSeconds = m_options.nProbeIntervalSeconds;
     options.nProbeTimeoutMs = m_options.nProbeTimeoutMs;
     options.nTokenLifetimeMinutes = m_options.nTokenLifetimeMinutes;
@@ -165,6 +167,7 @@ void TestServer::RunSql(const QString& sSql, const QVariantList& values)
 {
     m_pServer->Pool().Write([&](Platform::Database& database) { database.Run(sSql, values); });
     ++m_pServer->DataGenerations().devices;
+    ++m_pServer->DataGenerations().persons;
     ++m_pServer->DataGenerations().states;
     m_pServer->Rights().Reload();
 }

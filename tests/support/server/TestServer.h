@@ -22,6 +22,8 @@ struct TestServerOptions
     bool bSetUp = true; ///< gives the built-in account its password
     bool bSeedDemo = false;
     int nSeedDevices = 0;
+    int nSeedPersons = 0;
+    int nSeedPersonGroups = 20;
     int nProbeIntervalSeconds = 0;
     int nProbeTimeoutMs = 500;
     int nBusyTimeoutMs = 200;
