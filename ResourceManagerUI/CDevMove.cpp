@@ -1,12 +1,12 @@
 #include "CDevMove.h"
 
 #include <common/COrganizationModel.h>
+#include <common/CTreeChoice.h>
 #include <common/StyleSheet.h>
 
 #include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QPushButton>
-#include <QTreeView>
 #include <QVBoxLayout>
 
 namespace ResourceManagerUI {
@@ -22,27 +22,24 @@ CDevMove::CDevMove(const std::vector<GroupLogical::Organization_t>& vecOrganizat
     const QStringList& listDeviceIds, QWidget* pParent)
     : QDialog(pParent)
     , m_listDeviceIds(listDeviceIds)
-    , m_pModel(new Common::COrganizationModel(this))
-    , m_pTree(new QTreeView)
+    , m_pChoice(new Common::CTreeChoice(Text::tr("Organization"), this))
 {
     setObjectName(QStringLiteral("CDevMove"));
     setWindowTitle(Text::tr("Move To"));
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);
-    m_pModel->SetOrganizations(vecOrganizations);
-    m_pTree->setObjectName(QStringLiteral("treeTarget"));
-    m_pTree->setAccessibleName(Text::tr("Organization"));
-    m_pTree->setHeaderHidden(true);
-    m_pTree->setUniformRowHeights(true);
-    m_pTree->setModel(m_pModel);
-    m_pTree->expandAll();
+    auto* pModel = new Common::COrganizationModel(this);
+    pModel->SetOrganizations(vecOrganizations);
+    m_pChoice->GetTree()->SetTreeModel(pModel);
+    m_pChoice->Start(QString());
     auto* pButtons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     pButtons->button(QDialogButtonBox::Ok)->setProperty("role", QStringLiteral("primary"));
     pButtons->setObjectName(QStringLiteral("buttonBox"));
+    connect(m_pChoice, &Common::CTreeChoice::SignalActivated, this, &CDevMove::accept);
     connect(pButtons, &QDialogButtonBox::accepted, this, &CDevMove::accept);
     connect(pButtons, &QDialogButtonBox::rejected, this, &CDevMove::reject);
     auto* pLayout = new QVBoxLayout(this);
-    pLayout->addWidget(m_pTree);
+    pLayout->addWidget(m_pChoice);
     pLayout->addWidget(pButtons);
     resize(360, 420);
     Common::LoadStyleSheet(this, QStringLiteral("ResourceManagerUI/DeviceManager"));
@@ -54,7 +51,7 @@ void CDevMove::accept()
         Q_EMIT SignalShowNotify(Text::tr("No device selected."));
         return;
     }
-    const QString sCode = Common::COrganizationModel::GetCode(m_pTree->currentIndex());
+    const QString sCode = m_pChoice->GetCode();
     if (sCode.isEmpty()) {
         Q_EMIT SignalShowNotify(Text::tr("No node selected."));
         return;

@@ -4,10 +4,8 @@
 
 #include <QDialog>
 
-class QTreeView;
-
 namespace Common {
-class COrganizationModel;
+class CTreeChoice;
 }
 
 namespace ResourceManagerUI {
@@ -30,8 +28,7 @@ Q_SIGNALS:
 
 private:
     QStringList m_listDeviceIds;
-    Common::COrganizationModel* m_pModel;
-    QTreeView* m_pTree;
+    Common::CTreeChoice* m_pChoice;
 };
 
 } // namespace ResourceManagerUI

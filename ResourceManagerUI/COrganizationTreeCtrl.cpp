@@ -9,7 +9,6 @@
 
 #include <QMenu>
 #include <QShortcut>
-#include <QSignalBlocker>
 
 namespace ResourceManagerUI {
 
@@ -29,17 +28,14 @@ COrganizationTreeCtrl::COrganizationTreeCtrl(QWidget* pParent)
     m_pUi->btnAddOrg->setIcon(Trv::GetIcon(QStringLiteral("add")));
     m_pUi->btnEditOrg->setIcon(Trv::GetIcon(QStringLiteral("edit")));
     m_pUi->btnDeleteOrg->setIcon(Trv::GetIcon(QStringLiteral("delete")));
-    m_pUi->treeOrg->setModel(m_pModel);
+    m_pUi->treeOrg->SetAlwaysCurrent(true);
+    m_pUi->treeOrg->SetTreeModel(m_pModel);
 
-    connect(m_pUi->treeOrg->selectionModel(), &QItemSelectionModel::currentChanged, this,
-        [this](const QModelIndex& index) {
-            UpdateButtons();
-            if (index.isValid())
-                Q_EMIT SignalSelectionChanged(index);
-        });
+    connect(m_pUi->treeOrg, &Common::CSearchTreeView::SignalCurrentIndexChanged, this,
+        &COrganizationTreeCtrl::SignalSelectionChanged);
     connect(
         m_pUi->treeOrg, &QWidget::customContextMenuRequested, this, &COrganizationTreeCtrl::OnContextMenu);
-    connect(m_pUi->editFilter, &QLineEdit::textChanged, this, &COrganizationTreeCtrl::OnFilterChanged);
+    connect(m_pUi->editFilter, &QLineEdit::textChanged, m_pUi->treeOrg, &Common::CSearchTreeView::SetFilter);
     connect(m_pUi->btnAddOrg, &QAbstractButton::clicked, this, &COrganizationTreeCtrl::OnAddClicked);
     connect(m_pUi->btnEditOrg, &QAbstractButton::clicked, this, &COrganizationTreeCtrl::OnEditClicked);
     connect(m_pUi->btnDeleteOrg, &QAbstractButton::clicked, this, &COrganizationTreeCtrl::OnDeleteClicked);
@@ -66,58 +62,24 @@ void COrganizationTreeCtrl::SetOrganizations(
 {
     if (m_pModel->GetOrganizations() == vecOrganizations)
         return;
-    const bool bFirst = m_pModel->rowCount() == 0;
-    const QString sSelected = GetCurrentCode();
-    const QSet<QString> setExpanded = GetExpandedCodes();
-    {
-        const QSignalBlocker blocker(m_pUi->treeOrg->selectionModel());
-        m_pModel->SetOrganizations(vecOrganizations);
-    }
-    for (const GroupLogical::Organization_t& organization : vecOrganizations) {
-        const QModelIndex index = m_pModel->FindCode(QString::fromStdString(organization.sCode));
-        if (setExpanded.contains(QString::fromStdString(organization.sCode))
-            || (bFirst && !index.parent().isValid()))
-            m_pUi->treeOrg->setExpanded(index, true);
-    }
-    OnFilterChanged(m_pUi->editFilter->text());
-
-    const QModelIndex kept = m_pModel->FindCode(sSelected);
-    if (kept.isValid()) {
-        const QSignalBlocker blocker(m_pUi->treeOrg->selectionModel());
-        m_pUi->treeOrg->setCurrentIndex(kept);
-    } else {
-        m_pUi->treeOrg->setCurrentIndex(m_pModel->index(0, 0));
-    }
-    m_pUi->treeOrg->viewport()->update();
+    m_pModel->SetOrganizations(vecOrganizations);
+    m_pUi->treeOrg->Restore();
     UpdateButtons();
 }
 
 QString COrganizationTreeCtrl::GetCurrentCode() const
 {
-    return Common::COrganizationModel::GetCode(m_pUi->treeOrg->currentIndex());
+    return m_pUi->treeOrg->GetCurrentCode();
 }
 
 void COrganizationTreeCtrl::SelectCode(const QString& sCode)
 {
-    const QModelIndex index = m_pModel->FindCode(sCode);
-    if (index.isValid())
-        m_pUi->treeOrg->setCurrentIndex(index);
-}
-
-QSet<QString> COrganizationTreeCtrl::GetExpandedCodes() const
-{
-    QSet<QString> setCodes;
-    for (const GroupLogical::Organization_t& organization : m_pModel->GetOrganizations()) {
-        const QString sCode = QString::fromStdString(organization.sCode);
-        if (m_pUi->treeOrg->isExpanded(m_pModel->FindCode(sCode)))
-            setCodes.insert(sCode);
-    }
-    return setCodes;
+    m_pUi->treeOrg->SelectCode(sCode);
 }
 
 void COrganizationTreeCtrl::OnAddClicked()
 {
-    const QModelIndex current = m_pUi->treeOrg->currentIndex();
+    const QModelIndex current = m_pModel->FindCode(GetCurrentCode());
     if (!current.isValid()) {
         VxGUI::VxNotification::Show(this, Text::tr("No node selected."), VxGUI::NotificationKind::Warning);
         return;
@@ -155,26 +117,6 @@ void COrganizationTreeCtrl::OnDeleteClicked()
     }
     if (Common::AskPrompt(this, Text::tr("Are you sure to delete organization?")))
         Q_EMIT SignalDeleteOrg(sCode);
-}
-
-void COrganizationTreeCtrl::OnFilterChanged(const QString& sText)
-{
-    for (int nRow = 0; nRow < m_pModel->rowCount(); ++nRow)
-        ShowMatches(m_pModel->index(nRow, 0), sText.trimmed());
-}
-
-/// Hides what neither matches nor holds a match; true when the branch stays visible.
-bool COrganizationTreeCtrl::ShowMatches(const QModelIndex& index, const QString& sText)
-{
-    bool bBelow = false;
-    for (int nRow = 0; nRow < m_pModel->rowCount(index); ++nRow)
-        bBelow = ShowMatches(m_pModel->index(nRow, 0, index), sText) || bBelow;
-    const bool bVisible =
-        sText.isEmpty() || bBelow || index.data().toString().contains(sText, Qt::CaseInsensitive);
-    m_pUi->treeOrg->setRowHidden(index.row(), index.parent(), !bVisible);
-    if (bBelow && !sText.isEmpty())
-        m_pUi->treeOrg->expand(index);
-    return bVisible;
 }
 
 void COrganizationTreeCtrl::OnContextMenu(const QPoint& pos)

@@ -2,7 +2,6 @@
 
 #include <common/COrganizationModel.h>
 
-#include <QSet>
 #include <QWidget>
 
 #include <memory>
@@ -44,10 +43,7 @@ private:
     void OnAddClicked();
     void OnEditClicked();
     void OnDeleteClicked();
-    void OnFilterChanged(const QString& sText);
     void OnContextMenu(const QPoint& pos);
-    bool ShowMatches(const QModelIndex& index, const QString& sText);
-    QSet<QString> GetExpandedCodes() const;
     void UpdateButtons();
 
     std::unique_ptr<Ui::COrganizationTreeCtrl> m_pUi;

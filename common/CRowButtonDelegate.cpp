@@ -21,10 +21,25 @@ CRowButtonDelegate::CRowButtonDelegate(const QVector<RowButton>& vecButtons, QOb
 {
 }
 
+bool CRowButtonDelegate::IsOffered(const QModelIndex& index, int nButton) const
+{
+    return !m_rule || !index.isValid() || m_rule(index, m_vecButtons[nButton].nRole);
+}
+
 QRect CRowButtonDelegate::GetButtonRect(const QRect& cell, const QFontMetrics& metrics, int nButton) const
 {
+    return GetButtonRect(cell, metrics, nButton, QModelIndex());
+}
+
+QRect CRowButtonDelegate::GetButtonRect(
+    const QRect& cell, const QFontMetrics& metrics, int nButton, const QModelIndex& index) const
+{
+    if (!IsOffered(index, nButton))
+        return {};
     int nLeft = cell.left() + Padding;
     for (int n = 0;; ++n) {
+        if (!IsOffered(index, n))
+            continue;
         const RowButton& button = m_vecButtons[n];
         const int nContent = button.icon.isNull() ? metrics.horizontalAdvance(button.sText) : IconSize;
         const QRect rect(nLeft, cell.center().y() - IconSize / 2 - Padding, nContent + 2 * Padding,
@@ -35,10 +50,11 @@ QRect CRowButtonDelegate::GetButtonRect(const QRect& cell, const QFontMetrics& m
     }
 }
 
-int CRowButtonDelegate::ButtonAt(const QPoint& pos, const QStyleOptionViewItem& option) const
+int CRowButtonDelegate::ButtonAt(
+    const QPoint& pos, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
     for (int n = 0; n < m_vecButtons.size(); ++n) {
-        if (GetButtonRect(option.rect, option.fontMetrics, n).contains(pos))
+        if (GetButtonRect(option.rect, option.fontMetrics, n, index).contains(pos))
             return n;
     }
     return -1;
@@ -50,7 +66,9 @@ void CRowButtonDelegate::paint(
     QStyledItemDelegate::paint(pPainter, option, index);
     const bool bEnabled = option.state.testFlag(QStyle::State_Enabled);
     for (int n = 0; n < m_vecButtons.size(); ++n) {
-        const QRect rect = GetButtonRect(option.rect, option.fontMetrics, n);
+        const QRect rect = GetButtonRect(option.rect, option.fontMetrics, n, index);
+        if (rect.isNull())
+            continue;
         const bool bHover = bEnabled && n == m_nHoverButton && m_hoverIndex == index;
         if (bHover) {
             QColor background = option.palette.color(QPalette::Highlight);
@@ -83,7 +101,7 @@ bool CRowButtonDelegate::editorEvent(
         return QStyledItemDelegate::editorEvent(pEvent, pModel, option, index);
 
     const auto* pMouse = static_cast<QMouseEvent*>(pEvent);
-    const int nButton = ButtonAt(pMouse->pos(), option);
+    const int nButton = ButtonAt(pMouse->pos(), option, index);
     if (pEvent->type() == QEvent::MouseMove) {
         const QPersistentModelIndex previous = std::exchange(m_hoverIndex, index);
         const int nPrevious = std::exchange(m_nHoverButton, nButton);
@@ -109,7 +127,7 @@ bool CRowButtonDelegate::editorEvent(
 bool CRowButtonDelegate::helpEvent(QHelpEvent* pEvent, QAbstractItemView* pView,
     const QStyleOptionViewItem& option, const QModelIndex& index)
 {
-    const int nButton = ButtonAt(pEvent->pos(), option);
+    const int nButton = ButtonAt(pEvent->pos(), option, index);
     if (nButton < 0)
         return QStyledItemDelegate::helpEvent(pEvent, pView, option, index);
     QToolTip::showText(pEvent->globalPos(), m_vecButtons[nButton].sText, pView);

@@ -5,6 +5,8 @@
 #include <QStyledItemDelegate>
 #include <QVector>
 
+#include <functional>
+
 namespace Common {
 
 /// One button of every row.
@@ -22,7 +24,13 @@ class CRowButtonDelegate : public QStyledItemDelegate
     Q_OBJECT
 
 public:
+    /// Whether a row has the button of that role.
+    using OfferRule = std::function<bool(const QModelIndex& index, int nRole)>;
+
     CRowButtonDelegate(const QVector<RowButton>& vecButtons, QObject* pParent = nullptr);
+
+    /// Without a rule every row has every button. The others of a row close up to one that it lacks.
+    void SetOfferRule(OfferRule rule) { m_rule = std::move(rule); }
 
     void paint(
         QPainter* pPainter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
@@ -32,16 +40,21 @@ public:
     bool helpEvent(QHelpEvent* pEvent, QAbstractItemView* pView, const QStyleOptionViewItem& option,
         const QModelIndex& index) override;
 
-    /// Where button nButton of a cell with that rectangle stands.
+    /// Where button nButton of a cell with that rectangle stands: in a row with all buttons, or in that row
+    /// (null when it lacks the button).
     QRect GetButtonRect(const QRect& cell, const QFontMetrics& metrics, int nButton) const;
+    QRect GetButtonRect(
+        const QRect& cell, const QFontMetrics& metrics, int nButton, const QModelIndex& index) const;
 
 Q_SIGNALS:
     void SignalButtonClicked(const QModelIndex& index, int nRole);
 
 private:
-    int ButtonAt(const QPoint& pos, const QStyleOptionViewItem& option) const;
+    bool IsOffered(const QModelIndex& index, int nButton) const;
+    int ButtonAt(const QPoint& pos, const QStyleOptionViewItem& option, const QModelIndex& index) const;
 
     QVector<RowButton> m_vecButtons;
+    OfferRule m_rule;
     QPersistentModelIndex m_hoverIndex;
     int m_nHoverButton = -1;
     int m_nPressedButton = -1;

@@ -1,14 +1,24 @@
 #pragma once
 
 #include <AccessControlLogical/PersonRecords.h>
+#include <common/CRequests.h>
+#include <common/ObserverAdapters.h>
 
+#include <QTimer>
 #include <QWidget>
 
+#include <memory>
+
+namespace Ui {
+class CBatchIssueCard;
+}
 namespace UICommonMdl {
 class CInterfaceSetManager;
 }
 
 namespace BasicInfoManagerUI {
+
+class CIssueCardModel;
 
 /// The page "Issue Card": one more card for each of several persons. User-interface thread.
 class CBatchIssueCard : public QWidget
@@ -18,6 +28,7 @@ class CBatchIssueCard : public QWidget
 public:
     /// pInterfaceSet is borrowed and outlives the page.
     explicit CBatchIssueCard(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent = nullptr);
+    ~CBatchIssueCard() override;
 
     /// Starts anew with these persons; shown by the caller.
     void SetPersons(const std::vector<AccessControlLogical::PersonInfo_t>& vecPersons);
@@ -28,6 +39,35 @@ public:
 Q_SIGNALS:
     /// The user is done: bIssued when cards were issued, so that lists are old. The reader is let go.
     void SignalBack(bool bIssued);
+
+protected:
+    void showEvent(QShowEvent* pEvent) override;
+
+private:
+    using Param = AccessControlLogical::IPersonManagerObserver::Param;
+    void SetUpTable();
+    void RemovePerson(int nRow);
+    void OnCardRead(const QString& sCardNo);
+    void GoToNextRow();
+    /// The row that is being read into; -1: none.
+    int CurrentRow() const;
+    void SelectRow(int nRow);
+    void Save();
+    bool CheckInput();
+    void OnIssued(const Param& param);
+    void ShowClashes(const Param& param);
+    void Leave();
+    void Finish(bool bIssued);
+    void ShowState();
+
+    std::unique_ptr<Ui::CBatchIssueCard> m_pUi;
+    AccessControlLogical::IAccessControlManager* m_pManager;
+    CIssueCardModel* m_pModel;
+    bool m_bConnected = true;
+    bool m_bSaving = false;
+    QTimer m_nextTimer;
+    Common::CRequests<Param> m_requests;
+    Common::CPersonManagerAdapter m_adapter;
 };
 
 } // namespace BasicInfoManagerUI

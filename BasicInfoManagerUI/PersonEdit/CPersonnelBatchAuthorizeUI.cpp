@@ -1,21 +1,291 @@
 #include "CPersonnelBatchAuthorizeUI.h"
 
+#include "PersonFieldRules.h"
+#include "ui_CPersonnelBatchAuthorizeUI.h"
+
+#include <Trv/QSkin.h>
+#include <UICommonMdl/CErrorCode.h>
+#include <UICommonMdl/CInterfaceSetManager.h>
+#include <VxGUI/VxMessageBox.h>
+#include <VxGUI/VxNotification.h>
+#include <common/Prompt.h>
+#include <common/StyleSheet.h>
+
+#include <QKeyEvent>
+#include <QPointer>
+#include <QPushButton>
+#include <QSet>
+
 namespace BasicInfoManagerUI {
 
-CPersonnelBatchAuthorizeUI::CPersonnelBatchAuthorizeUI(UICommonMdl::CInterfaceSetManager*, QWidget* pParent)
-    : QWidget(pParent)
+using namespace AccessControlLogical;
+
+namespace {
+
+struct Text
 {
+    Q_DECLARE_TR_FUNCTIONS(CPersonnelBatchAuthorizeUI)
+};
+
+const QString SkinFolder = QStringLiteral("BasicInfoManagerUI/Personnel");
+constexpr int KindChoices = 1;
+constexpr int KindAuthorize = 2;
+
+QString DescribeFailure(const PersonFailure_t& failure)
+{
+    const QString sName = QString::fromStdString(failure.sName.empty() ? failure.sPersonId : failure.sName);
+    if (failure.nErrorCode == UICommonMdl::ErrorPersonDuplicate)
+        return Text::tr("Failed to authorize some plate number of %1.").arg(sName);
+    const QString sText = Common::FailureText(Text::tr("Failed to modify user"), failure.nErrorCode);
+    return QStringLiteral("%1 (%2): %3").arg(sName, QString::fromStdString(failure.sPersonId), sText);
 }
 
-void CPersonnelBatchAuthorizeUI::SetPersons(const std::vector<AccessControlLogical::PersonInfo_t>&) { }
-void CPersonnelBatchAuthorizeUI::SetConnected(bool) { }
-bool CPersonnelBatchAuthorizeUI::IsDirty() const
+} // namespace
+
+CPersonnelBatchAuthorizeUI::CPersonnelBatchAuthorizeUI(
+    UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
+    : QWidget(pParent)
+    , m_pUi(std::make_unique<Ui::CPersonnelBatchAuthorizeUI>())
+    , m_pManager(pInterfaceSet->GetAccessControlManager())
+    , m_adapter(m_pManager)
 {
-    return false;
+    m_pUi->setupUi(this);
+    setObjectName(QStringLiteral("CPersonnelBatchAuthorizeUI"));
+    SetUpControls();
+    connect(
+        &m_adapter, &Common::CPersonManagerAdapter::SignalState, this,
+        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
+    Common::LoadStyleSheet(this, SkinFolder);
+    SetBusy(false);
 }
+
+CPersonnelBatchAuthorizeUI::~CPersonnelBatchAuthorizeUI() = default;
+
 QString CPersonnelBatchAuthorizeUI::GetTitle()
 {
-    return QStringLiteral("Batch Authorize");
+    return Text::tr("Batch Authorize");
+}
+
+void CPersonnelBatchAuthorizeUI::SetUpControls()
+{
+    m_pUi->lbAuthorizeTitle->setText(GetTitle());
+    setWindowTitle(GetTitle());
+    m_pUi->btnAuthorizeBack->setIcon(Trv::GetIcon(QStringLiteral("back")));
+    m_pUi->frmSelected->setProperty("card", true);
+    m_pUi->frmPermissions->setProperty("card", true);
+    m_pUi->lbFaceTitle->setText(m_pUi->m_pFaceInfo->GetTitle());
+    CPermissionList* const pGroups = m_pUi->m_pAccessGroups;
+    pGroups->SetUp({Text::tr("Access Permission Group Name")},
+        Text::tr("No access permission groups configured."), Text::tr("Add Access Permission Group"));
+    pGroups->GetAddButton()->setObjectName(QStringLiteral("m_pBtnAddAccessGroup"));
+    using Page = CPersonnelBatchAuthorizeUI;
+    connect(pGroups, &CPermissionList::SignalAdd, this, &Page::SignalAddAccessGroup);
+    connect(this, &Page::SignalAddAccessGroup, pGroups, &CPermissionList::OpenAdder);
+    CFaceComparisonInfo* const pFace = m_pUi->m_pFaceInfo;
+    connect(pFace, &CFaceComparisonInfo::SignalAddFaceLibrary, this, &Page::SignalAddFaceLibrary);
+    connect(this, &Page::SignalAddFaceLibrary, pFace, &CFaceComparisonInfo::OpenAdder);
+    connect(m_pUi->m_pBtnOk, &QAbstractButton::clicked, this, &Page::OnOkClicked);
+    connect(m_pUi->m_pBtnCancel, &QAbstractButton::clicked, this, &Page::OnCancelClicked);
+    connect(m_pUi->btnAuthorizeBack, &QAbstractButton::clicked, this, &Page::OnCancelClicked);
+    connect(m_pUi->btnChoicesAgain, &QAbstractButton::clicked, this, &Page::QueryChoices);
+    m_pUi->m_pBtnOk->setShortcut(QKeySequence(QStringLiteral("Ctrl+S")));
+}
+
+void CPersonnelBatchAuthorizeUI::SetPersons(const std::vector<PersonInfo_t>& vecPersons)
+{
+    m_requests.Clear();
+    m_bAuthorized = false;
+    m_pUi->wgtSelected->SetPersons(vecPersons);
+    m_pUi->m_pAccessGroups->SetIds({});
+    m_pUi->m_pFaceInfo->SetPerson({});
+    SetBusy(false);
+    QueryChoices();
+    m_pUi->m_pAccessGroups->setFocus();
+}
+
+void CPersonnelBatchAuthorizeUI::QueryChoices()
+{
+    SetChoicesFailed(false, UICommonMdl::ErrorNone);
+    const auto onAnswer = [this](const Param& param) {
+        SetChoicesFailed(param.nErrorCode != UICommonMdl::ErrorNone, param.nErrorCode);
+        if (m_bChoicesFailed)
+            return;
+        m_pUi->m_pAccessGroups->SetChoices(MakeChoiceRows(param.choices.vecAccessGroups));
+        m_pUi->m_pFaceInfo->SetChoices(param.choices.vecFaceGroups);
+    };
+    if (!m_requests.Supersede(m_pManager ? m_pManager->QueryPermissionChoices() : 0, KindChoices, onAnswer))
+        SetChoicesFailed(true, UICommonMdl::ErrorNone);
+}
+
+void CPersonnelBatchAuthorizeUI::SetChoicesFailed(bool bFailed, int nErrorCode)
+{
+    m_bChoicesFailed = bFailed;
+    m_pUi->lbChoicesFailed->setText(Common::FailureText(Text::tr("Failed to get permissions"), nErrorCode));
+    m_pUi->wgtChoicesFailed->setVisible(bFailed);
+}
+
+void CPersonnelBatchAuthorizeUI::SetConnected(bool bConnected)
+{
+    const bool bBack = bConnected && !m_bConnected;
+    m_bConnected = bConnected;
+    UpdateState();
+    if (bBack && m_bChoicesFailed && isVisible())
+        QueryChoices();
+}
+
+Person_t CPersonnelBatchAuthorizeUI::GetPermissions() const
+{
+    Person_t person;
+    person.vecAccessGroups = ToStdList(m_pUi->m_pAccessGroups->GetIds());
+    m_pUi->m_pFaceInfo->FillPerson(person);
+    return person;
+}
+
+bool CPersonnelBatchAuthorizeUI::IsDirty() const
+{
+    return GetPermissions() != Person_t();
+}
+
+void CPersonnelBatchAuthorizeUI::OnOkClicked()
+{
+    if (m_bBusy)
+        return;
+    m_vecLeft = m_pUi->wgtSelected->GetPersonIds();
+    if (m_vecLeft.empty()) {
+        VxGUI::VxNotification::Show(
+            this, Text::tr("Please select at least one person."), VxGUI::NotificationKind::Warning);
+        return;
+    }
+    if (!IsDirty()
+        && !Common::AskPrompt(this,
+            Text::tr("No permissions are chosen: the selected persons will lose theirs. Are you sure?")))
+        return;
+    m_vecFailed.clear();
+    m_vecClashes.clear();
+    m_nTotal = int(m_vecLeft.size());
+    m_pUi->barAuthorize->setRange(0, m_nTotal);
+    SetBusy(true);
+    SendNext();
+}
+
+void CPersonnelBatchAuthorizeUI::SendNext()
+{
+    m_pUi->barAuthorize->setValue(m_nTotal - int(m_vecLeft.size()));
+    if (m_vecLeft.empty()) {
+        Finish(UICommonMdl::ErrorNone);
+        return;
+    }
+    const auto itEnd = m_vecLeft.begin() + std::ptrdiff_t(std::min(m_vecLeft.size(), PersonBatchLimit));
+    const std::vector<std::string> vecSent(m_vecLeft.begin(), itEnd);
+    m_vecLeft.erase(m_vecLeft.begin(), itEnd);
+    const Person_t permissions = GetPermissions();
+    const int nSequence = m_pManager
+        ? m_pManager->AuthorizePersons(vecSent, permissions.vecAccessGroups, permissions.vecFaceGroups)
+        : 0;
+    if (m_requests.Add(
+            nSequence, KindAuthorize, [this, vecSent](const Param& param) { OnAuthorized(param, vecSent); }))
+        return;
+    SetBusy(false);
+    VxGUI::VxNotification::Show(this, Text::tr("Batch authorize person failed"));
+}
+
+void CPersonnelBatchAuthorizeUI::OnAuthorized(const Param& param, const std::vector<std::string>& vecSent)
+{
+    m_vecClashes.insert(m_vecClashes.end(), param.vecClashes.begin(), param.vecClashes.end());
+    if (param.nErrorCode != UICommonMdl::ErrorNone) {
+        Finish(param.nErrorCode);
+        return;
+    }
+    // Those that are done leave the list: what is tried again is the rest.
+    std::vector<std::string> vecDone = vecSent;
+    QSet<QString> setFailed;
+    for (const PersonFailure_t& failure : param.vecFailed)
+        setFailed.insert(QString::fromStdString(failure.sPersonId));
+    vecDone.erase(
+        std::remove_if(vecDone.begin(), vecDone.end(),
+            [&](const std::string& sId) { return setFailed.contains(QString::fromStdString(sId)); }),
+        vecDone.end());
+    m_bAuthorized = m_bAuthorized || !vecDone.empty();
+    m_vecFailed.insert(m_vecFailed.end(), param.vecFailed.begin(), param.vecFailed.end());
+    m_pUi->wgtSelected->RemovePersons(vecDone);
+    SendNext();
+}
+
+void CPersonnelBatchAuthorizeUI::Finish(int nErrorCode)
+{
+    SetBusy(false);
+    if (nErrorCode == UICommonMdl::ErrorNone && m_vecFailed.empty() && m_vecClashes.empty()) {
+        VxGUI::VxNotification::Show(
+            this, Text::tr("Batch authorize person succeed"), VxGUI::NotificationKind::Success);
+        m_pUi->m_pAccessGroups->SetIds({});
+        m_pUi->m_pFaceInfo->SetPerson({});
+        Q_EMIT SignalBack(true);
+        return;
+    }
+    VxGUI::VxNotification::Show(
+        this, Common::FailureText(Text::tr("Batch authorize person failed"), nErrorCode));
+    ShowFailures();
+}
+
+void CPersonnelBatchAuthorizeUI::ShowFailures()
+{
+    std::vector<std::string> vecPlates;
+    for (const PersonClash_t& clash : m_vecClashes)
+        vecPlates.push_back(clash.sValue);
+    const QString sPlates = DescribeClashes(m_vecClashes, vecPlates).sPlates;
+    const QPointer<CPersonnelBatchAuthorizeUI> guard(this);
+    if (!sPlates.isEmpty())
+        VxGUI::VxMessageBox::Message(
+            this, Text::tr("Prompt"), Text::tr("License plate number already exists."), sPlates);
+    if (!guard || m_vecFailed.empty())
+        return;
+    QStringList listLines;
+    for (const PersonFailure_t& failure : m_vecFailed)
+        listLines << DescribeFailure(failure);
+    Common::ShowFailures(this, Text::tr("Batch authorize person failed"), listLines);
+}
+
+void CPersonnelBatchAuthorizeUI::OnCancelClicked()
+{
+    if (IsDirty()
+        && !Common::AskPrompt(this, Text::tr("Current page data are changed, are you sure to leave?")))
+        return;
+    m_requests.Clear();
+    m_pUi->m_pAccessGroups->SetIds({});
+    m_pUi->m_pFaceInfo->SetPerson({});
+    // A request that was given up may have changed permissions.
+    const bool bAuthorized = m_bAuthorized || m_bBusy;
+    SetBusy(false);
+    Q_EMIT SignalBack(bAuthorized);
+}
+
+void CPersonnelBatchAuthorizeUI::SetBusy(bool bBusy)
+{
+    m_bBusy = bBusy;
+    m_pUi->wgtSelected->SetReadOnly(bBusy);
+    m_pUi->frmPermissions->setEnabled(!bBusy);
+    m_pUi->barAuthorize->setVisible(bBusy);
+    UpdateState();
+}
+
+void CPersonnelBatchAuthorizeUI::UpdateState()
+{
+    m_pUi->m_pBtnOk->setEnabled(m_bConnected && !m_bBusy);
+    m_pUi->btnChoicesAgain->setEnabled(m_bConnected);
+}
+
+void CPersonnelBatchAuthorizeUI::keyPressEvent(QKeyEvent* pEvent)
+{
+    if (pEvent->key() == Qt::Key_Escape)
+        OnCancelClicked();
+    else
+        QWidget::keyPressEvent(pEvent);
+}
+
+void CPersonnelBatchAuthorizeUI::showEvent(QShowEvent* pEvent)
+{
+    QWidget::showEvent(pEvent);
+    Common::LoadStyleSheet(this, SkinFolder);
 }
 
 } // namespace BasicInfoManagerUI

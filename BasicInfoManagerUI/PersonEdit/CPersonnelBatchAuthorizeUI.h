@@ -1,9 +1,16 @@
 #pragma once
 
 #include <AccessControlLogical/PersonRecords.h>
+#include <common/CRequests.h>
+#include <common/ObserverAdapters.h>
 
 #include <QWidget>
 
+#include <memory>
+
+namespace Ui {
+class CPersonnelBatchAuthorizeUI;
+}
 namespace UICommonMdl {
 class CInterfaceSetManager;
 }
@@ -19,6 +26,7 @@ public:
     /// pInterfaceSet is borrowed and outlives the page.
     explicit CPersonnelBatchAuthorizeUI(
         UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent = nullptr);
+    ~CPersonnelBatchAuthorizeUI() override;
 
     /// Starts anew with these persons; shown by the caller.
     void SetPersons(const std::vector<AccessControlLogical::PersonInfo_t>& vecPersons);
@@ -31,6 +39,44 @@ public:
 Q_SIGNALS:
     /// The user is done: bAuthorized when permissions were changed, so that lists are old.
     void SignalBack(bool bAuthorized);
+    /// The user wants to add permissions of that kind; the page opens its adders itself.
+    void SignalAddAccessGroup();
+    void SignalAddFaceLibrary();
+
+protected:
+    void keyPressEvent(QKeyEvent* pEvent) override;
+    void showEvent(QShowEvent* pEvent) override;
+
+private:
+    using Param = AccessControlLogical::IPersonManagerObserver::Param;
+
+    void SetUpControls();
+    void QueryChoices();
+    void SetChoicesFailed(bool bFailed, int nErrorCode);
+    /// What was chosen; the other fields are empty.
+    AccessControlLogical::Person_t GetPermissions() const;
+    void OnOkClicked();
+    /// Sends the next persons of those that are left.
+    void SendNext();
+    void OnAuthorized(const Param& param, const std::vector<std::string>& vecSent);
+    void Finish(int nErrorCode);
+    void ShowFailures();
+    void OnCancelClicked();
+    void SetBusy(bool bBusy);
+    void UpdateState();
+
+    std::unique_ptr<Ui::CPersonnelBatchAuthorizeUI> m_pUi;
+    AccessControlLogical::IAccessControlManager* m_pManager;
+    std::vector<std::string> m_vecLeft; ///< persons that were not sent yet
+    std::vector<AccessControlLogical::PersonFailure_t> m_vecFailed;
+    std::vector<AccessControlLogical::PersonClash_t> m_vecClashes;
+    int m_nTotal = 0; ///< persons of the run
+    bool m_bBusy = false;
+    bool m_bConnected = true;
+    bool m_bChoicesFailed = false;
+    bool m_bAuthorized = false; ///< some persons have their permissions
+    Common::CRequests<Param> m_requests;
+    Common::CPersonManagerAdapter m_adapter;
 };
 
 } // namespace BasicInfoManagerUI

@@ -1,19 +1,282 @@
 #include "CPersonnelInfoUI.h"
 
+#include "CAccessControlInfo.h"
+#include "CCredentialsSection.h"
+#include "CExtractPersonDlg.h"
+#include "CFaceComparisonInfo.h"
+#include "CLiftControlInfo.h"
+#include "CPersonBasicInfo.h"
+#include "CPersonDetailInfo.h"
+#include "CResidentInfo.h"
+#include "CVehicleInfo.h"
+#include "ui_CPersonnelInfoUI.h"
+
+#include <Trv/QSkin.h>
+#include <UICommonMdl/CInterfaceSetManager.h>
+#include <VxGUI/VxNotification.h>
+#include <common/Prompt.h>
+#include <common/StyleSheet.h>
+
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QShortcut>
+
 namespace BasicInfoManagerUI {
 
-CPersonnelInfoUI::CPersonnelInfoUI(UICommonMdl::CInterfaceSetManager*, QWidget* pParent)
-    : QWidget(pParent)
+using namespace AccessControlLogical;
+
+namespace {
+
+struct Text
 {
+    Q_DECLARE_TR_FUNCTIONS(CPersonnelInfoUI)
+};
+
+const QString SkinFolder = QStringLiteral("BasicInfoManagerUI/Personnel");
+
+} // namespace
+
+CPersonnelInfoUI::CPersonnelInfoUI(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
+    : QWidget(pParent)
+    , m_pUi(std::make_unique<Ui::CPersonnelInfoUI>())
+    , m_pInterfaceSet(pInterfaceSet)
+    , m_pManager(pInterfaceSet->GetAccessControlManager())
+    , m_adapter(m_pManager)
+{
+    m_pUi->setupUi(this);
+    setObjectName(QStringLiteral("CPersonnelInfoUI"));
+    SetUpSections();
+    SetUpButtons();
+    SetUpShortcuts();
+    connect(
+        &m_adapter, &Common::CPersonManagerAdapter::SignalState, this,
+        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
+    Common::LoadStyleSheet(this, SkinFolder);
+    SetMode(Mode::Add);
 }
 
-void CPersonnelInfoUI::AddPerson(const QString&) { }
-void CPersonnelInfoUI::EditPerson(const QString&) { }
-void CPersonnelInfoUI::ShowPerson(const QString&) { }
-void CPersonnelInfoUI::SetConnected(bool) { }
+CPersonnelInfoUI::~CPersonnelInfoUI() = default;
+
+void CPersonnelInfoUI::SetUpSections()
+{
+    m_pUi->wgtNavPage->SetScrollArea(m_pUi->scrollPerson);
+    // Made in their order, which the Tab key follows.
+    QWidget* const pParent = m_pUi->wgtSections;
+    m_pBasic = new CPersonBasicInfo(pParent);
+    auto* const pDetail = new CPersonDetailInfo(pParent);
+    m_pCredentials = new CCredentialsSection(m_pInterfaceSet, pParent);
+    m_pAccess = new CAccessControlInfo(pParent);
+    m_pLift = new CLiftControlInfo(pParent);
+    m_pFace = new CFaceComparisonInfo(pParent);
+    m_pResident = new CResidentInfo(pParent);
+    auto* const pVehicle = new CVehicleInfo(pParent);
+    for (CPersonSection* const pSection : std::initializer_list<CPersonSection*>{
+             m_pBasic, pDetail, m_pCredentials, m_pAccess, m_pLift, m_pFace, m_pResident, pVehicle})
+        AddSection(pSection);
+    m_pUi->laySections->addStretch(1);
+    QWidget* pBefore = m_pUi->btnChoicesAgain;
+    for (QPushButton* const pButton : m_pUi->wgtNavPage->GetButtons()) {
+        setTabOrder(pBefore, pButton);
+        pBefore = pButton;
+    }
+    setTabOrder(pVehicle->GetLastField(), m_pUi->m_pBtnOk);
+    setTabOrder(m_pUi->m_pBtnOk, m_pUi->m_pAddAndContinue);
+    setTabOrder(m_pUi->m_pAddAndContinue, m_pUi->m_pBtnCancel);
+    connect(m_pFace, &CFaceComparisonInfo::SignalAddFaceLibrary, m_pFace, &CFaceComparisonInfo::OpenAdder);
+}
+
+void CPersonnelInfoUI::AddSection(CPersonSection* pSection)
+{
+    auto* const pFrame = new QFrame(m_pUi->wgtSections);
+    pFrame->setProperty("card", true);
+    auto* const pTitle = new QLabel(pSection->GetTitle(), pFrame);
+    pTitle->setProperty("cardTitle", true);
+    auto* const pLayout = new QVBoxLayout(pFrame);
+    pLayout->setContentsMargins(20, 16, 20, 20);
+    pLayout->setSpacing(14);
+    pLayout->addWidget(pTitle);
+    pLayout->addWidget(pSection);
+    pSection->setAccessibleName(pSection->GetTitle());
+    m_pUi->laySections->addWidget(pFrame);
+    m_pUi->wgtNavPage->AddSection(pSection->GetTitle(), pFrame);
+    m_vecSections.push_back(pSection);
+    connect(pSection, &CPersonSection::SignalChanged, this, &CPersonnelInfoUI::OnChanged);
+    connect(pSection, &CPersonSection::SignalSubmit, m_pUi->m_pBtnOk, &QAbstractButton::click);
+}
+
+void CPersonnelInfoUI::SetUpButtons()
+{
+    m_pUi->btnPersonBack->setIcon(Trv::GetIcon(QStringLiteral("back")));
+    m_pUi->m_pBtnExtract->setIcon(Trv::GetIcon(QStringLiteral("import")));
+    m_pUi->m_pBtnEdit->setIcon(Trv::GetIcon(QStringLiteral("edit")));
+    const auto onClick = [this](QAbstractButton* pButton, auto slot) {
+        connect(pButton, &QAbstractButton::clicked, this, slot);
+    };
+    onClick(m_pUi->m_pBtnOk, [this] { OnOkClicked(false); });
+    onClick(m_pUi->m_pAddAndContinue, [this] { OnOkClicked(true); });
+    onClick(m_pUi->m_pBtnCancel, &CPersonnelInfoUI::OnCancelClicked);
+    onClick(m_pUi->btnPersonBack, &CPersonnelInfoUI::OnCancelClicked);
+    onClick(m_pUi->m_pBtnEdit, [this] { SetMode(Mode::Edit); });
+    onClick(m_pUi->m_pBtnExtract, &CPersonnelInfoUI::OnExtractClicked);
+    onClick(m_pUi->btnChoicesAgain, &CPersonnelInfoUI::QueryChoices);
+    connect(m_pUi->wgtPersonState, &VxGUI::VxEmptyState::SignalAction, this, &CPersonnelInfoUI::QueryDetail);
+}
+
+void CPersonnelInfoUI::SetUpShortcuts()
+{
+    const std::pair<QKeySequence, QAbstractButton*> shortcuts[] = {
+        {QKeySequence(QStringLiteral("Ctrl+S")), m_pUi->m_pBtnOk},
+        {QKeySequence(QStringLiteral("Ctrl+Shift+S")), m_pUi->m_pAddAndContinue},
+        {QKeySequence(QStringLiteral("Ctrl+E")), m_pUi->m_pBtnEdit}};
+    for (const auto& [keys, pButton] : shortcuts) {
+        auto* const pShortcut = new QShortcut(keys, this);
+        pShortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(pShortcut, &QShortcut::activated, pButton, [pButton = pButton] {
+            if (pButton->isVisible())
+                pButton->click();
+        });
+        pButton->setToolTip(keys.toString(QKeySequence::NativeText));
+    }
+}
+
+void CPersonnelInfoUI::SetMode(Mode mode)
+{
+    m_mode = mode;
+    const QString sTitles[] = {Text::tr("Add Person"), Text::tr("Edit Person"), Text::tr("Person Details")};
+    m_pUi->lbPersonTitle->setText(sTitles[int(mode)]);
+    setWindowTitle(sTitles[int(mode)]);
+    const bool bDetails = mode == Mode::Details;
+    for (CPersonSection* const pSection : m_vecSections)
+        pSection->SetReadOnly(bDetails);
+    m_pBasic->SetIdEditable(mode == Mode::Add);
+    m_pUi->lbPersonNote->setVisible(!bDetails);
+    if (property("details").toBool() != bDetails) {
+        setProperty("details", bDetails);
+        setStyleSheet(styleSheet()); // the looks of all fields go by it
+    }
+    UpdateState();
+}
+
+void CPersonnelInfoUI::ShowRecord(const Person& person)
+{
+    m_loaded = person;
+    for (CPersonSection* const pSection : m_vecSections)
+        pSection->SetPerson(person);
+    m_baseline = GetEdited();
+    m_pUi->stackPerson->setCurrentWidget(m_pUi->pagePersonForm);
+    m_pUi->scrollPerson->verticalScrollBar()->setValue(0);
+    UpdateState();
+    if (m_mode != Mode::Details)
+        m_pBasic->FocusFirst();
+}
+
+CPersonnelInfoUI::Person CPersonnelInfoUI::GetEdited() const
+{
+    Person edited = m_loaded;
+    for (const CPersonSection* const pSection : m_vecSections)
+        pSection->FillPerson(edited);
+    return edited;
+}
+
+bool CPersonnelInfoUI::IsFormShown() const
+{
+    return m_pUi->stackPerson->currentWidget() == m_pUi->pagePersonForm;
+}
+
 bool CPersonnelInfoUI::IsDirty() const
 {
-    return false;
+    return m_mode != Mode::Details && IsFormShown() && GetEdited() != m_baseline;
+}
+
+void CPersonnelInfoUI::OnChanged()
+{
+    m_pUi->lbUnsaved->setVisible(IsDirty());
+}
+
+void CPersonnelInfoUI::UpdateState()
+{
+    const bool bDetails = m_mode == Mode::Details;
+    const bool bUsable = IsFormShown() && m_bConnected && !m_bBusy;
+    m_pUi->m_pBtnOk->setVisible(!bDetails);
+    m_pUi->m_pAddAndContinue->setVisible(m_mode == Mode::Add);
+    m_pUi->m_pBtnExtract->setVisible(!bDetails);
+    m_pUi->m_pBtnEdit->setVisible(bDetails);
+    m_pUi->m_pBtnOk->setEnabled(bUsable);
+    m_pUi->m_pAddAndContinue->setEnabled(bUsable);
+    m_pUi->m_pBtnExtract->setEnabled(bUsable);
+    m_pUi->m_pBtnEdit->setEnabled(bUsable);
+    m_pUi->wgtSections->setEnabled(!m_bBusy);
+    m_pUi->btnChoicesAgain->setEnabled(m_bConnected);
+    OnChanged();
+}
+
+void CPersonnelInfoUI::SetConnected(bool bConnected)
+{
+    const bool bBack = bConnected && !m_bConnected;
+    m_bConnected = bConnected;
+    for (CPersonSection* const pSection : m_vecSections)
+        pSection->SetConnected(bConnected);
+    if (m_pExtract)
+        m_pExtract->SetConnected(bConnected);
+    UpdateState();
+    if (!bBack || !isVisible())
+        return;
+    if (!m_sChoicesFailed.isEmpty() || !m_sResidenceFailed.isEmpty())
+        QueryChoices();
+    if (!IsFormShown())
+        QueryDetail();
+}
+
+bool CPersonnelInfoUI::CheckInput()
+{
+    for (CPersonSection* const pSection : m_vecSections) {
+        const QString sFailure = pSection->CheckInput();
+        if (sFailure.isEmpty())
+            continue;
+        VxGUI::VxNotification::Show(this, sFailure, VxGUI::NotificationKind::Warning);
+        m_pUi->wgtNavPage->ShowSection(pSection->parentWidget());
+        ScrollToFocus();
+        return false;
+    }
+    return true;
+}
+
+void CPersonnelInfoUI::ScrollToFocus()
+{
+    QWidget* const pFocus = m_pUi->wgtSections->focusWidget();
+    if (pFocus && m_pUi->wgtSections->isAncestorOf(pFocus))
+        m_pUi->scrollPerson->ensureWidgetVisible(pFocus);
+}
+
+QString CPersonnelInfoUI::FailurePrefix() const
+{
+    return m_mode == Mode::Add ? Text::tr("Failed to add person") : Text::tr("Failed to modify user");
+}
+
+void CPersonnelInfoUI::OnCancelClicked()
+{
+    if (IsDirty()
+        && !Common::AskPrompt(this, Text::tr("Current page data are changed, are you sure to leave?")))
+        return;
+    m_requests.Clear();
+    m_bBusy = false;
+    if (IsFormShown())
+        ShowRecord(m_loaded);
+    Q_EMIT SignalBack();
+}
+
+void CPersonnelInfoUI::keyPressEvent(QKeyEvent* pEvent)
+{
+    if (pEvent->key() == Qt::Key_Escape)
+        OnCancelClicked();
+    else
+        QWidget::keyPressEvent(pEvent);
+}
+
+void CPersonnelInfoUI::showEvent(QShowEvent* pEvent)
+{
+    QWidget::showEvent(pEvent);
+    Common::LoadStyleSheet(this, SkinFolder);
 }
 
 } // namespace BasicInfoManagerUI

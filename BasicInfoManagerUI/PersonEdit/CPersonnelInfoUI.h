@@ -1,14 +1,31 @@
 #pragma once
 
 #include <AccessControlLogical/PersonRecords.h>
+#include <common/CRequests.h>
+#include <common/ObserverAdapters.h>
 
+#include <QPointer>
 #include <QWidget>
 
+#include <memory>
+
+namespace Ui {
+class CPersonnelInfoUI;
+}
 namespace UICommonMdl {
 class CInterfaceSetManager;
 }
 
 namespace BasicInfoManagerUI {
+
+class CAccessControlInfo;
+class CCredentialsSection;
+class CExtractPersonDlg;
+class CFaceComparisonInfo;
+class CLiftControlInfo;
+class CPersonBasicInfo;
+class CPersonSection;
+class CResidentInfo;
 
 /// The person editor: adds, edits and shows one person. User-interface thread.
 class CPersonnelInfoUI : public QWidget
@@ -18,6 +35,7 @@ class CPersonnelInfoUI : public QWidget
 public:
     /// pInterfaceSet is borrowed and outlives the editor.
     explicit CPersonnelInfoUI(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent = nullptr);
+    ~CPersonnelInfoUI() override;
 
     /// Each starts anew and asks for what it needs; shown by the caller. An answer to an earlier one is
     /// dropped.
@@ -34,6 +52,79 @@ Q_SIGNALS:
     void SignalBack();
     /// A person was added or modified, so that lists are old. The editor may stay open for the next one.
     void SignalPersonSaved(const QString& sPersonId);
+
+protected:
+    void keyPressEvent(QKeyEvent* pEvent) override;
+    void showEvent(QShowEvent* pEvent) override;
+
+private:
+    using Param = AccessControlLogical::IPersonManagerObserver::Param;
+    using Person = AccessControlLogical::Person_t;
+    enum class Mode
+    {
+        Add,
+        Edit,
+        Details
+    };
+
+    // Building the page.
+    void SetUpSections();
+    void AddSection(CPersonSection* pSection);
+    void SetUpButtons();
+    void SetUpShortcuts();
+
+    // What is shown.
+    void Begin(Mode mode);
+    void BeginNewPerson(const std::string& sGroupCode);
+    void SetMode(Mode mode);
+    void ShowRecord(const Person& person);
+    Person GetEdited() const;
+    bool IsFormShown() const;
+    void UpdateState();
+    void OnChanged();
+
+    // What it asks for.
+    void QueryDetail();
+    void OnDetail(const Param& param);
+    void QueryChoices();
+    void QueryPermissionChoices();
+    void QueryResidence();
+    void SetChoicesFailed(const QString& sPermissions, const QString& sResidence);
+    void OnExtractClicked();
+
+    // Saving and leaving.
+    void OnOkClicked(bool bContinue);
+    bool CheckInput();
+    void OnSaved(const Param& param, const Person& sent, bool bContinue);
+    void ShowRefusal(const Param& param, const Person& sent);
+    void ShowClashes(const Param& param, const Person& sent);
+    void OnCancelClicked();
+    void SetBusy(bool bBusy);
+    void ScrollToFocus();
+    QString FailurePrefix() const;
+
+    std::unique_ptr<Ui::CPersonnelInfoUI> m_pUi;
+    UICommonMdl::CInterfaceSetManager* m_pInterfaceSet;
+    AccessControlLogical::IAccessControlManager* m_pManager;
+    CPersonBasicInfo* m_pBasic = nullptr;
+    CCredentialsSection* m_pCredentials = nullptr;
+    CAccessControlInfo* m_pAccess = nullptr;
+    CLiftControlInfo* m_pLift = nullptr;
+    CFaceComparisonInfo* m_pFace = nullptr;
+    CResidentInfo* m_pResident = nullptr;
+    std::vector<CPersonSection*> m_vecSections; ///< in their order
+    QPointer<CExtractPersonDlg> m_pExtract;
+    QPointer<QWidget> m_pFocusBefore; ///< had the focus when a save began
+    Mode m_mode = Mode::Add;
+    QString m_sPersonId; ///< the one that is edited or shown
+    Person m_loaded; ///< what the form began with
+    Person m_baseline; ///< the same as the form shows it
+    bool m_bBusy = false;
+    bool m_bConnected = true;
+    QString m_sChoicesFailed; ///< empty: the choices came or are on their way
+    QString m_sResidenceFailed;
+    Common::CRequests<Param> m_requests;
+    Common::CPersonManagerAdapter m_adapter;
 };
 
 } // namespace BasicInfoManagerUI

@@ -1,12 +1,279 @@
 #include "CPersonManagerCtrl.h"
 
+#include "CDisplayQRcodeDlg.h"
+#include "CHistoryLogDlg.h"
+#include "CMovePersonTree.h"
+#include "CPersonAuthorizeAbnormalDlg.h"
+#include "CPersonnelListView.h"
+#include "PersonRequestKinds.h"
+#include "PersonRules.h"
+#include "ui_CPersonManagerCtrl.h"
+
+#include <Credentials/CBatchIssueCard.h>
+#include <PersonEdit/CPersonnelBatchAuthorizeUI.h>
+#include <PersonEdit/CPersonnelInfoUI.h>
+#include <UICommonMdl/CErrorCode.h>
+#include <VxGUI/VxNotification.h>
+#include <common/Prompt.h>
+
+#include <QKeyEvent>
+
 namespace BasicInfoManagerUI {
 
-CPersonManagerCtrl::CPersonManagerCtrl(UICommonMdl::CInterfaceSetManager*, QWidget* pParent)
-    : QWidget(pParent)
+namespace {
+
+struct Text
 {
+    Q_DECLARE_TR_FUNCTIONS(CPersonManagerCtrl)
+};
+
+std::vector<std::string> ToIds(const QStringList& listIds)
+{
+    std::vector<std::string> vecIds;
+    for (const QString& sId : listIds)
+        vecIds.push_back(sId.toStdString());
+    return vecIds;
 }
 
-void CPersonManagerCtrl::Uninit() { }
+QStringList FailureLines(const std::vector<AccessControlLogical::PersonFailure_t>& vecFailed)
+{
+    QStringList listLines;
+    for (const AccessControlLogical::PersonFailure_t& failure : vecFailed)
+        listLines.append(
+            QStringLiteral("%1 (%2): %3")
+                .arg(QString::fromStdString(failure.sName), QString::fromStdString(failure.sPersonId),
+                    UICommonMdl::CErrorCode::GetErroCodeInfor(failure.nErrorCode)));
+    return listLines;
+}
+
+} // namespace
+
+void CPersonManagerCtrl::UpdateButtons()
+{
+    const int nChecked = m_pUi->m_pPersonnelListView->GetPersons()->GetCheckedIds().size();
+    const int nTotal = m_pUi->m_pPageFileCtrl->GetTotalCount();
+    m_pUi->m_btnDel->setEnabled(m_bConnected && nTotal > 0);
+    for (QPushButton* pButton : {m_pUi->m_btnBatchIssuCard, m_pUi->btnMoveTo, m_pUi->btnBatchAuthorize})
+        pButton->setEnabled(m_bConnected && nChecked > 0);
+    m_pUi->lbStatus->setText(Text::tr("Checked: %1").arg(nChecked));
+}
+
+QStringList CPersonManagerCtrl::GetCheckedIds()
+{
+    const QStringList listIds = m_pUi->m_pPersonnelListView->GetPersons()->GetCheckedIds();
+    if (listIds.isEmpty())
+        VxGUI::VxNotification::Show(
+            this, Text::tr("Please select at least one person."), VxGUI::NotificationKind::Warning);
+    return listIds;
+}
+
+void CPersonManagerCtrl::OnOperation(int nRole, const QString& sPersonId)
+{
+    switch (nRole) {
+    case CPersonnelListView::RoleEdit:
+        m_pEditor->EditPerson(sPersonId);
+        ShowPage(m_pEditor);
+        break;
+    case CPersonnelListView::RoleDetails:
+        m_pEditor->ShowPerson(sPersonId);
+        ShowPage(m_pEditor);
+        break;
+    case CPersonnelListView::RoleDelete:
+        DeletePersons({sPersonId});
+        break;
+    case CPersonnelListView::RoleMove:
+        MovePersons({sPersonId}, m_pUi->btnMoveTo);
+        break;
+    case CPersonnelListView::RoleHistory:
+        ShowHistory(sPersonId);
+        break;
+    case CPersonnelListView::RoleReissue:
+        ReissuePerson(sPersonId);
+        break;
+    case CPersonnelListView::RoleQrCode:
+        ShowQrCode(sPersonId);
+        break;
+    }
+}
+
+void CPersonManagerCtrl::OnBtnDelClicked()
+{
+    const QStringList listIds = GetCheckedIds();
+    if (!listIds.isEmpty())
+        DeletePersons(listIds);
+}
+
+void CPersonManagerCtrl::DeletePersons(const QStringList& listIds)
+{
+    if (!Common::AskPrompt(this,
+            Text::tr(
+                "Are you sure you want to delete the selected person(s)? After deletion, the person(s) in "
+                "the group and the related permissions will be deleted.")))
+        return;
+    SendBatch(
+        m_pManager ? m_pManager->DeletePersons(ToIds(listIds)) : 0, Text::tr("Failed to delete person"));
+}
+
+void CPersonManagerCtrl::OnDeleteAllClicked()
+{
+    const QString sGroupCode = GetGroupCode();
+    if (sGroupCode.isEmpty()) {
+        ShowSelectGroup();
+        return;
+    }
+    if (!Common::AskPrompt(this,
+            Text::tr(
+                "Are you sure you want to delete all persons? After deletion, all group members and related "
+                "permissions will be deleted.")))
+        return;
+    const bool bSubGroups = m_pUi->cbContainSub->isChecked();
+    SendBatch(m_pManager ? m_pManager->DeleteAllPersons(sGroupCode.toStdString(), bSubGroups) : 0,
+        Text::tr("Failed to delete person"));
+}
+
+void CPersonManagerCtrl::SendBatch(int nSequence, const QString& sFailure)
+{
+    const bool bSent = m_requests.Add(nSequence, KindBatch, [this, sFailure](const PersonParam& param) {
+        if (!param.vecFailed.empty())
+            Common::ShowFailures(this, sFailure, FailureLines(param.vecFailed));
+        else if (param.nErrorCode != UICommonMdl::ErrorNone)
+            ShowFailure(sFailure, param.nErrorCode);
+        QueryCurrentPage();
+    });
+    if (!bSent)
+        ShowFailure(sFailure, UICommonMdl::ErrorNone);
+}
+
+void CPersonManagerCtrl::MovePersons(const QStringList& listIds, const QWidget* pBelow)
+{
+    if (listIds.isEmpty())
+        return;
+    auto* pTree = new CMovePersonTree(this);
+    connect(pTree, &CMovePersonTree::SignalOkClicked, this,
+        [this, listIds](const QString& sGroupCode) { OnMoveConfirmed(listIds, sGroupCode); });
+    pTree->PopUp(pBelow);
+}
+
+void CPersonManagerCtrl::OnMoveConfirmed(const QStringList& listIds, const QString& sGroupCode)
+{
+    if (sGroupCode.isEmpty()) {
+        VxGUI::VxNotification::Show(
+            this, Text::tr("Please select a department."), VxGUI::NotificationKind::Warning);
+        return;
+    }
+    SendBatch(m_pManager ? m_pManager->MovePersons(ToIds(listIds), sGroupCode.toStdString()) : 0,
+        Text::tr("Failed to move departments in batches."));
+}
+
+void CPersonManagerCtrl::ReissuePerson(const QString& sPersonId)
+{
+    const int nSequence = m_pManager ? m_pManager->ReissuePersonRight(sPersonId.toStdString()) : 0;
+    const bool bSent = m_reissues.Add(nSequence, KindReissue, [this](const PersonParam& param) {
+        const QString sFailure = GetReissueFailure(param.nErrorCode, 0, int(param.vecExceptions.size()));
+        if (sFailure.isEmpty())
+            VxGUI::VxNotification::Show(
+                this, Text::tr("The rights were sent again."), VxGUI::NotificationKind::Success);
+        else
+            VxGUI::VxNotification::Show(this, sFailure);
+        QueryCurrentPage();
+    });
+    if (!bSent)
+        ShowFailure(Text::tr("Failed to re-release right"), UICommonMdl::ErrorNone);
+    else
+        VxGUI::VxNotification::Show(
+            this, Text::tr("The rights are being sent again."), VxGUI::NotificationKind::Information);
+}
+
+void CPersonManagerCtrl::OnBtnAbnormalClicked(const QString& sPersonId, const QString&)
+{
+    auto* pDialog = new CPersonAuthorizeAbnormalDlg(m_pManager, sPersonId, this);
+    connect(this, &CPersonManagerCtrl::SignalConnected, pDialog, &CPersonAuthorizeAbnormalDlg::SetConnected);
+    connect(pDialog, &QDialog::finished, this, &CPersonManagerCtrl::QueryCurrentPage);
+    pDialog->SetConnected(m_bConnected);
+    pDialog->open();
+    pDialog->Start();
+}
+
+void CPersonManagerCtrl::ShowHistory(const QString& sPersonId)
+{
+    const auto* const pPerson = m_pUi->m_pPersonnelListView->GetPersons()->FindPerson(sPersonId);
+    auto* pDialog = new CHistoryLogDlg(
+        m_pManager, sPersonId, pPerson ? QString::fromStdString(pPerson->sName) : QString(), this);
+    connect(this, &CPersonManagerCtrl::SignalConnected, pDialog, &CHistoryLogDlg::SetConnected);
+    pDialog->SetConnected(m_bConnected);
+    pDialog->open();
+    pDialog->Start();
+}
+
+void CPersonManagerCtrl::ShowQrCode(const QString& sPersonId)
+{
+    auto* pDialog = new CDisplayQRcodeDlg(m_pManager, sPersonId, this);
+    connect(this, &CPersonManagerCtrl::SignalConnected, pDialog, &CDisplayQRcodeDlg::SetConnected);
+    pDialog->open();
+    pDialog->Start();
+}
+
+void CPersonManagerCtrl::OnBtnAddClicked()
+{
+    const QString sGroupCode = GetGroupCode();
+    m_pEditor->AddPerson(
+        sGroupCode.isEmpty() ? QLatin1String(AccessControlLogical::RootDepartmentCode) : sGroupCode);
+    ShowPage(m_pEditor);
+}
+
+void CPersonManagerCtrl::OnBtnBatchIssueCardClicked()
+{
+    if (GetCheckedIds().isEmpty())
+        return;
+    m_pIssueCard->SetPersons(m_pUi->m_pPersonnelListView->GetPersons()->GetCheckedPersons());
+    ShowPage(m_pIssueCard);
+}
+
+void CPersonManagerCtrl::OnBtnBatchAuthorizeClicked()
+{
+    if (GetCheckedIds().isEmpty())
+        return;
+    m_pAuthorize->SetPersons(m_pUi->m_pPersonnelListView->GetPersons()->GetCheckedPersons());
+    ShowPage(m_pAuthorize);
+}
+
+void CPersonManagerCtrl::ShowPage(QWidget* pPage)
+{
+    m_pUi->stackPages->setCurrentWidget(pPage);
+    pPage->setFocus();
+}
+
+void CPersonManagerCtrl::ShowList()
+{
+    m_pUi->stackPages->setCurrentWidget(m_pUi->pagePersons);
+    m_pUi->m_pPersonnelListView->setFocus();
+}
+
+bool CPersonManagerCtrl::IsPageDirty() const
+{
+    const QWidget* const pPage = m_pUi->stackPages->currentWidget();
+    return (pPage == m_pEditor && m_pEditor->IsDirty()) || (pPage == m_pIssueCard && m_pIssueCard->IsDirty())
+        || (pPage == m_pAuthorize && m_pAuthorize->IsDirty());
+}
+
+void CPersonManagerCtrl::LeavePage()
+{
+    if (IsPageDirty()
+        && !Common::AskPrompt(this, Text::tr("Current page data are changed, are you sure to leave?")))
+        return;
+    // A page that is left lets its reader go with its persons.
+    if (m_pUi->stackPages->currentWidget() == m_pIssueCard)
+        m_pIssueCard->SetPersons({});
+    ShowList();
+}
+
+void CPersonManagerCtrl::keyPressEvent(QKeyEvent* pEvent)
+{
+    const bool bBack = pEvent->key() == Qt::Key_Escape || pEvent->matches(QKeySequence::Back);
+    if (bBack && m_pUi->stackPages->currentWidget() != m_pUi->pagePersons)
+        LeavePage();
+    else
+        QWidget::keyPressEvent(pEvent);
+}
 
 } // namespace BasicInfoManagerUI

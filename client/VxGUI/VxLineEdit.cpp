@@ -1,5 +1,7 @@
 #include <VxGUI/VxLineEdit.h>
 
+#include "EmptyMark.h"
+
 #include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -22,6 +24,7 @@ VxLineEdit::VxLineEdit(QWidget* pParent)
     pLayout->setSpacing(2);
     pLayout->addWidget(m_pEdit);
     pLayout->addWidget(m_pHint);
+    MarkEmpty(m_pEdit);
     setFocusProxy(m_pEdit);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     // The field tells an edit before the change that it makes: the hint is of the text that stands there.

@@ -1,9 +1,10 @@
 #include <VxGUI/VxSearchBox.h>
 
+#include "EmptyMark.h"
+
 #include <Trv/QSkin.h>
 
 #include <QAction>
-#include <QStyle>
 
 namespace VxGUI {
 
@@ -15,15 +16,7 @@ VxSearchBox::VxSearchBox(QWidget* pParent)
     m_pSearchAction->setToolTip(tr("Search"));
     addAction(m_pSearchAction, QLineEdit::TrailingPosition);
     setClearButtonEnabled(true);
-    // A style sheet colours the background text like the text itself; "empty" lets it tell them apart.
-    setProperty("empty", true);
-    connect(this, &QLineEdit::textChanged, this, [this](const QString& sText) {
-        if (property("empty").toBool() == sText.isEmpty())
-            return;
-        setProperty("empty", sText.isEmpty());
-        style()->unpolish(this);
-        style()->polish(this);
-    });
+    MarkEmpty(this);
     connect(m_pSearchAction, &QAction::triggered, this, &VxSearchBox::SignalSearch);
     connect(this, &QLineEdit::returnPressed, this, &VxSearchBox::SignalSearch);
     // An emptied field, by keys or by the clear button, is a search for everything; waiting for Enter would

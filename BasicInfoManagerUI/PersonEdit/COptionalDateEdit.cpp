@@ -1,0 +1,138 @@
+#include "COptionalDateEdit.h"
+
+#include "PersonFields.h"
+
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QDateTimeEdit>
+#include <QLabel>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+namespace BasicInfoManagerUI {
+
+namespace {
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(COptionalDateEdit)
+};
+} // namespace
+
+COptionalDateEdit::COptionalDateEdit(QWidget* pParent)
+    : QWidget(pParent)
+    , m_pCheck(new QCheckBox(this))
+    , m_pEdit(new QDateTimeEdit(this))
+    , m_pOpen(new QLabel(Text::tr("Not set"), this))
+    , m_pHint(new QLabel(this))
+{
+    m_pCheck->setObjectName(QStringLiteral("ckDate"));
+    m_pEdit->setObjectName(QStringLiteral("dtDate"));
+    m_pHint->setObjectName(QStringLiteral("lbHint"));
+    m_pHint->setWordWrap(true);
+    m_pOpen->setObjectName(QStringLiteral("lbDateOpen"));
+    m_pOpen->setMinimumHeight(m_pEdit->sizeHint().height());
+    m_pHint->hide();
+    m_pEdit->setCalendarPopup(true);
+    m_pEdit->setMinimumDate(QDate(1900, 1, 1));
+    m_pEdit->setMaximumDate(QDate(9999, 12, 31));
+    PersonFields::KeepFromWheel(m_pEdit);
+    SetWithTime(false);
+    auto* const pRow = new QHBoxLayout;
+    pRow->setSpacing(8);
+    pRow->addWidget(m_pCheck);
+    pRow->addWidget(m_pEdit, 1);
+    pRow->addWidget(m_pOpen, 1);
+    auto* const pLayout = new QVBoxLayout(this);
+    pLayout->setContentsMargins(0, 0, 0, 0);
+    pLayout->setSpacing(2);
+    pLayout->addLayout(pRow);
+    pLayout->addWidget(m_pHint);
+    setFocusProxy(m_pCheck);
+    connect(m_pCheck, &QCheckBox::toggled, this, &COptionalDateEdit::OnChecked);
+    connect(m_pEdit, &QDateTimeEdit::dateTimeChanged, this, [this] {
+        SetErrorHint({});
+        Q_EMIT SignalChanged();
+    });
+    UpdateEnabled();
+}
+
+void COptionalDateEdit::SetCaption(const QString& sCaption)
+{
+    m_pCheck->setAccessibleName(sCaption);
+    m_pEdit->setAccessibleName(sCaption);
+}
+
+void COptionalDateEdit::SetWithTime(bool bWithTime)
+{
+    m_pEdit->setDisplayFormat(
+        bWithTime ? QStringLiteral("yyyy-MM-dd HH:mm:ss") : QStringLiteral("yyyy-MM-dd"));
+}
+
+void COptionalDateEdit::SetReadOnly(bool bReadOnly)
+{
+    m_bReadOnly = bReadOnly;
+    UpdateEnabled();
+}
+
+void COptionalDateEdit::UpdateEnabled()
+{
+    m_pCheck->setEnabled(!m_bReadOnly);
+    m_pEdit->setEnabled(!m_bReadOnly);
+    m_pEdit->setVisible(m_pCheck->isChecked());
+    m_pOpen->setVisible(!m_pCheck->isChecked());
+}
+
+void COptionalDateEdit::Show(const std::optional<QDateTime>& optDate)
+{
+    const QSignalBlocker checkBlocker(m_pCheck);
+    const QSignalBlocker editBlocker(m_pEdit);
+    m_pCheck->setChecked(optDate.has_value());
+    m_pEdit->setDateTime(optDate.value_or(m_proposal.isValid() ? m_proposal : QDateTime::currentDateTime()));
+    SetErrorHint({});
+    UpdateEnabled();
+}
+
+void COptionalDateEdit::OnChecked(bool bChecked)
+{
+    SetErrorHint({});
+    UpdateEnabled();
+    if (bChecked)
+        m_pEdit->setFocus();
+    Q_EMIT SignalChanged();
+}
+
+void COptionalDateEdit::SetDate(const QDate& date)
+{
+    Show(date.isValid() ? std::optional(date.startOfDay()) : std::nullopt);
+}
+
+QDate COptionalDateEdit::GetDate() const
+{
+    return m_pCheck->isChecked() ? m_pEdit->date() : QDate();
+}
+
+void COptionalDateEdit::SetSeconds(std::int64_t nSeconds)
+{
+    m_nLoaded = nSeconds;
+    Show(nSeconds != 0 ? std::optional(QDateTime::fromSecsSinceEpoch(nSeconds)) : std::nullopt);
+    m_shown = m_pEdit->dateTime();
+}
+
+std::int64_t COptionalDateEdit::GetSeconds() const
+{
+    if (!m_pCheck->isChecked())
+        return 0;
+    // An hour that the clocks repeat in autumn reads the same twice.
+    if (m_nLoaded != 0 && m_pEdit->dateTime() == m_shown)
+        return m_nLoaded;
+    return m_pEdit->dateTime().toSecsSinceEpoch();
+}
+
+void COptionalDateEdit::SetErrorHint(const QString& sText)
+{
+    m_pHint->setText(sText);
+    m_pHint->setVisible(!sText.isEmpty());
+    m_pEdit->setAccessibleDescription(sText);
+}
+
+} // namespace BasicInfoManagerUI

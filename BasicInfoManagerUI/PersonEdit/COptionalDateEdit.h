@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QWidget>
+
+#include <cstdint>
+#include <optional>
+
+class QCheckBox;
+class QDateTimeEdit;
+class QLabel;
+
+namespace BasicInfoManagerUI {
+
+/// A date, or a date with its time, that may be left open: a box that is checked when there is one, and the
+/// date beside it. User-interface thread.
+class COptionalDateEdit : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit COptionalDateEdit(QWidget* pParent = nullptr);
+
+    /// What the box says, and the name of both for those who do not see them.
+    void SetCaption(const QString& sCaption);
+    /// "yyyy-MM-dd", or with hours, minutes and seconds.
+    void SetWithTime(bool bWithTime);
+    /// What an open date becomes when the box is checked; now unless it is said.
+    void SetProposal(const QDateTime& proposal) { m_proposal = proposal; }
+    void SetReadOnly(bool bReadOnly);
+
+    /// Invalid: left open.
+    void SetDate(const QDate& date);
+    QDate GetDate() const;
+    /// Seconds since 1970, UTC; 0: left open. What is not touched comes back as it was, to the second.
+    void SetSeconds(std::int64_t nSeconds);
+    std::int64_t GetSeconds() const;
+
+    /// Shows a message under the date; empty: none. It goes with the next change.
+    void SetErrorHint(const QString& sText);
+
+Q_SIGNALS:
+    void SignalChanged();
+
+private:
+    void Show(const std::optional<QDateTime>& optDate);
+    void OnChecked(bool bChecked);
+    void UpdateEnabled();
+
+    QCheckBox* m_pCheck;
+    QDateTimeEdit* m_pEdit;
+    QLabel* m_pOpen; ///< stands in place of an open date
+    QLabel* m_pHint;
+    QDateTime m_proposal;
+    std::int64_t m_nLoaded = 0;
+    QDateTime m_shown; ///< how the loaded seconds are shown
+    bool m_bReadOnly = false;
+};
+
+} // namespace BasicInfoManagerUI

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QComboBox>
+#include <QPointer>
+
+#include <functional>
+
+namespace Common {
+class CTreeChoice;
+}
+namespace UICommonMdl {
+class CDepartmentModel;
+}
+
+namespace BasicInfoManagerUI {
+
+/// A combo box that drops the tree of person groups, with a search field. User-interface thread.
+class CGroupComboBox : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    explicit CGroupComboBox(QWidget* pParent = nullptr);
+    ~CGroupComboBox() override;
+
+    /// Which groups can be chosen; those that cannot are shown greyed.
+    void SetChoiceRule(std::function<bool(const QModelIndex& group)> rule) { m_rule = std::move(rule); }
+    /// An unknown code chooses none.
+    void SetCode(const QString& sCode);
+    /// Empty: none is chosen.
+    QString GetCode() const { return m_sCode; }
+
+    void showPopup() override;
+    void hidePopup() override;
+
+Q_SIGNALS:
+    /// The user chose another group, or the chosen one is gone.
+    void SignalCodeChanged();
+
+protected:
+    bool eventFilter(QObject* pWatched, QEvent* pEvent) override;
+    void keyPressEvent(QKeyEvent* pEvent) override;
+    void wheelEvent(QWheelEvent* pEvent) override;
+
+private:
+    void MakePopup();
+    void OnModelFilled();
+    void OnChosen();
+
+    UICommonMdl::CDepartmentModel* m_pModel;
+    std::function<bool(const QModelIndex& group)> m_rule;
+    QString m_sCode;
+    QPointer<QWidget> m_pPopup; ///< made on its first use
+    QPointer<Common::CTreeChoice> m_pChoice;
+};
+
+} // namespace BasicInfoManagerUI

@@ -1,0 +1,203 @@
+#include "CPersonGroupEditUI.h"
+
+#include "PersonRules.h"
+#include "ui_CPersonGroupEditUI.h"
+
+#include <UICommonMdl/CDepartmentModelManager.h>
+#include <UICommonMdl/CErrorCode.h>
+#include <VxGUI/VxNotification.h>
+#include <common/Prompt.h>
+#include <common/StyleSheet.h>
+
+namespace BasicInfoManagerUI {
+
+using AccessControlLogical::Department_t;
+
+namespace {
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(CPersonGroupEditUI)
+};
+
+constexpr int NameLimit = 50;
+constexpr int RemarkLimit = 255;
+constexpr int KindSave = 1;
+
+UICommonMdl::CDepartmentModel* Groups()
+{
+    return UICommonMdl::CDepartmentModelManager::Instance()->GetDepartmentModel();
+}
+
+} // namespace
+
+CPersonGroupEditUI::CPersonGroupEditUI(
+    AccessControlLogical::IAccessControlManager* pManager, QWidget* pParent)
+    : QDialog(pParent)
+    , m_pUi(std::make_unique<Ui::CPersonGroupEditUI>())
+    , m_pManager(pManager)
+    , m_adapter(pManager)
+{
+    m_pUi->setupUi(this);
+    setAttribute(Qt::WA_DeleteOnClose);
+    setModal(true);
+    m_pUi->lbConnection->hide();
+    SetUpFields();
+    connect(m_pUi->m_pBtnAdd, &QAbstractButton::clicked, this, &CPersonGroupEditUI::accept);
+    connect(m_pUi->m_pAddAndPerson, &QAbstractButton::clicked, this, [this] { Save(true); });
+    connect(m_pUi->m_pBtnCancel, &QAbstractButton::clicked, this, &CPersonGroupEditUI::reject);
+    connect(
+        &m_adapter, &Common::CDepartmentManagerAdapter::SignalState, this,
+        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
+    connect(this, &CPersonGroupEditUI::SignalRequestTimeout, this, [this] {
+        m_bSaving = false;
+        UpdateButtons();
+    });
+    Common::LoadStyleSheet(this, QStringLiteral("BasicInfoManagerUI/Personnel"));
+}
+
+CPersonGroupEditUI::~CPersonGroupEditUI() = default;
+
+void CPersonGroupEditUI::SetUpFields()
+{
+    m_pUi->m_pEditGroupName->SetRequired(Text::tr("Please enter person group name."));
+    m_pUi->m_pEditGroupName->SetMaxLimit(NameLimit, Text::tr("The max length of group name is 50!"));
+    m_pUi->m_pEditGroupName->SetPattern(QRegularExpression(QStringLiteral("^[^<>/]*$")),
+        Text::tr("Special characters < > / are not allowed."));
+    m_pUi->m_pEditRemark->SetMaxLimit(
+        RemarkLimit, Text::tr("The remark length cannot exceed %1 characters.").arg(RemarkLimit));
+    m_pUi->m_pEditRemark->SetPattern(QRegularExpression(QStringLiteral("^[^<>]*$")),
+        Text::tr("Special characters < and > are not allowed."));
+    m_pUi->m_pCmbParent->SetChoiceRule([this](const QModelIndex& group) {
+        return CanBeParent(group, Groups()->FindCode(QString::fromStdString(m_loaded.sCode)));
+    });
+    m_pUi->lbParentHint->hide();
+    connect(m_pUi->m_pCmbParent, &CGroupComboBox::SignalCodeChanged, m_pUi->lbParentHint,
+        [this] { m_pUi->lbParentHint->setVisible(false); });
+}
+
+void CPersonGroupEditUI::BeginAdd(const QString& sParentCode)
+{
+    m_loaded = {};
+    m_loaded.sParentCode = sParentCode.toStdString();
+    ShowRecord();
+}
+
+void CPersonGroupEditUI::BeginModify(const Department_t& department)
+{
+    m_loaded = department;
+    ShowRecord();
+}
+
+void CPersonGroupEditUI::ShowRecord()
+{
+    const bool bNew = m_loaded.sCode.empty();
+    const bool bRoot = m_loaded.sCode == AccessControlLogical::RootDepartmentCode;
+    setWindowTitle(bNew ? Text::tr("Add Person Group") : Text::tr("Edit Person Group"));
+    m_pUi->m_pBtnAdd->setText(bNew ? Text::tr("Add") : Text::tr("Save"));
+    m_pUi->m_pAddAndPerson->setVisible(bNew);
+    m_pUi->lbParent->setVisible(!bRoot);
+    m_pUi->m_pCmbParent->setVisible(!bRoot);
+    m_pUi->m_pCmbParent->SetCode(QString::fromStdString(m_loaded.sParentCode));
+    m_pUi->m_pEditGroupName->setText(QString::fromStdString(m_loaded.sName));
+    m_pUi->m_pEditRemark->setText(QString::fromStdString(m_loaded.sRemark));
+    m_pUi->m_pEditGroupName->GetLineEdit()->setFocus();
+    UpdateButtons();
+}
+
+bool CPersonGroupEditUI::CheckFields()
+{
+    const bool bRoot = m_loaded.sCode == AccessControlLogical::RootDepartmentCode;
+    if (!bRoot && m_pUi->m_pCmbParent->GetCode().isEmpty()) {
+        m_pUi->lbParentHint->setText(Text::tr("Please enter parent group name."));
+        m_pUi->lbParentHint->show();
+        m_pUi->m_pCmbParent->setFocus();
+        return false;
+    }
+    for (VxGUI::VxLineEdit* pEdit : {m_pUi->m_pEditGroupName, m_pUi->m_pEditRemark}) {
+        if (!pEdit->CheckInput().isEmpty()) {
+            pEdit->GetLineEdit()->setFocus();
+            return false;
+        }
+    }
+    return true;
+}
+
+Department_t CPersonGroupEditUI::GetEdited() const
+{
+    Department_t edited = m_loaded;
+    if (edited.sCode != AccessControlLogical::RootDepartmentCode)
+        edited.sParentCode = m_pUi->m_pCmbParent->GetCode().toStdString();
+    edited.sName = m_pUi->m_pEditGroupName->text().trimmed().toStdString();
+    edited.sRemark = m_pUi->m_pEditRemark->text().toStdString();
+    return edited;
+}
+
+void CPersonGroupEditUI::accept()
+{
+    Save(false);
+}
+
+void CPersonGroupEditUI::Save(bool bAddPerson)
+{
+    if (m_bSaving || !m_bConnected || !CheckFields())
+        return;
+    int nSequence = 0;
+    if (m_pManager)
+        nSequence = m_loaded.sCode.empty() ? m_pManager->AddDepartment(GetEdited())
+                                           : m_pManager->ModifyDepartment(GetEdited());
+    m_bSaving = m_requests.Add(
+        nSequence, KindSave, [this, bAddPerson](const Param& param) { OnAnswer(param, bAddPerson); });
+    UpdateButtons();
+    if (!m_bSaving)
+        ShowFailure(UICommonMdl::ErrorNone);
+}
+
+void CPersonGroupEditUI::OnAnswer(const Param& param, bool bAddPerson)
+{
+    m_bSaving = false;
+    UpdateButtons();
+    if (param.nErrorCode == UICommonMdl::ErrorNone) {
+        const std::string sCode =
+            param.vecDepartments.empty() ? m_loaded.sCode : param.vecDepartments.front().sCode;
+        Q_EMIT SignalGroupSaved(QString::fromStdString(sCode), bAddPerson);
+        QDialog::accept();
+        return;
+    }
+    if (param.nErrorCode == UICommonMdl::ErrorTimeOut)
+        Q_EMIT SignalRequestTimeout();
+    ShowFailure(param.nErrorCode);
+    // The tree shows what the other one made of the group by the time that the dialog is opened again.
+    const bool bStale = param.nErrorCode == UICommonMdl::ErrorVersionConflict
+        || param.nErrorCode == UICommonMdl::ErrorNotFound;
+    if (bStale && m_pManager)
+        m_pManager->QueryDepartmentTree();
+}
+
+void CPersonGroupEditUI::ShowFailure(int nErrorCode)
+{
+    if (nErrorCode == UICommonMdl::ErrorNameExists) {
+        m_pUi->m_pEditGroupName->SetErrorHint(Text::tr("The person group name already exists."));
+        m_pUi->m_pEditGroupName->GetLineEdit()->setFocus();
+        return;
+    }
+    VxGUI::VxNotification::Show(this,
+        Common::FailureText(m_loaded.sCode.empty() ? Text::tr("Failed to add person group")
+                                                   : Text::tr("Failed to modify person group"),
+            nErrorCode));
+}
+
+void CPersonGroupEditUI::SetConnected(bool bConnected)
+{
+    m_bConnected = bConnected;
+    m_pUi->lbConnection->setVisible(!bConnected);
+    UpdateButtons();
+}
+
+void CPersonGroupEditUI::UpdateButtons()
+{
+    m_pUi->m_pBtnAdd->setEnabled(m_bConnected && !m_bSaving);
+    m_pUi->m_pAddAndPerson->setEnabled(m_bConnected && !m_bSaving);
+}
+
+} // namespace BasicInfoManagerUI

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <AccessControlLogical/IAccessControlManager.h>
+#include <common/CRequests.h>
+#include <common/ObserverAdapters.h>
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class CPersonGroupEditUI;
+}
+
+namespace BasicInfoManagerUI {
+
+/// Adds a person group, or changes name, remark and parent of one. On a refusal it stays open with the
+/// input. Deletes itself when it is closed. User-interface thread.
+class CPersonGroupEditUI : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// pManager is borrowed; null: every save is refused.
+    CPersonGroupEditUI(AccessControlLogical::IAccessControlManager* pManager, QWidget* pParent);
+    ~CPersonGroupEditUI() override;
+
+    void BeginAdd(const QString& sParentCode);
+    void BeginModify(const AccessControlLogical::Department_t& department);
+
+    void SetConnected(bool bConnected);
+    void accept() override;
+
+Q_SIGNALS:
+    /// The server took the change; bAddPerson: a person is to be added to the group next.
+    void SignalGroupSaved(const QString& sCode, bool bAddPerson);
+    /// The save was not answered in time: the wait ends.
+    void SignalRequestTimeout();
+
+private:
+    using Param = AccessControlLogical::IDepartmentManagerObserver::Param;
+    void SetUpFields();
+    void ShowRecord();
+    bool CheckFields();
+    AccessControlLogical::Department_t GetEdited() const;
+    void Save(bool bAddPerson);
+    void OnAnswer(const Param& param, bool bAddPerson);
+    void ShowFailure(int nErrorCode);
+    void UpdateButtons();
+
+    std::unique_ptr<Ui::CPersonGroupEditUI> m_pUi;
+    AccessControlLogical::IAccessControlManager* m_pManager;
+    AccessControlLogical::Department_t m_loaded; ///< without a code: a new group
+    bool m_bSaving = false;
+    bool m_bConnected = true;
+    Common::CRequests<Param> m_requests;
+    Common::CDepartmentManagerAdapter m_adapter;
+};
+
+} // namespace BasicInfoManagerUI

@@ -1,0 +1,130 @@
+#include "CPersonManagerCtrl.h"
+
+#include "CPersonGroupEditUI.h"
+#include "PersonRequestKinds.h"
+#include "ui_CPersonManagerCtrl.h"
+
+#include <PersonEdit/CPersonnelInfoUI.h>
+#include <UICommonMdl/CDepartmentModelManager.h>
+#include <VxGUI/VxNotification.h>
+#include <common/Prompt.h>
+
+namespace BasicInfoManagerUI {
+
+namespace {
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(CPersonManagerCtrl)
+};
+} // namespace
+
+QString CPersonManagerCtrl::GetGroupCode() const
+{
+    return m_pUi->m_pTreeWnd->GetCurrentCode();
+}
+
+void CPersonManagerCtrl::OnGroupChanged()
+{
+    const QModelIndex group = m_pDepartments->FindCode(GetGroupCode());
+    const QString sName = group.isValid() ? group.data().toString() : Text::tr("All Persons");
+    m_pUi->lbPersonGroupName->setText(sName);
+    m_pUi->lbPersonGroupName->setToolTip(sName);
+    m_pUi->m_btnDelOrg->setEnabled(group.isValid() && group.parent().isValid());
+}
+
+void CPersonManagerCtrl::ShowSelectGroup()
+{
+    VxGUI::VxNotification::Show(
+        this, Text::tr("Please select a person group."), VxGUI::NotificationKind::Warning);
+}
+
+void CPersonManagerCtrl::OnBtnAddOrgClicked()
+{
+    const QModelIndex group = m_pDepartments->FindCode(GetGroupCode());
+    if (!group.isValid()) {
+        ShowSelectGroup();
+        return;
+    }
+    if (UICommonMdl::CDepartmentModel::GetLevel(group) >= AccessControlLogical::DepartmentLevelLimit) {
+        VxGUI::VxNotification::Show(this,
+            Text::tr("Failed to add. Person group level must not exceed %1.")
+                .arg(AccessControlLogical::DepartmentLevelLimit),
+            VxGUI::NotificationKind::Warning);
+        return;
+    }
+    auto* pDialog = new CPersonGroupEditUI(m_pManager, this);
+    pDialog->BeginAdd(GetGroupCode());
+    OpenGroupEditor(pDialog);
+}
+
+void CPersonManagerCtrl::OnBtnModifyOrgClicked()
+{
+    const AccessControlLogical::Department_t* const pGroup = m_pDepartments->FindDepartment(GetGroupCode());
+    if (!pGroup) {
+        ShowSelectGroup();
+        return;
+    }
+    auto* pDialog = new CPersonGroupEditUI(m_pManager, this);
+    pDialog->BeginModify(*pGroup);
+    OpenGroupEditor(pDialog);
+}
+
+void CPersonManagerCtrl::OpenGroupEditor(CPersonGroupEditUI* pDialog)
+{
+    connect(pDialog, &CPersonGroupEditUI::SignalGroupSaved, this, &CPersonManagerCtrl::OnGroupSaved);
+    connect(this, &CPersonManagerCtrl::SignalConnected, pDialog, &CPersonGroupEditUI::SetConnected);
+    pDialog->SetConnected(m_bConnected);
+    pDialog->open();
+}
+
+void CPersonManagerCtrl::OnGroupSaved(const QString& sCode, bool bAddPerson)
+{
+    m_sSelectAfterQuery = sCode;
+    QueryDepartments();
+    if (!bAddPerson) {
+        // Rows show the names of their groups.
+        QueryCurrentPage();
+        return;
+    }
+    m_pEditor->AddPerson(sCode);
+    ShowPage(m_pEditor);
+}
+
+void CPersonManagerCtrl::OnBtnDelOrgClicked()
+{
+    const QModelIndex group = m_pDepartments->FindCode(GetGroupCode());
+    if (!group.isValid()) {
+        ShowSelectGroup();
+        return;
+    }
+    if (!group.parent().isValid()) {
+        VxGUI::VxNotification::Show(
+            this, Text::tr("The root group cannot be deleted."), VxGUI::NotificationKind::Warning);
+        return;
+    }
+    const QString sCode = GetGroupCode();
+    const QString sParentCode = UICommonMdl::CDepartmentModel::GetCode(group.parent());
+    if (!Common::AskPrompt(this,
+            Text::tr("Are you sure you want to delete the person group? After deletion, the people in this "
+                     "group and sub group(s) will be deleted.")))
+        return;
+    const int nSequence = m_pManager ? m_pManager->DeleteDepartment(sCode.toStdString()) : 0;
+    if (!m_departmentRequests.Add(
+            nSequence, KindDeleteDepartment, [this, sParentCode](const DepartmentParam& param) {
+                OnGroupDeleted(sParentCode, param.nErrorCode);
+            }))
+        ShowFailure(Text::tr("Failed to delete person group"), UICommonMdl::ErrorNone);
+}
+
+void CPersonManagerCtrl::OnGroupDeleted(const QString& sParentCode, int nErrorCode)
+{
+    if (nErrorCode == UICommonMdl::ErrorNone) {
+        // Another choice that was made in the meantime stays.
+        m_sSelectAfterQuery = sParentCode;
+    } else {
+        ShowFailure(Text::tr("Failed to delete person group"), nErrorCode);
+    }
+    QueryAll();
+}
+
+} // namespace BasicInfoManagerUI

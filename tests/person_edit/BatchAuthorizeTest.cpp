@@ -1,0 +1,158 @@
+#include "PersonEditFixture.h"
+
+#include <PersonEdit/CPersonnelBatchAuthorizeUI.h>
+
+#include <QComboBox>
+
+using namespace AccessControlLogical;
+using namespace BasicInfoManagerUI;
+
+namespace {
+
+class BatchAuthorize : public PersonPageFixture<CPersonnelBatchAuthorizeUI>
+{
+protected:
+    using Ids = std::vector<std::string>;
+    using Sent = std::tuple<Ids, Ids, Ids>;
+
+    void Open(int nPersons)
+    {
+        CPersonnelBatchAuthorizeUI& page = MakePage();
+        QObject::connect(&page, &CPersonnelBatchAuthorizeUI::SignalBack, &page,
+            [this](bool bAuthorized) { m_vecBack.push_back(bAuthorized); });
+        std::vector<PersonInfo_t> vecPersons;
+        for (int n = 0; n < nPersons; ++n) {
+            vecPersons.emplace_back();
+            vecPersons.back().sPersonId = std::to_string(100 + n);
+            vecPersons.back().sName = "Person " + std::to_string(n);
+        }
+        page.SetPersons(vecPersons);
+        PageDriver::Settle();
+    }
+    void ChooseGroups()
+    {
+        Click("m_pBtnAddAccessGroup");
+        CheckInAdder({"Night shift", "Day shift"});
+        ClickInDialog("CChoiceDlg", QDialogButtonBox::Ok);
+        Click("m_pBtnAddFaceGroup");
+        Choose("m_pCmbFaceGroup", "Staff");
+        ClickInDialog("CAddFaceGroupDlg", QDialogButtonBox::Ok);
+    }
+    Sent LastSent() { return m_host.access.persons.LastArgument<Sent>("AuthorizePersons"); }
+    int Requests() { return m_host.access.persons.Count("AuthorizePersons"); }
+    void Answer(const std::function<void(Param&)>& fill = {})
+    {
+        m_host.access.persons.Answer(
+            m_host.access.persons.Last("AuthorizePersons"), [&](const FakeCall&, Param& param) {
+                if (fill)
+                    fill(param);
+            });
+        PageDriver::Settle();
+    }
+
+    std::vector<bool> m_vecBack;
+};
+
+TEST_F(BatchAuthorize, ChosenPermissionsGoToThePersonsThatAreLeft)
+{
+    Open(3);
+    EXPECT_EQ(LabelText("lbSelectedCount"), "(3)");
+    RemoveRow("m_pSelected", 1);
+    EXPECT_EQ(LabelText("lbSelectedCount"), "(2)");
+    EXPECT_FALSE(m_pPage->IsDirty());
+    ChooseGroups();
+    EXPECT_TRUE(m_pPage->IsDirty());
+    Click("m_pBtnOk");
+    EXPECT_EQ(LastSent(), Sent({"100", "102"}, {"1", "2"}, {"1"}));
+    EXPECT_FALSE(IsUsable("m_pBtnOk"));
+    Answer();
+    EXPECT_EQ(Notice(), "Batch authorize person succeed");
+    EXPECT_EQ(m_vecBack, std::vector<bool>{true});
+    EXPECT_FALSE(m_pPage->IsDirty());
+}
+
+TEST_F(BatchAuthorize, ManyPersonsGoOneBatchAfterTheOther)
+{
+    Open(2500);
+    ChooseGroups();
+    Click("m_pBtnOk");
+    for (const std::size_t nExpected : {1000U, 1000U, 500U}) {
+        EXPECT_EQ(std::get<0>(LastSent()).size(), nExpected);
+        EXPECT_TRUE(m_vecBack.empty());
+        Answer();
+    }
+    EXPECT_EQ(Requests(), 3);
+    EXPECT_EQ(m_vecBack, std::vector<bool>{true});
+}
+
+TEST_F(BatchAuthorize, PartialFailuresAreListedAndTriedAgainAlone)
+{
+    Open(3);
+    ChooseGroups();
+    Click("m_pBtnOk");
+    Answer([](Param& param) {
+        param.vecFailed = {{"101", "Person 1", UICommonMdl::ErrorNotFound, ""},
+            {"102", "Person 2", UICommonMdl::ErrorPersonDuplicate, ""}};
+        param.vecClashes = {{ClashPlate, "AB 1"}};
+    });
+    ASSERT_EQ(m_dialogs.Shown().size(), 2);
+    EXPECT_TRUE(m_dialogs.Shown()[0].contains(
+        QStringLiteral("License plate number already exists.\nExisted Plate:\nAB 1")));
+    EXPECT_TRUE(m_dialogs.Shown()[1].startsWith(
+        QStringLiteral("Prompt: Batch authorize person failed\nResult of failure is shown below:\nPerson 1 "
+                       "(101): Failed to modify user")));
+    EXPECT_TRUE(
+        m_dialogs.Shown()[1].endsWith(QStringLiteral("Failed to authorize some plate number of Person 2.")));
+    EXPECT_EQ(LabelText("lbSelectedCount"), "(2)");
+    Click("m_pBtnOk");
+    EXPECT_EQ(LastSent(), Sent({"101", "102"}, {"1", "2"}, {"1"}));
+    m_dialogs.AnswerNext(true);
+    Click("m_pBtnCancel");
+    EXPECT_EQ(m_vecBack, std::vector<bool>{true}) << "the first person has new permissions";
+}
+
+TEST_F(BatchAuthorize, FailureReleasesThePage)
+{
+    Open(2);
+    ChooseGroups();
+    Click("m_pBtnOk");
+    Answer([](Param& param) { param.nErrorCode = UICommonMdl::ErrorTimeOut; });
+    EXPECT_EQ(Notice().rfind("Batch authorize person failed: ", 0), 0U);
+    EXPECT_TRUE(m_pPage->IsDirty());
+    m_host.access.persons.Refuse("AuthorizePersons");
+    Click("m_pBtnOk");
+    EXPECT_EQ(Notice(), "Batch authorize person failed");
+    m_pPage->SetConnected(false);
+    EXPECT_FALSE(IsUsable("m_pBtnOk"));
+    m_pPage->SetConnected(true);
+    EXPECT_TRUE(IsUsable("m_pBtnOk"));
+    EXPECT_TRUE(m_vecBack.empty());
+}
+
+TEST_F(BatchAuthorize, NothingSelectedOrNothingChosenIsNotSentUnasked)
+{
+    Open(1);
+    m_dialogs.AnswerNext(false);
+    Click("m_pBtnOk");
+    EXPECT_EQ(Requests(), 0);
+    RemoveRow("m_pSelected", 0);
+    Click("m_pBtnOk");
+    EXPECT_EQ(Notice(), "Please select at least one person.");
+    Screenshot("batch-nobody");
+    Click("m_pBtnCancel");
+    EXPECT_EQ(m_vecBack, std::vector<bool>{false});
+}
+
+TEST_F(BatchAuthorize, ChoicesThatFailAreAskedForAgain)
+{
+    m_host.access.persons.FailAlways("QueryPermissionChoices", UICommonMdl::ErrorServerBusy);
+    Open(1);
+    EXPECT_TRUE(IsShown("wgtChoicesFailed"));
+    m_host.access.ServeSite();
+    Click("btnChoicesAgain");
+    EXPECT_FALSE(IsShown("wgtChoicesFailed"));
+    ChooseGroups();
+    EXPECT_EQ(Rows("m_pAccessGroups"), (std::vector<std::string>{"Day shift", "Night shift"}));
+}
+
+} // namespace

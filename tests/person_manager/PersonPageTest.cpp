@@ -1,0 +1,341 @@
+#include "PersonPageFixture.h"
+
+#include <Credentials/CBatchIssueCard.h>
+#include <PersonEdit/CPersonnelBatchAuthorizeUI.h>
+#include <PersonEdit/CPersonnelInfoUI.h>
+#include <PersonManager/CMovePersonTree.h>
+#include <PersonManager/CPersonAuthorizeAbnormalDlg.h>
+#include <common/CTreeChoice.h>
+
+#include <QDialogButtonBox>
+
+using namespace BasicInfoManagerUI;
+using namespace AccessControlLogical;
+using PersonPageTest::PopUpWarning;
+
+class PersonPage : public PersonPageTest::Fixture
+{
+protected:
+    CMovePersonTree* MoveTree() { return m_pPage->findChild<CMovePersonTree*>(); }
+    static void Confirm(CMovePersonTree* pTree)
+    {
+        auto* pButtons = pTree->findChild<QDialogButtonBox*>();
+        QTest::mouseClick(pButtons->button(QDialogButtonBox::Ok), Qt::LeftButton);
+        PageDriver::Settle();
+    }
+};
+
+TEST_F(PersonPage, FirstPageIsThatOfTheRootUntilAGroupIsChosen)
+{
+    Open();
+    EXPECT_EQ(Queries(), 1);
+    EXPECT_EQ(LastRequest().sGroupCode, "");
+    EXPECT_EQ(LastRequest().nPage, 1);
+    const auto* pTitle = m_pDriver->Find<QLabel>(QStringLiteral("lbPersonGroupName"));
+    EXPECT_EQ(pTitle->text(), QStringLiteral("All Persons"));
+    EXPECT_EQ(Cell(2, PersonColumnGender), QStringLiteral("Unknown"));
+    EXPECT_EQ(Cell(5, PersonColumnType), QString());
+    m_pDriver->Find<UICommonMdl::CNumberPageCtrl>(QStringLiteral("m_pPageFileCtrl"))->SetCurrentPage(3);
+
+    SelectGroup("1003");
+    EXPECT_EQ(pTitle->text(), QStringLiteral("Testing"));
+    EXPECT_EQ(LastRequest().sGroupCode, "1003");
+    EXPECT_EQ(LastRequest().nPage, 1);
+    Click("cbContainSub");
+    EXPECT_TRUE(LastRequest().bSubGroups);
+    m_pDriver->Type(QStringLiteral("m_pSearchPerson"), QString(40, QLatin1Char('7')));
+    m_pDriver->Key(QStringLiteral("m_pSearchPerson"), Qt::Key_Return);
+    EXPECT_EQ(LastRequest().sSearchKey, std::string(30, '7'));
+    m_pDriver->Choose(QStringLiteral("cmbPageSize"), QStringLiteral("50 / page"));
+    PageDriver::Settle();
+    EXPECT_EQ(
+        m_host.config.mapValues[QStringLiteral("PersonManager/PageSize")].toInt(), LastRequest().nPageSize);
+}
+
+TEST_F(PersonPage, OnlyTheAnswerToTheLastQueryIsShown)
+{
+    Open();
+    m_host.access.persons.Hold("QueryPersonList");
+    SelectGroup("1001");
+    const FakeCall stale = m_host.access.persons.Last("QueryPersonList");
+    SelectGroup("1002");
+    const auto answer = [&](const FakeCall& call, const char* pszName) {
+        m_host.access.persons.Answer(call, [pszName](const FakeCall&, PersonParam& param) {
+            PersonInfo_t person;
+            person.sPersonId = "900";
+            person.sName = pszName;
+            param.personPage = {{person}, 1, 1};
+        });
+        PageDriver::Settle();
+    };
+    answer(m_host.access.persons.Last("QueryPersonList"), "Right");
+    answer(stale, "Wrong");
+    FakeCall foreign = stale;
+    foreign.nSequence = 4711;
+    answer(foreign, "Wrong");
+    ASSERT_EQ(List()->model()->rowCount(), 1);
+    EXPECT_EQ(Cell(0, PersonColumnName), QStringLiteral("Right"));
+}
+
+TEST_F(PersonPage, ListStatesAreTold)
+{
+    const struct
+    {
+        int nErrorCode;
+        VxGUI::VxEmptyState::Kind kind;
+    } cases[] = {{UICommonMdl::ErrorNoRight, VxGUI::VxEmptyState::Kind::NoPermission},
+        {UICommonMdl::ErrorServerBusy, VxGUI::VxEmptyState::Kind::Failed},
+        {UICommonMdl::ErrorTimeOut, VxGUI::VxEmptyState::Kind::Failed}};
+    for (const auto& c : cases) {
+        m_host.access.persons.FailAlways("QueryPersonList", c.nErrorCode);
+        Open();
+        EXPECT_EQ(m_pDriver->Find<VxGUI::VxEmptyState>(QStringLiteral("wgtListState"))->GetKind(), c.kind);
+        EXPECT_TRUE(Notice().startsWith(QStringLiteral("Failed to search for people list: ")));
+        EXPECT_FALSE(IsUsable("m_btnDel"));
+        Close();
+    }
+    m_host.access.vecPersons.clear();
+    m_host.access.ServeSite();
+    m_host.access.vecPersons.clear();
+    Open();
+    EXPECT_EQ(ListState(), QStringLiteral("There is no person in this group."));
+    m_host.access.persons.Refuse("QueryPersonList");
+    Click("btnRefresh");
+    EXPECT_EQ(Notice(), QStringLiteral("Failed to search for people list"));
+}
+
+TEST_F(PersonPage, DeletingTakesTheCheckedOnesAfterTheQuestion)
+{
+    Open();
+    Click("m_btnDel");
+    EXPECT_EQ(Notice(), QStringLiteral("Please select at least one person."));
+    EXPECT_EQ(m_host.access.persons.Count("DeletePersons"), 0);
+    EXPECT_FALSE(IsUsable("btnMoveTo"));
+
+    Check("101");
+    Check("104");
+    EXPECT_TRUE(IsUsable("btnMoveTo"));
+    m_dialogs.AnswerNext(false);
+    Click("m_btnDel");
+    EXPECT_EQ(m_dialogs.LastText(),
+        QStringLiteral(
+            "Are you sure you want to delete the selected person(s)? After deletion, the person(s) "
+            "in the group and the related permissions will be deleted."));
+    EXPECT_EQ(m_host.access.persons.Count("DeletePersons"), 0);
+
+    m_dialogs.AnswerNext(true);
+    Click("m_btnDel");
+    EXPECT_EQ(m_host.access.persons.LastArgument<Ids>("DeletePersons"), (Ids{"101", "104"}));
+    const int nQueries = Queries();
+    m_host.access.persons.Answer(
+        m_host.access.persons.Last("DeletePersons"), [](const FakeCall&, PersonParam& param) {
+            param.vecFailed = {{"104", "Person 4", UICommonMdl::ErrorReferenced, {}}};
+        });
+    PageDriver::Settle();
+    EXPECT_TRUE(m_dialogs.Shown().last().contains(QStringLiteral("Failed to delete person")));
+    EXPECT_EQ(Queries(), nQueries + 1);
+}
+
+TEST_F(PersonPage, DeleteAllTakesTheGroupAndWhetherItsSubGroupsToo)
+{
+    Open();
+    const auto* pMenu = m_pPage->findChild<QMenu*>(QStringLiteral("menuDelete"));
+    EXPECT_EQ(pMenu->height(), 34);
+    Trigger(QStringLiteral("menuDelete"), QStringLiteral("Delete All"));
+    EXPECT_EQ(Notice(), QStringLiteral("Please select a person group."));
+    SelectGroup("1001");
+    Click("cbContainSub");
+    m_dialogs.AnswerNext(true);
+    Trigger(QStringLiteral("menuDelete"), QStringLiteral("Delete All"));
+    EXPECT_EQ(m_dialogs.Shown().last(),
+        QStringLiteral(
+            "Prompt: Are you sure you want to delete all persons? After deletion, all group members "
+            "and related permissions will be deleted."));
+    EXPECT_EQ((m_host.access.persons.LastArgument<std::pair<std::string, bool>>("DeleteAllPersons")),
+        (std::pair<std::string, bool>("1001", true)));
+    m_host.access.persons.Fail(m_host.access.persons.Last("DeleteAllPersons"), UICommonMdl::ErrorServerBusy);
+    PageDriver::Settle();
+    EXPECT_TRUE(Notice().startsWith(QStringLiteral("Failed to delete person: ")));
+}
+
+TEST_F(PersonPage, MovingAsksForTheGroup)
+{
+    const ExpectWarning popUp(PopUpWarning);
+    Open();
+    Check("102");
+    Click("btnMoveTo");
+    CMovePersonTree* pTree = MoveTree();
+    ASSERT_TRUE(pTree);
+    Confirm(pTree);
+    EXPECT_EQ(Notice(), QStringLiteral("Please select a department."));
+    ASSERT_TRUE(pTree->isVisible());
+    PersonPageTest::Screenshot(pTree, QStringLiteral("person-move"));
+    auto* pGroups = pTree->findChild<Common::CTreeChoice*>()->GetTree();
+    m_pDriver->ClickIndex(pGroups, pGroups->FindCode(QStringLiteral("1002")));
+    Confirm(pTree);
+    EXPECT_EQ((m_host.access.persons.LastArgument<std::pair<Ids, std::string>>("MovePersons")),
+        (std::pair<Ids, std::string>(Ids{"102"}, "1002")));
+    EXPECT_FALSE(MoveTree());
+    m_host.access.persons.Fail(m_host.access.persons.Last("MovePersons"), UICommonMdl::ErrorNotFound);
+    PageDriver::Settle();
+    EXPECT_TRUE(Notice().startsWith(QStringLiteral("Failed to move departments in batches. ")));
+
+    QTest::mouseClick(List()->viewport(), Qt::RightButton, {}, List()->visualRect(RowOf("105")).center());
+    Q_EMIT List()->customContextMenuRequested(List()->visualRect(RowOf("105")).center());
+    Trigger(QStringLiteral("menuPerson"), QStringLiteral("Move To"));
+    ASSERT_TRUE(MoveTree());
+    QTest::keyClick(MoveTree(), Qt::Key_Escape);
+    PageDriver::Settle();
+    EXPECT_FALSE(MoveTree());
+    EXPECT_EQ(m_host.access.persons.Count("MovePersons"), 1);
+}
+
+TEST_F(PersonPage, RowButtonsAreThoseOfTheRow)
+{
+    Open();
+    const auto* pButtons = List()->findChild<Common::CRowButtonDelegate*>(QStringLiteral("rowButtons"));
+    const int nAbnormal = 5;
+    EXPECT_TRUE(pButtons->GetButtonRect(QRect(0, 0, 300, 40), List()->fontMetrics(), nAbnormal, RowOf("101"))
+                    .isNull());
+    m_pDriver->Screenshot(QStringLiteral("persons"));
+    ClickRowButton("102", nAbnormal);
+    EXPECT_EQ(m_host.access.persons.LastArgument<std::string>("QueryAuthorizeException"), "102");
+    m_pPage->findChild<CPersonAuthorizeAbnormalDlg*>()->reject();
+    PageDriver::Settle();
+
+    m_dialogs.AnswerNext(true);
+    ClickRowButton("103", 1);
+    EXPECT_EQ(m_host.access.persons.LastArgument<Ids>("DeletePersons"), (Ids{"103"}));
+
+    ClickRowButton("104", 3);
+    EXPECT_EQ(m_host.access.persons.LastArgument<std::string>("ReissuePersonRight"), "104");
+    m_host.access.persons.Answer(m_host.access.persons.Last("ReissuePersonRight"),
+        [](const FakeCall&, PersonParam& param) { param.vecExceptions.resize(1); });
+    PageDriver::Settle();
+    EXPECT_EQ(Notice(), QStringLiteral("Failed to sync personnel"));
+    m_host.access.persons.Refuse("ReissuePersonRight");
+    ClickRowButton("104", 3);
+    EXPECT_EQ(Notice(), QStringLiteral("Failed to re-release right"));
+}
+
+TEST_F(PersonPage, TheEditorOpensAndComesBack)
+{
+    Open();
+    const auto expectEditor = [&](const char* pszId) {
+        PageDriver::Settle();
+        EXPECT_TRUE(qobject_cast<CPersonnelInfoUI*>(CurrentPage()));
+        EXPECT_EQ(m_host.access.persons.LastArgument<std::string>("QueryPersonDetail"), pszId);
+        QTest::keyClick(m_pPage.get(), Qt::Key_Escape);
+        EXPECT_EQ(CurrentPage()->objectName(), QStringLiteral("pagePersons"));
+    };
+    m_pDriver->ClickIndex(List(), RowOf("103"));
+    QTest::mouseDClick(List()->viewport(), Qt::LeftButton, {}, List()->visualRect(RowOf("103")).center());
+    expectEditor("103");
+    m_pDriver->ClickIndex(List(), RowOf("104"));
+    m_pDriver->Key(QStringLiteral("m_pPersonnelListView"), Qt::Key_Return);
+    expectEditor("104");
+
+    Click("m_btnAdd");
+    auto* pEditor = qobject_cast<CPersonnelInfoUI*>(CurrentPage());
+    ASSERT_TRUE(pEditor);
+    const int nQueries = Queries();
+    Q_EMIT pEditor->SignalPersonSaved(QStringLiteral("200"));
+    EXPECT_EQ(Queries(), nQueries + 1);
+    EXPECT_EQ(CurrentPage(), pEditor) << "the next one may follow";
+    Q_EMIT pEditor->SignalBack();
+    EXPECT_EQ(CurrentPage()->objectName(), QStringLiteral("pagePersons"));
+}
+
+TEST_F(PersonPage, AChangedEditorIsLeftOnlyAfterTheQuestion)
+{
+    Open();
+    Click("m_btnAdd");
+    auto* pEditor = qobject_cast<CPersonnelInfoUI*>(CurrentPage());
+    const auto listFields = pEditor->findChildren<QLineEdit*>();
+    for (QLineEdit* pField : listFields) {
+        if (pField->isVisible() && pField->isEnabled() && !pField->isReadOnly() && !pEditor->IsDirty())
+            QTest::keyClicks(pField, QStringLiteral("77"));
+    }
+    ASSERT_TRUE(pEditor->IsDirty());
+    m_dialogs.AnswerNext(false);
+    QTest::keyClick(m_pPage.get(), Qt::Key_Escape);
+    EXPECT_EQ(m_dialogs.Shown().last(),
+        QStringLiteral("Prompt: Current page data are changed, are you sure to leave?"));
+    EXPECT_EQ(CurrentPage(), pEditor);
+    m_dialogs.AnswerNext(true);
+    QTest::keyClick(m_pPage.get(), Qt::Key_Escape);
+    EXPECT_EQ(CurrentPage()->objectName(), QStringLiteral("pagePersons"));
+}
+
+TEST_F(PersonPage, BatchPagesGetTheCheckedPersonsAndRefreshTheList)
+{
+    Open();
+    Check("101");
+    Check("103");
+    Click("m_btnBatchIssuCard");
+    auto* pIssue = qobject_cast<CBatchIssueCard*>(CurrentPage());
+    ASSERT_TRUE(pIssue);
+    int nQueries = Queries();
+    Q_EMIT pIssue->SignalBack(true);
+    EXPECT_EQ(Queries(), nQueries + 1);
+    Click("btnBatchAuthorize");
+    auto* pAuthorize = qobject_cast<CPersonnelBatchAuthorizeUI*>(CurrentPage());
+    ASSERT_TRUE(pAuthorize);
+    nQueries = Queries();
+    Q_EMIT pAuthorize->SignalBack(false);
+    EXPECT_EQ(Queries(), nQueries) << "nothing changed";
+    EXPECT_EQ(CurrentPage()->objectName(), QStringLiteral("pagePersons"));
+}
+
+TEST_F(PersonPage, PushesAreGatheredIntoOneQueryThatKeepsTheChecks)
+{
+    Open();
+    Check("102");
+    const int nQueries = Queries();
+    PersonParam push;
+    push.nResultCode = FakeAccessControlManager::PersonObserver::ResultPersonsChanged;
+    for (int n = 0; n < 5; ++n)
+        m_host.access.persons.Send(push);
+    PageDriver::Settle();
+    EXPECT_EQ(Queries(), nQueries);
+    PageDriver::WaitFor([&] { return Queries() > nQueries; });
+    PageDriver::Settle();
+    EXPECT_EQ(Queries(), nQueries + 1);
+    EXPECT_EQ(List()->GetPersons()->GetCheckedIds(), QStringList{QStringLiteral("102")});
+
+    const int nTrees = m_host.access.departments.Count("QueryDepartmentTree");
+    PushDepartments();
+    PageDriver::WaitFor([&] { return m_host.access.departments.Count("QueryDepartmentTree") > nTrees; });
+}
+
+TEST_F(PersonPage, ALostConnectionKeepsTheRowsAndStopsTheWork)
+{
+    Open();
+    Check("102");
+    m_host.remote.PushConnected(false);
+    PageDriver::Settle();
+    for (const char* pszName : {"m_btnAdd", "m_btnDel", "btnMoveTo", "m_pSearchPerson", "m_pTreeWnd"})
+        EXPECT_FALSE(IsUsable(pszName)) << pszName;
+    EXPECT_EQ(List()->model()->rowCount(), 6);
+    m_pDriver->Screenshot(QStringLiteral("persons-disconnected"));
+    const int nQueries = Queries();
+    m_host.remote.PushConnected(true);
+    PageDriver::Settle();
+    EXPECT_EQ(Queries(), nQueries + 1);
+    EXPECT_TRUE(IsUsable("btnMoveTo")) << "the check is still there";
+}
+
+TEST_F(PersonPage, AnswersAfterTheEndAreDropped)
+{
+    Open();
+    m_host.access.persons.Hold("QueryPersonList");
+    Click("btnRefresh");
+    m_pPage->Uninit();
+    EXPECT_EQ(m_host.access.departments.ObserverCount(), 1u) << "the shared model's own";
+    m_host.access.persons.Fail(m_host.access.persons.Last("QueryPersonList"), UICommonMdl::ErrorInternal);
+    PageDriver::Settle();
+    EXPECT_EQ(List()->model()->rowCount(), 6);
+    Close();
+    m_host.access.departments.Send({});
+    PageDriver::Settle();
+}
