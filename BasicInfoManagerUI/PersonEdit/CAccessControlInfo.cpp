@@ -25,7 +25,7 @@ CAccessControlInfo::CAccessControlInfo(QWidget* pParent)
 {
     m_pUi->setupUi(this);
     for (const int nType : GetAccessTypes())
-        m_pUi->m_pCmbAccessType->addItem(GetAccessTypeText(nType), nType);
+        m_pUi->m_pCmbAccessType->addItem(GetPersonTypeText(nType), nType);
     PersonFields::KeepFromWheel(m_pUi->m_pCmbAccessType);
     PersonFields::KeepFromWheel(m_pUi->m_pSpbCardTimes);
     PersonFields::DeclareChecks(m_pUi->m_pEditExtendTime, PersonField::ExtendTime);
@@ -59,7 +59,7 @@ void CAccessControlInfo::SetPerson(const Person_t& person)
     const QSignalBlocker blocker(this);
     m_nLoadedType = person.nPersonType;
     // A type that is not offered stands there all the same, until another is chosen.
-    m_pUi->m_pCmbAccessType->setPlaceholderText(GetAccessTypeText(person.nPersonType));
+    m_pUi->m_pCmbAccessType->setPlaceholderText(GetPersonTypeText(person.nPersonType));
     m_pUi->m_pCmbAccessType->setCurrentIndex(m_pUi->m_pCmbAccessType->findData(person.nPersonType));
     PersonFields::SetText(m_pUi->m_pEditExtendTime, std::to_string(person.nExtendTime));
     m_pUi->m_pSpbCardTimes->setValue(person.nCardTimes);

@@ -1,16 +1,23 @@
 #include "CDepartmentComboBox.h"
 
 #include <UICommonMdl/CDepartmentModelManager.h>
+#include <common/CTreeChoice.h>
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QScreen>
-#include <QTreeView>
 #include <QVBoxLayout>
 
 namespace BasicInfoManagerUI {
 
 namespace {
-constexpr int PopupHeight = 280;
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(CDepartmentComboBox)
+};
+
+constexpr int PopupHeight = 300;
 constexpr int PopupMinimumWidth = 240;
 
 QString MakePath(const QModelIndex& index)
@@ -20,6 +27,7 @@ QString MakePath(const QModelIndex& index)
         listNames.prepend(node.data().toString());
     return listNames.join(QStringLiteral(" / "));
 }
+
 } // namespace
 
 CDepartmentComboBox::CDepartmentComboBox(QWidget* pParent)
@@ -28,60 +36,72 @@ CDepartmentComboBox::CDepartmentComboBox(QWidget* pParent)
 {
     connect(UICommonMdl::CDepartmentModelManager::Instance(),
         &UICommonMdl::CDepartmentModelManager::SignalDepartmentModelFinish, this,
-        &CDepartmentComboBox::ShowText);
-    addItem(QString());
+        &CDepartmentComboBox::OnModelFilled);
+}
+
+CDepartmentComboBox::~CDepartmentComboBox()
+{
+    delete m_pPopup;
 }
 
 void CDepartmentComboBox::SetCode(const QString& sCode, const QString& sName)
 {
-    m_sCode = sCode;
-    m_sName = sName;
+    m_sCode = m_bKeepsUnknown || m_pModel->FindCode(sCode).isValid() ? sCode : QString();
+    m_sName = sName.isEmpty() ? m_sCode : sName;
     ShowText();
 }
 
 void CDepartmentComboBox::ShowText()
 {
     const QModelIndex index = m_pModel->FindCode(m_sCode);
-    const QString sKnown = m_sName.isEmpty() ? m_sCode : m_sName;
-    setItemText(0, index.isValid() ? index.data().toString() : sKnown);
-    setToolTip(index.isValid() ? MakePath(index) : sKnown);
+    clear();
+    if (!m_sCode.isEmpty())
+        addItem(index.data(Qt::DecorationRole).value<QIcon>(),
+            index.isValid() ? index.data().toString() : m_sName);
+    setToolTip(index.isValid() ? MakePath(index) : m_sName);
+}
+
+void CDepartmentComboBox::OnModelFilled()
+{
+    if (m_pChoice)
+        m_pChoice->GetTree()->Restore();
+    const QString sBefore = m_sCode;
+    SetCode(sBefore, m_sName);
+    if (m_sCode != sBefore)
+        Q_EMIT SignalCodeChanged();
 }
 
 void CDepartmentComboBox::MakePopup()
 {
-    m_pPopup = new QFrame(this, Qt::Popup);
-    m_pPopup->setObjectName(QStringLiteral("wgtDepartmentPopup"));
-    m_pPopup->installEventFilter(this);
-    m_pTree = new QTreeView(m_pPopup);
-    m_pTree->setObjectName(QStringLiteral("treeDepartments"));
-    m_pTree->setAccessibleName(accessibleName());
-    m_pTree->setHeaderHidden(true);
-    m_pTree->setModel(m_pModel);
-    m_pTree->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_pTree->setExpandsOnDoubleClick(false);
-    m_pTree->setUniformRowHeights(true);
-    m_pTree->installEventFilter(this);
-    auto* const pLayout = new QVBoxLayout(m_pPopup);
-    pLayout->setContentsMargins(0, 0, 0, 0);
-    pLayout->addWidget(m_pTree);
-    connect(m_pTree, &QTreeView::clicked, this, &CDepartmentComboBox::Choose);
+    // No frame: that of a combo box takes no style sheet.
+    auto* pPopup = new QWidget(this, Qt::Popup);
+    pPopup->setObjectName(QStringLiteral("popupGroups"));
+    pPopup->setAttribute(Qt::WA_StyledBackground);
+    pPopup->installEventFilter(this);
+    m_pChoice = new Common::CTreeChoice(Text::tr("Person Group"), pPopup);
+    auto* pLayout = new QVBoxLayout(pPopup);
+    pLayout->setContentsMargins(4, 4, 4, 4);
+    pLayout->addWidget(m_pChoice);
+    m_pPopup = pPopup;
+    m_pChoice->GetTree()->SetChoiceRule(
+        [this](const QModelIndex& group) { return !m_rule || m_rule(group); });
+    m_pChoice->GetTree()->SetTreeModel(m_pModel);
+    connect(m_pChoice, &Common::CTreeChoice::SignalActivated, this, &CDepartmentComboBox::OnChosen);
+    connect(m_pChoice->GetTree(), &QAbstractItemView::clicked, this, &CDepartmentComboBox::OnChosen);
 }
 
 void CDepartmentComboBox::showPopup()
 {
     if (!m_pPopup)
         MakePopup();
-    const QModelIndex current = m_pModel->FindCode(m_sCode);
-    for (int nRow = 0; nRow < m_pModel->rowCount(); ++nRow)
-        m_pTree->expand(m_pModel->index(nRow, 0));
-    m_pTree->setCurrentIndex(current);
-    m_pTree->scrollTo(current);
-    m_pPopup->resize(qMax(width(), PopupMinimumWidth), PopupHeight);
-    const QPoint below = mapToGlobal(QPoint(0, height()));
-    const bool bFits = below.y() + PopupHeight <= screen()->availableGeometry().bottom();
-    m_pPopup->move(bFits ? below : mapToGlobal(QPoint(0, -PopupHeight)));
+    const QSize size(qMax(width(), PopupMinimumWidth), PopupHeight);
+    const QRect screen = this->screen()->availableGeometry();
+    QPoint place = mapToGlobal(rect().bottomLeft());
+    if (place.y() + size.height() > screen.bottom())
+        place.setY(mapToGlobal(QPoint()).y() - size.height());
+    m_pPopup->setGeometry(QRect(place, size));
     m_pPopup->show();
-    m_pTree->setFocus();
+    m_pChoice->Start(m_sCode);
 }
 
 void CDepartmentComboBox::hidePopup()
@@ -91,30 +111,11 @@ void CDepartmentComboBox::hidePopup()
     QComboBox::hidePopup();
 }
 
-void CDepartmentComboBox::Choose(const QModelIndex& index)
-{
-    const QString sCode = UICommonMdl::CCodeTreeModel::GetCode(index);
-    hidePopup();
-    setFocus();
-    if (sCode.isEmpty() || sCode == m_sCode)
-        return;
-    SetCode(sCode);
-    Q_EMIT SignalCodeChosen(sCode);
-}
-
 bool CDepartmentComboBox::eventFilter(QObject* pWatched, QEvent* pEvent)
 {
-    if (pWatched == m_pTree && pEvent->type() == QEvent::KeyPress) {
-        const int nKey = static_cast<QKeyEvent*>(pEvent)->key();
-        if (nKey == Qt::Key_Return || nKey == Qt::Key_Enter) {
-            Choose(m_pTree->currentIndex());
-            return true;
-        }
-        if (nKey == Qt::Key_Escape) {
-            hidePopup();
-            setFocus();
-            return true;
-        }
+    if (pEvent->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(pEvent)->key() == Qt::Key_Escape) {
+        hidePopup();
+        return true;
     }
     return QComboBox::eventFilter(pWatched, pEvent);
 }
@@ -122,7 +123,8 @@ bool CDepartmentComboBox::eventFilter(QObject* pWatched, QEvent* pEvent)
 void CDepartmentComboBox::keyPressEvent(QKeyEvent* pEvent)
 {
     // The closed field does not step through groups that it does not show.
-    if (pEvent->key() == Qt::Key_Down || pEvent->key() == Qt::Key_Up || pEvent->key() == Qt::Key_Space)
+    const int nKey = pEvent->key();
+    if (nKey == Qt::Key_Down || nKey == Qt::Key_Up || nKey == Qt::Key_Space || nKey == Qt::Key_F4)
         showPopup();
     else
         pEvent->ignore();
@@ -131,6 +133,16 @@ void CDepartmentComboBox::keyPressEvent(QKeyEvent* pEvent)
 void CDepartmentComboBox::wheelEvent(QWheelEvent* pEvent)
 {
     pEvent->ignore();
+}
+
+void CDepartmentComboBox::OnChosen()
+{
+    const QString sCode = m_pChoice->GetCode();
+    hidePopup();
+    if (sCode.isEmpty() || sCode == m_sCode)
+        return;
+    SetCode(sCode, m_pModel->FindCode(sCode).data().toString());
+    Q_EMIT SignalCodeChanged();
 }
 
 } // namespace BasicInfoManagerUI

@@ -62,7 +62,8 @@ void CPersonBasicInfo::SetUpFields()
         connect(pDate, &COptionalDateEdit::SignalChanged, this, &CPersonSection::SignalChanged);
     }
     connect(m_pUi->m_pCmbGender, qOverload<int>(&QComboBox::activated), this, &CPersonSection::SignalChanged);
-    connect(m_pUi->m_pCmbGroup, &CDepartmentComboBox::SignalCodeChosen, this, [this] {
+    m_pUi->m_pCmbGroup->SetKeepsUnknown(true);
+    connect(m_pUi->m_pCmbGroup, &CDepartmentComboBox::SignalCodeChanged, this, [this] {
         m_pUi->lbGroupHint->hide();
         Q_EMIT SignalChanged();
     });

@@ -125,7 +125,7 @@ QVector<int> GetAccessTypes()
     return {PersonGeneral, PersonVip, PersonGuest, PersonPatrol, PersonBlocklist};
 }
 
-QString GetAccessTypeText(int nPersonType)
+QString GetPersonTypeText(int nPersonType)
 {
     switch (nPersonType) {
     case PersonGeneral:

@@ -60,7 +60,7 @@ QDate TextToDate(const std::string& sText);
 /// Person types in the order in which the access type is chosen; PersonOther is not offered.
 QVector<int> GetAccessTypes();
 /// Translated text of an AccessControlLogical::PersonType; empty for another code.
-QString GetAccessTypeText(int nPersonType);
+QString GetPersonTypeText(int nPersonType);
 
 /// Message on a plate number that shall join the others; empty when it may. Case does not tell two apart.
 QString CheckPlate(const QString& sPlate, const QStringList& listPlates);

@@ -72,7 +72,7 @@ void CPersonGroupEditUI::SetUpFields()
         return CanBeParent(group, Groups()->FindCode(QString::fromStdString(m_loaded.sCode)));
     });
     m_pUi->lbParentHint->hide();
-    connect(m_pUi->m_pCmbParent, &CGroupComboBox::SignalCodeChanged, m_pUi->lbParentHint,
+    connect(m_pUi->m_pCmbParent, &CDepartmentComboBox::SignalCodeChanged, m_pUi->lbParentHint,
         [this] { m_pUi->lbParentHint->setVisible(false); });
 }
 

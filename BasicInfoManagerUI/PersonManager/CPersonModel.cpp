@@ -1,6 +1,7 @@
 #include "CPersonModel.h"
 
 #include "CPersonPhotos.h"
+#include "PersonEdit/PersonFieldRules.h"
 #include "PersonRules.h"
 
 #include <Trv/QSkin.h>

@@ -45,26 +45,6 @@ QString GetGenderText(int nGender)
     }
 }
 
-QString GetPersonTypeText(int nPersonType)
-{
-    switch (nPersonType) {
-    case PersonGeneral:
-        return Text::tr("General");
-    case PersonBlocklist:
-        return Text::tr("Blocklist");
-    case PersonGuest:
-        return Text::tr("Guest");
-    case PersonPatrol:
-        return Text::tr("Patrol");
-    case PersonVip:
-        return Text::tr("VIP");
-    case PersonOther:
-        return Text::tr("Other");
-    default:
-        return {};
-    }
-}
-
 QString GetCredentialText(int nCredential)
 {
     switch (nCredential) {

@@ -8,8 +8,6 @@
 namespace BasicInfoManagerUI {
 
 QString GetGenderText(int nGender);
-/// Empty for a code that is no type.
-QString GetPersonTypeText(int nPersonType);
 
 QString GetCredentialText(int nCredential);
 /// Heading of the exceptions of that credential.

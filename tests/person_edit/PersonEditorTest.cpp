@@ -314,7 +314,7 @@ TEST_F(PersonEditor, GroupIsChosenInTheTreeAndSurvivesANewTree)
     EXPECT_EQ(pCombo->currentText(), QStringLiteral("Engineering"));
     pCombo->setFocus();
     QTest::keyClick(pCombo, Qt::Key_Down);
-    auto* const pTree = m_pDriver->Find<QTreeView>(QStringLiteral("treeDepartments"));
+    auto* const pTree = m_pDriver->Find<QTreeView>(QStringLiteral("treeTarget"));
     m_pDriver->ClickIndex(pTree, m_pDriver->FindRow(pTree, 0, QStringLiteral("Sales")));
     EXPECT_EQ(pCombo->currentText(), QStringLiteral("Sales"));
     EXPECT_FALSE(pTree->isVisible());

@@ -1,7 +1,7 @@
 #include "PersonPageFixture.h"
 
 #include <PersonEdit/CPersonnelInfoUI.h>
-#include <PersonManager/CGroupComboBox.h>
+#include <PersonEdit/CDepartmentComboBox.h>
 #include <PersonManager/CPersonGroupEditUI.h>
 #include <VxGUI/VxLineEdit.h>
 #include <common/CTreeChoice.h>
@@ -139,7 +139,7 @@ TEST_F(PersonGroups, EditingMovesTheGroupButNotUnderItself)
     PageDriver::Settle();
     ASSERT_TRUE(Dialog());
     EXPECT_FALSE(Field("m_pAddAndPerson")->isVisible());
-    auto* pParent = Field<CGroupComboBox>("m_pCmbParent");
+    auto* pParent = Field<CDepartmentComboBox>("m_pCmbParent");
     QTest::mouseClick(pParent, Qt::LeftButton);
     auto* pChoice = pParent->findChild<Common::CTreeChoice*>();
     ASSERT_TRUE(pChoice && pChoice->isVisible());

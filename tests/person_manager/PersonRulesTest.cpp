@@ -1,3 +1,4 @@
+#include <PersonEdit/PersonFieldRules.h>
 #include <PersonManager/PersonRules.h>
 #include <PersonManager/TrackRules.h>
 #include <UICommonMdl/CDepartmentModelManager.h>
