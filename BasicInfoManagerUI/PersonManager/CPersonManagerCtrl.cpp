@@ -46,6 +46,16 @@ QStringList FailureLines(const std::vector<AccessControlLogical::PersonFailure_t
     return listLines;
 }
 
+QStringList ExceptionLines(const std::vector<AccessControlLogical::AuthorizeException_t>& vecExceptions)
+{
+    QStringList listLines;
+    for (const AccessControlLogical::AuthorizeException_t& exception : vecExceptions)
+        listLines.append(QStringLiteral("%1, %2: %3")
+                             .arg(QString::fromStdString(exception.sDeviceName),
+                                 GetCredentialText(exception.nCredential), GetExceptionReason(exception)));
+    return listLines;
+}
+
 } // namespace
 
 void CPersonManagerCtrl::UpdateButtons()
@@ -134,11 +144,12 @@ void CPersonManagerCtrl::OnDeleteAllClicked()
 void CPersonManagerCtrl::SendBatch(int nSequence, const QString& sFailure)
 {
     const bool bSent = m_requests.Add(nSequence, KindBatch, [this, sFailure](const PersonParam& param) {
+        QueryCurrentPage();
+        // Last: the page may be gone when the message is closed.
         if (!param.vecFailed.empty())
             Common::ShowFailures(this, sFailure, FailureLines(param.vecFailed));
         else if (param.nErrorCode != UICommonMdl::ErrorNone)
             ShowFailure(sFailure, param.nErrorCode);
-        QueryCurrentPage();
     });
     if (!bSent)
         ShowFailure(sFailure, UICommonMdl::ErrorNone);
@@ -176,6 +187,9 @@ void CPersonManagerCtrl::ReissuePerson(const QString& sPersonId)
         else
             VxGUI::VxNotification::Show(this, sFailure);
         QueryCurrentPage();
+        if (!param.vecExceptions.empty())
+            Common::ShowFailures(
+                this, Text::tr("Details of authorization failure"), ExceptionLines(param.vecExceptions));
     });
     if (!bSent)
         ShowFailure(Text::tr("Failed to re-release right"), UICommonMdl::ErrorNone);

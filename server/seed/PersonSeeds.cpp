@@ -31,10 +31,10 @@ constexpr std::array LastNames{"Abel", "Brandt", "Castillo", "Dvorak", "Eriksen"
     "Hansen", "Ivanova", "Jansen", "Keller", "Lindqvist", "Moreau", "Novak", "Olsen", "Petrov", "Quist",
     "Ricci", "Santos", "Tanaka", "Unger", "Vargas", "Weber", "Yilmaz", "Ziegler"};
 
-std::string Padded(int nNumber, int nDigits)
+std::string Padded(const char* szPrefix, int nNumber, int nDigits)
 {
-    std::array<char, 24> text{};
-    std::snprintf(text.data(), text.size(), "%0*d", nDigits, nNumber);
+    std::array<char, 40> text{};
+    std::snprintf(text.data(), text.size(), "%s%0*d", szPrefix, nDigits, nNumber);
     return text.data();
 }
 
@@ -143,17 +143,17 @@ Person_t MakePerson(int nNumber, const std::string& sGroupCode, std::mt19937& ra
         std::string(FirstNames[random() % FirstNames.size()]) + ' ' + LastNames[random() % LastNames.size()];
     person.nGender = static_cast<int>(random() % 3);
     person.sGroupCode = sGroupCode;
-    person.sTelephone = "+49-555-" + Padded(nNumber, 4);
+    person.sTelephone = Padded("+49-555-", nNumber, 4);
     person.sEmail =
-        FoldCase(person.sName.substr(0, person.sName.find(' '))) + Padded(nNumber, 3) + "@example.com";
+        FoldCase(person.sName.substr(0, person.sName.find(' '))) + Padded("", nNumber, 3) + "@example.com";
     person.nPersonType = random() % 10 < 7 ? PersonGeneral : static_cast<int>(random() % 6);
     person.sCompany = "Northfield Group";
-    person.sEntryDate = "20" + Padded(10 + static_cast<int>(random() % 14), 2) + "-0"
+    person.sEntryDate = Padded("20", 10 + static_cast<int>(random() % 14), 2) + "-0"
         + std::to_string(1 + random() % 9) + "-01";
     for (unsigned nCard = 0; nCard < random() % 3; ++nCard)
-        person.vecCards.push_back({"A0" + Padded(nNumber, 5) + std::to_string(nCard), nCard == 0});
+        person.vecCards.push_back({Padded("A0", nNumber, 5) + std::to_string(nCard), nCard == 0});
     if (nNumber % 5 == 0)
-        person.vecPlates.push_back("NF-" + Padded(nNumber, 3) + "K");
+        person.vecPlates.push_back(Padded("NF-", nNumber, 3) + "K");
     person.nVersion = 1;
     return person;
 }
@@ -207,13 +207,13 @@ void Bulk(Database& database, int nPersons, int nGroups)
         vecCodes.push_back(AddGroup(database,
             vecCodes.empty() || nGroup % 10 == 1 ? std::string(RootDepartmentCode)
                                                  : vecCodes[static_cast<std::size_t>(nGroup - 2) / 10 * 10],
-            "Group " + Padded(nGroup, 5)));
+            Padded("Group ", nGroup, 5)));
     std::mt19937 random(815);
     for (int n = 0; n < nPersons; ++n) {
         const qlonglong nId = 10000001 + n;
         const std::string sName = std::string(FirstNames[random() % FirstNames.size()]) + ' '
-            + LastNames[random() % LastNames.size()] + ' ' + Padded(n, 7);
-        const std::string sPlate = n % 4 == 0 ? "PL" + Padded(n, 7) : std::string();
+            + LastNames[random() % LastNames.size()] + Padded(" ", n, 7);
+        const std::string sPlate = n % 4 == 0 ? Padded("PL", n, 7) : std::string();
         std::string sSearchKey = std::to_string(nId) + '\n' + FoldCase(sName);
         if (!sPlate.empty())
             sSearchKey += '\n' + FoldCase(sPlate);
@@ -227,7 +227,7 @@ void Bulk(Database& database, int nPersons, int nGroups)
         database.Run(
             QStringLiteral("INSERT INTO person_card (card_no, person_id, place, main, duress, locked) "
                            "VALUES (?, ?, 0, 1, 0, 0)"),
-            {TextValue("C" + Padded(n, 9)), nId});
+            {TextValue(Padded("C", n, 9)), nId});
         if (!sPlate.empty())
             database.Run(QStringLiteral("INSERT INTO person_plate (plate_key, plate, person_id, place) "
                                         "VALUES (?, ?, ?, 0)"),

@@ -324,4 +324,75 @@ TEST_F(LivePersons, OfTwoOperatorsTheSecondIsToldAndLosesNothing)
     EXPECT_EQ(editor->Find<VxGUI::VxLineEdit>(QStringLiteral("m_pEditName"))->text(), QStringLiteral("Mine"));
 }
 
+/// The same beside a simulated door controller, whose access permission group is "1".
+class LiveDoors : public LivePersons
+{
+protected:
+    LiveDoors()
+    {
+        GroupLogical::DeviceAddInfo_t device;
+        device.sName = "Front Door";
+        device.sIp = m_devices.Address(0);
+        device.nPort = FieldDevices::Port;
+        device.nCategory = 8;
+        device.sOrgCode = "001";
+        device.sManufacturer = "Other";
+        device.sProtocol = "Private";
+        device.sUserName = "admin";
+        device.sPassword = FieldDevices::Password;
+        m_client.Interfaces()->GetGroupManager()->AddDevice(device);
+        m_client.WaitIdle();
+        m_server.RunSql(QStringLiteral("INSERT INTO access_group (id, name) VALUES (1, 'Staff')"));
+        m_server.RunSql(
+            QStringLiteral("INSERT INTO access_group_door (group_id, device_id, channel, channel_name) "
+                           "SELECT 1, id, 1, 'Door 1' FROM device"));
+        m_client.Client().GetLocalConfig()->SetValue(
+            QStringLiteral("AuthenFinger/type"), CInputFinger::ReaderDevice);
+    }
+    nlohmann::json OnDoor(const char* pszId) const
+    {
+        return m_devices.State(0)["persons"].value(pszId, nlohmann::json());
+    }
+
+    FieldDevices m_devices{1, {{{"category", 8}, {"channels", {{"access", 4}}}}}};
+};
+
+TEST_F(LiveDoors, AFingerOfTheDoorsReaderComesBackToItAsARight)
+{
+    m_devices.Change(0, {{"finger_ms", 50}});
+    Open();
+    Click("m_btnAdd");
+    auto* editor = Drive<CPersonnelInfoUI>();
+    editor->Type(QStringLiteral("m_pEditId"), QStringLiteral("77"));
+    editor->Type(QStringLiteral("m_pEditName"), QStringLiteral("Door Person"));
+    EnrolFinger(*editor);
+    editor->Click(QStringLiteral("m_pBtnAddAccessGroup"));
+    auto* const pChoices = editor->Find<QTreeView>(QStringLiteral("tblChoices"));
+    editor->ClickIndex(pChoices, editor->FindRow(pChoices, 2, QStringLiteral("Staff")).siblingAtColumn(0));
+    QTest::mouseClick(
+        pChoices->window()->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok), Qt::LeftButton);
+    Click(*editor, "m_pBtnOk");
+    ASSERT_TRUE(PageDriver::WaitFor([this] { return !OnDoor("77").is_null(); }));
+    EXPECT_EQ(OnDoor("77")["fingerprints"][0]["template"].get<std::string>().size(), 1080u);
+
+    // The door refuses fingerprints now: the row is marked until a re-issue brings them.
+    m_devices.Change(0, {{"refuse_fingerprints", true}});
+    const auto markedIs = [this](bool bMarked) {
+        return PageDriver::WaitFor([this, bMarked] {
+            const auto* const pPerson = List()->GetPersons()->FindPerson(QStringLiteral("77"));
+            return pPerson && pPerson->bAuthorizationError == bMarked;
+        });
+    };
+    auto* const pManager = m_client.Interfaces()->GetAccessControlManager();
+    pManager->ReissuePersonRight("77");
+    EXPECT_TRUE(markedIs(true));
+    m_devices.Change(0, {{"refuse_fingerprints", false}});
+    pManager->ReissuePersonRight("77");
+    EXPECT_TRUE(markedIs(false));
+    Check("77");
+    m_dialogs.AnswerNext(true);
+    Click("m_btnDel");
+    EXPECT_TRUE(PageDriver::WaitFor([this] { return OnDoor("77").is_null(); }));
+}
+
 } // namespace

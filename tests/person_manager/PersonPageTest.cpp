@@ -213,6 +213,7 @@ TEST_F(PersonPage, RowButtonsAreThoseOfTheRow)
         [](const FakeCall&, PersonParam& param) { param.vecExceptions.resize(1); });
     PageDriver::Settle();
     EXPECT_EQ(Notice(), QStringLiteral("Failed to sync personnel"));
+    EXPECT_TRUE(m_dialogs.LastText().startsWith(QStringLiteral("Details of authorization failure")));
     m_host.access.persons.Refuse("ReissuePersonRight");
     ClickRowButton("104", 3);
     EXPECT_EQ(Notice(), QStringLiteral("Failed to re-release right"));
