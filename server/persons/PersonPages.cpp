@@ -83,8 +83,8 @@ struct PersonPages::Filter
             values << TextValue(sGroupCode);
         }
         if (!sSearch.empty())
-            listTerms << TextSearch::Term(
-                database, QStringLiteral("person"), QStringLiteral("p"), sSearch, bWalk, values);
+            listTerms << TextSearch::Term(database, QStringLiteral("person"), QStringLiteral("p"), sSearch,
+                bWalk ? TextSearch::Way{true, {}} : searchWay, values);
         if (pPlan && pPlan->optAnchor) {
             listTerms << QLatin1String(pPlan->bForward ? "p.id >= ?" : "p.id < ?");
             values << static_cast<qlonglong>(pPlan->optAnchor->nId);
@@ -96,6 +96,7 @@ struct PersonPages::Filter
     std::string sGroupCode;
     bool bSubGroups;
     std::string sSearch;
+    TextSearch::Way searchWay;
 };
 
 PersonPages::PersonPages(const Generations& generations)
@@ -103,11 +104,12 @@ PersonPages::PersonPages(const Generations& generations)
 {
 }
 
-int PersonPages::Count(Database& database, const Filter& filter) const
+int PersonPages::Count(Database& database, const Filter& filter)
 {
     QVariantList values;
     // A search alone is counted by its index, without a look at the persons.
-    const QString sSql = !filter.IsOfGroup() && TextSearch::IsIndexed(database, filter.sSearch)
+    const QString sSql =
+        !filter.IsOfGroup() && !filter.searchWay.IsFew() && TextSearch::IsIndexed(database, filter.sSearch)
         ? TextSearch::CountStatement(QStringLiteral("person"), filter.sSearch, values)
         : QLatin1String("SELECT COUNT(*) FROM person p") + filter.Where(database, false, nullptr, values);
     Rows rows = database.Run(sSql, values);
@@ -129,7 +131,7 @@ int PersonPages::CountAll(Database& database)
 }
 
 std::vector<PersonInfo_t> PersonPages::Read(
-    Database& database, const Filter& filter, const PageIndex::Plan& plan, bool bWalk) const
+    Database& database, const Filter& filter, const PageIndex::Plan& plan, bool bWalk)
 {
     QVariantList values;
     const QLatin1String sDirection(plan.bForward ? "" : " DESC");
@@ -150,36 +152,55 @@ std::vector<PersonInfo_t> PersonPages::Read(
     return vecPersons;
 }
 
+PersonPage_t PersonPages::FirstPage(
+    Database& database, const Filter& filter, int nPageSize, PageIndex::Known& known)
+{
+    PersonPage_t page;
+    // Of a search nobody knows how much it finds: read as if it were little, by its index.
+    if (filter.searchWay.IsFew())
+        page.vecPersons = Read(database, filter, PageIndex::Plan{true, std::nullopt, 0, nPageSize}, false);
+    const int nRead = static_cast<int>(page.vecPersons.size());
+    const bool bAll = filter.searchWay.IsFew() && nRead < nPageSize;
+    known.nTotal = bAll ? nRead : Count(database, filter);
+    page.nTotal = known.nTotal;
+    return page;
+}
+
 PersonPage_t PersonPages::Page(Database& database, const PersonPageRequest_t& request)
 {
     if (request.nPage < 1)
         throw ServiceError(UICommonMdl::ErrorInvalidInput, "nPage");
     if (request.nPageSize < 1 || request.nPageSize > PageSizeLimit)
         throw ServiceError(UICommonMdl::ErrorInvalidInput, "nPageSize");
-    const Filter filter(request);
+    Filter filter(request);
     const PageIndex::Stamp stamp{m_generations.persons, 0};
     std::optional<PageIndex::Known> optKnown = m_index.Find(filter.CacheKey(), stamp);
-    if (!optKnown)
-        optKnown = PageIndex::Known{stamp, Count(database, filter), {}};
+    if (!filter.sSearch.empty())
+        filter.searchWay = TextSearch::FindWay(database, QStringLiteral("person"), filter.sSearch);
+    PersonPage_t page;
+    if (!optKnown) {
+        optKnown = PageIndex::Known{stamp, 0, {}};
+        page = FirstPage(database, filter, request.nPageSize, *optKnown);
+    }
     PageIndex::Known known = std::move(*optKnown);
 
-    PersonPage_t page;
     page.nTotal = known.nTotal;
     const int nPages = std::max(1, (known.nTotal + request.nPageSize - 1) / request.nPageSize);
     page.nPage = std::min(request.nPage, nPages);
     const int nFirst = (page.nPage - 1) * request.nPageSize;
     const int nCount = std::min(request.nPageSize, known.nTotal - nFirst);
-    if (nCount > 0) {
+    const bool bRead = page.nPage == 1 && static_cast<int>(page.vecPersons.size()) == nCount;
+    if (nCount > 0 && !bRead) {
         const PageIndex::Plan plan = PageIndex::MakePlan(known, nFirst, nCount);
         // Rows to step over in the order of IDs, against rows to fetch and sort.
         const int nAll = filter.IsEmpty() ? known.nTotal : CountAll(database);
         const double dWalk = (double(plan.nSkip) + nCount) * nAll / std::max(1, known.nTotal);
         page.vecPersons = Read(database, filter, plan, dWalk < 2.0 * known.nTotal);
-        // Fewer rows than counted: a change came between, and the row numbers are no longer these.
-        if (static_cast<int>(page.vecPersons.size()) == nCount) {
-            known.mapAnchors[nFirst] = {{}, IdOf(page.vecPersons.front())};
-            known.mapAnchors[nFirst + nCount - 1] = {{}, IdOf(page.vecPersons.back())};
-        }
+    }
+    // Fewer rows than counted: a change came between, and the row numbers are no longer these.
+    if (nCount > 0 && static_cast<int>(page.vecPersons.size()) == nCount) {
+        known.mapAnchors[nFirst] = {{}, IdOf(page.vecPersons.front())};
+        known.mapAnchors[nFirst + nCount - 1] = {{}, IdOf(page.vecPersons.back())};
     }
     m_index.Remember(filter.CacheKey(), std::move(known));
     return page;

@@ -22,10 +22,13 @@ public:
 
 private:
     struct Filter;
-    int Count(Database& database, const Filter& filter) const;
+    static int Count(Database& database, const Filter& filter);
     int CountAll(Database& database);
-    std::vector<AccessControlLogical::PersonInfo_t> Read(
-        Database& database, const Filter& filter, const PageIndex::Plan& plan, bool bWalk) const;
+    static std::vector<AccessControlLogical::PersonInfo_t> Read(
+        Database& database, const Filter& filter, const PageIndex::Plan& plan, bool bWalk);
+    /// What is not known yet: the first rows tell it all when there are not more of them.
+    AccessControlLogical::PersonPage_t FirstPage(
+        Database& database, const Filter& filter, int nPageSize, PageIndex::Known& known);
 
     const Generations& m_generations;
     PageIndex m_index;

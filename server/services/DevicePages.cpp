@@ -111,8 +111,8 @@ QString DevicePages::Filter::Where(
         values << nOnlineState;
     }
     if (!sSearch.empty())
-        listTerms << TextSearch::Term(
-            database, QStringLiteral("device"), QStringLiteral("d"), sSearch, bWalk, values);
+        listTerms << TextSearch::Term(database, QStringLiteral("device"), QStringLiteral("d"), sSearch,
+            TextSearch::Way{bWalk, {}}, values);
     if (pPlan && pPlan->optAnchor) {
         listTerms << QLatin1Char('(') + sSortColumn + QLatin1String(", d.id) ")
                 + QLatin1String(pPlan->bForward ? ">=" : "<") + QLatin1String(" (?, ?)");

@@ -2,11 +2,17 @@
 
 #include "services/TextRules.h"
 
+#include <QStringList>
+#include <QVector>
+
+#include <algorithm>
+
 namespace Platform::TextSearch {
 
 namespace {
 
 constexpr std::size_t TrigramLength = 3;
+constexpr int FewLimit = 2000;
 
 QString LikePattern(const std::string& sText)
 {
@@ -23,6 +29,20 @@ QString QuotedPhrase(const std::string& sText)
     return QLatin1Char('"') + sPhrase + QLatin1Char('"');
 }
 
+/// The last three characters and the three before them, as far as there are: what a text ends with tells it
+/// from others best.
+QString TwoTrigrams(const std::string& sKey)
+{
+    constexpr int Length = static_cast<int>(TrigramLength);
+    const QVector<uint> characters = QString::fromStdString(sKey).toUcs4();
+    const auto phrase = [&characters](int nFrom) {
+        return QuotedPhrase(QString::fromUcs4(characters.constData() + nFrom, Length).toStdString());
+    };
+    const int nLast = static_cast<int>(characters.size()) - Length;
+    return nLast == 0 ? phrase(0)
+                      : phrase(nLast) + QLatin1String(" AND ") + phrase(std::max(0, nLast - Length));
+}
+
 } // namespace
 
 std::string Key(const std::string& sText)
@@ -37,16 +57,37 @@ bool IsIndexed(const Database& database, const std::string& sKey)
     return !database.IsPostgres() && CharacterCount(sKey) >= TrigramLength;
 }
 
+Way FindWay(Database& database, const QString& sTable, const std::string& sKey)
+{
+    if (!IsIndexed(database, sKey))
+        return {};
+    Rows rows = database.Run(QStringLiteral("SELECT rowid FROM %1_search WHERE %1_search MATCH ? LIMIT %2")
+                                 .arg(sTable)
+                                 .arg(FewLimit + 1),
+        {TwoTrigrams(sKey)});
+    QStringList listIds;
+    while (rows.Next())
+        listIds << QString::number(rows.Big(0));
+    if (listIds.size() > FewLimit)
+        return {};
+    return {false, QVariant(QLatin1Char('[') + listIds.join(QLatin1Char(',')) + QLatin1Char(']'))};
+}
+
 QString Term(const Database& database, const QString& sTable, const QString& sAlias, const std::string& sKey,
-    bool bWalk, QVariantList& values)
+    const Way& way, QVariantList& values)
 {
     if (database.IsPostgres()) {
         values << LikePattern(sKey);
         return sAlias + QLatin1String(".search_key LIKE ? ESCAPE '\\'");
     }
-    if (bWalk || !IsIndexed(database, sKey)) {
+    const QString sLook = QLatin1String("instr(") + sAlias + QLatin1String(".search_key, ?) > 0");
+    if (!way.bWalk && way.IsFew()) {
+        values << way.few << TextValue(sKey);
+        return sAlias + QLatin1String(".id IN (SELECT value FROM json_each(?)) AND ") + sLook;
+    }
+    if (way.bWalk || !IsIndexed(database, sKey)) {
         values << TextValue(sKey);
-        return QLatin1String("instr(") + sAlias + QLatin1String(".search_key, ?) > 0");
+        return sLook;
     }
     values << QuotedPhrase(sKey);
     return QStringLiteral("%1.id IN (SELECT rowid FROM %2_search WHERE %2_search MATCH ?)")

@@ -14,10 +14,23 @@ namespace TextSearch {
 std::string Key(const std::string& sText);
 /// True when SQLite finds the key by its index; it is too short for it otherwise.
 bool IsIndexed(const Database& database, const std::string& sKey);
-/// The condition on the rows of sTable, known in the statement as sAlias. bWalk: its rows are read in another
-/// order anyway, so that the index is of no use.
+
+/// How the rows with a key are found.
+struct Way
+{
+    bool bWalk = false; ///< each row is looked at: they are read in another order anyway
+    /// JSON array of the numbers of the few rows that can have the key; null: the index of trigrams tells.
+    QVariant few;
+
+    bool IsFew() const { return !few.isNull(); }
+};
+/// Few rows when not many of the table have two of the key's trigrams: looking at them is several times
+/// quicker than to find the whole key in the index.
+Way FindWay(Database& database, const QString& sTable, const std::string& sKey);
+
+/// The condition on the rows of sTable, known in the statement as sAlias.
 QString Term(const Database& database, const QString& sTable, const QString& sAlias, const std::string& sKey,
-    bool bWalk, QVariantList& values);
+    const Way& way, QVariantList& values);
 /// Counts what an indexed key finds.
 QString CountStatement(const QString& sTable, const std::string& sKey, QVariantList& values);
 

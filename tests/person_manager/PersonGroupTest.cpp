@@ -1,7 +1,7 @@
 #include "PersonPageFixture.h"
 
-#include <PersonEdit/CPersonnelInfoUI.h>
 #include <PersonEdit/CDepartmentComboBox.h>
+#include <PersonEdit/CPersonnelInfoUI.h>
 #include <PersonManager/CPersonGroupEditUI.h>
 #include <VxGUI/VxLineEdit.h>
 #include <common/CTreeChoice.h>
