@@ -2,18 +2,15 @@
 // back to the painted rows.
 
 #include "Bench.h"
-#include "BenchServer.h"
+#include "LiveServer.h"
 
-#include <PlatformLogic/CPlatformClient.h>
 #include <ResourceManagerUI/CDeviceManagerCtrl.h>
-#include <UICommonMdl/CInterfaceSetManager.h>
 #include <UICommonMdl/ILocalConfig.h>
 #include <server/services/DevicePages.h>
 #include <server/store/Database.h>
 
 #include <QHeaderView>
 #include <QStandardItemModel>
-#include <QTemporaryDir>
 #include <QToolButton>
 #include <QTreeView>
 
@@ -36,29 +33,17 @@ class LivePage
 {
 public:
     explicit LivePage(int nDevices)
-        : m_server(nDevices)
-        , m_client(m_folder.path())
+        : m_live({QStringLiteral("--seed-devices"), QString::number(nDevices)})
     {
-        m_client.SetServer(m_server.Url());
-        SignIn();
-        m_interfaces.AddAbstractResourceManager(&m_client);
-        m_client.GetLocalConfig()->SetValue(QStringLiteral("DeviceManager/PageSize"), PageSize);
-        m_pPage = std::make_unique<ResourceManagerUI::CDeviceManagerCtrl>(&m_interfaces, nullptr);
+        m_live.Config()->SetValue(QStringLiteral("DeviceManager/PageSize"), PageSize);
+        m_pPage = std::make_unique<ResourceManagerUI::CDeviceManagerCtrl>(m_live.Interfaces(), nullptr);
         m_pPage->resize(WindowSize);
         m_pPage->show();
         m_pTable = m_pPage->findChild<QTreeView*>(QStringLiteral("treeDevice"));
         WaitUntil([this] { return m_pTable->model()->rowCount() == PageSize; });
     }
 
-    ~LivePage()
-    {
-        m_pPage.reset();
-        m_client.SignOut();
-    }
-    LivePage(const LivePage&) = delete;
-    LivePage& operator=(const LivePage&) = delete;
-
-    QString DatabasePath() const { return m_server.DatabasePath(); }
+    QString DatabasePath() const { return m_live.DatabasePath(); }
 
     /// From the click to the painted rows: the next page, and from the last of ten back to the first.
     void TurnPage()
@@ -73,21 +58,6 @@ public:
     }
 
 private:
-    void SignIn()
-    {
-        bool bSetUp = false;
-        bool bSignedIn = false;
-        QObject context;
-        QObject::connect(&m_client, &PlatformLogic::CPlatformClient::SignalSetUp, &context,
-            [&](int nErrorCode) { bSetUp = nErrorCode == 0; });
-        QObject::connect(&m_client, &PlatformLogic::CPlatformClient::SignalSignIn, &context,
-            [&](int nErrorCode) { bSignedIn = nErrorCode == 0; });
-        m_client.SetUp(m_server.Password());
-        WaitUntil([&] { return bSetUp; });
-        m_client.SignIn(QStringLiteral("system"), m_server.Password());
-        WaitUntil([&] { return bSignedIn; });
-    }
-
     QString FirstId() const { return m_pTable->model()->index(0, IdColumn).data().toString(); }
 
     void WaitPainted(const std::function<bool()>& condition)
@@ -96,10 +66,7 @@ private:
         m_pTable->viewport()->repaint();
     }
 
-    BenchServer m_server;
-    QTemporaryDir m_folder;
-    PlatformLogic::CPlatformClient m_client;
-    UICommonMdl::CInterfaceSetManager m_interfaces;
+    LiveServer m_live;
     std::unique_ptr<ResourceManagerUI::CDeviceManagerCtrl> m_pPage;
     QTreeView* m_pTable = nullptr;
     int m_nPage = 1;
