@@ -7,7 +7,6 @@
 #include <PersonManager/CPersonManagerCtrl.h>
 #include <UICommonMdl/ILocalConfig.h>
 
-#include <QCheckBox>
 #include <QLineEdit>
 #include <QToolButton>
 #include <QTreeView>
@@ -40,7 +39,6 @@ public:
         m_pPage->show();
         m_pTable = m_pPage->findChild<QTreeView*>(QStringLiteral("m_pPersonnelListView"));
         m_pSearch = m_pPage->findChild<QLineEdit*>(QStringLiteral("m_pSearchPerson"));
-        m_pPage->findChild<QCheckBox*>(QStringLiteral("cbContainSub"))->click();
         WaitUntil([this] { return m_pTable->model()->rowCount() == PageSize; });
     }
 

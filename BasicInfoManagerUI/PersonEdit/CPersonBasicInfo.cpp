@@ -105,7 +105,7 @@ QString CPersonBasicInfo::CheckInput()
 {
     // In the order in which the fields stand, with the period before the remark.
     const auto checkPeriod = [this] {
-        const QString sFailure =
+        QString sFailure =
             CheckValidPeriod(m_pUi->m_pValidFrom->GetSeconds(), m_pUi->m_pValidTo->GetSeconds());
         m_pUi->m_pValidTo->SetErrorHint(sFailure);
         if (!sFailure.isEmpty())

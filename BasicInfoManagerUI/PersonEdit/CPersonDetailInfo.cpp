@@ -79,7 +79,7 @@ void CPersonDetailInfo::FillPerson(Person_t& person) const
 QString CPersonDetailInfo::CheckInput()
 {
     for (const auto& field : Fields) {
-        const QString sFailure = PersonFields::Check(*m_pUi.*field.pEdit, field.field);
+        QString sFailure = PersonFields::Check(*m_pUi.*field.pEdit, field.field);
         if (!sFailure.isEmpty())
             return sFailure;
     }

@@ -9,7 +9,7 @@
 namespace BasicInfoManagerUI {
 
 namespace {
-constexpr qint64 FileLimit = 20 * 1024 * 1024;
+constexpr qint64 FileLimit = qint64(20) * 1024 * 1024;
 constexpr qint64 PixelLimit = 100'000'000;
 constexpr int ReadSide = 2048; ///< pixels that a picture has at most when it is read
 constexpr qreal Ratio = qreal(PhotoWidth) / PhotoHeight;

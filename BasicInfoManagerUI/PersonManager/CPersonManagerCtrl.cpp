@@ -70,7 +70,7 @@ void CPersonManagerCtrl::UpdateButtons()
 
 QStringList CPersonManagerCtrl::GetCheckedIds()
 {
-    const QStringList listIds = m_pUi->m_pPersonnelListView->GetPersons()->GetCheckedIds();
+    QStringList listIds = m_pUi->m_pPersonnelListView->GetPersons()->GetCheckedIds();
     if (listIds.isEmpty())
         VxGUI::VxNotification::Show(
             this, Text::tr("Please select at least one person."), VxGUI::NotificationKind::Warning);

@@ -3,6 +3,7 @@
 #include <AccessControlLogical/IAccessControlManager.h>
 #include <RemoteConfigLogical/IRemoteConfigManager.h>
 #include <common/CRequests.h>
+#include <common/IConfigPage.h>
 #include <common/ObserverAdapters.h>
 
 #include <QTimer>
@@ -30,6 +31,7 @@ class CPersonnelInfoUI;
 /// The person page: tree of person groups, paged list of persons, and the operations on them.
 /// User-interface thread; the observer callbacks come on threads of the host.
 class CPersonManagerCtrl : public QWidget,
+                           public Common::IConfigPage,
                            private AccessControlLogical::IPersonManagerObserver,
                            private AccessControlLogical::IDepartmentManagerObserver
 {
@@ -44,8 +46,9 @@ public:
     explicit CPersonManagerCtrl(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent = nullptr);
     ~CPersonManagerCtrl() override;
 
+    bool OnMsg(int nMsg, QVariant* pValue, void* pArgument) override;
     /// Ends all registrations; the page asks for nothing any more.
-    void Uninit();
+    void UninitUI() override;
 
 Q_SIGNALS:
     void SignalNotifyPersonManagerState(const AccessControlLogical::IPersonManagerObserver::Param& param);

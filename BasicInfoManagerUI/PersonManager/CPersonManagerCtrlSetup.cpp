@@ -69,7 +69,12 @@ CPersonManagerCtrl::CPersonManagerCtrl(UICommonMdl::CInterfaceSetManager* pInter
 
 CPersonManagerCtrl::~CPersonManagerCtrl() = default;
 
-void CPersonManagerCtrl::Uninit()
+bool CPersonManagerCtrl::OnMsg(int, QVariant*, void*)
+{
+    return false;
+}
+
+void CPersonManagerCtrl::UninitUI()
 {
     m_bReleased = true;
     m_personRegistration.Release();

@@ -256,10 +256,10 @@ TEST_F(LivePersons, WhatAnOperatorBuildsIsThereAfterARestart)
             QTest::mouseClick(pButton, Qt::LeftButton);
     }
     m_client.WaitIdle();
-    EXPECT_TRUE(Column(PersonColumnId).isEmpty());
+    EXPECT_EQ(Column(PersonColumnGroup), QStringList{QStringLiteral("Testing")});
     m_pList->Find<QCheckBox>(QStringLiteral("cbContainSub"))->click();
     m_client.WaitIdle();
-    EXPECT_EQ(Column(PersonColumnGroup), QStringList{QStringLiteral("Testing")});
+    EXPECT_TRUE(Column(PersonColumnId).isEmpty());
 
     SelectGroup("Testing");
     m_dialogs.AnswerNext(true);

@@ -41,8 +41,9 @@ TEST_F(PersonPage, FirstPageIsThatOfTheRootUntilAGroupIsChosen)
     EXPECT_EQ(pTitle->text(), QStringLiteral("Testing"));
     EXPECT_EQ(LastRequest().sGroupCode, "1003");
     EXPECT_EQ(LastRequest().nPage, 1);
-    Click("cbContainSub");
     EXPECT_TRUE(LastRequest().bSubGroups);
+    Click("cbContainSub");
+    EXPECT_FALSE(LastRequest().bSubGroups);
     m_pDriver->Type(QStringLiteral("m_pSearchPerson"), QString(40, QLatin1Char('7')));
     m_pDriver->Key(QStringLiteral("m_pSearchPerson"), Qt::Key_Return);
     EXPECT_EQ(LastRequest().sSearchKey, std::string(30, '7'));
@@ -144,7 +145,6 @@ TEST_F(PersonPage, DeleteAllTakesTheGroupAndWhetherItsSubGroupsToo)
     Trigger(QStringLiteral("menuDelete"), QStringLiteral("Delete All"));
     EXPECT_EQ(Notice(), QStringLiteral("Please select a person group."));
     SelectGroup("1001");
-    Click("cbContainSub");
     m_dialogs.AnswerNext(true);
     Trigger(QStringLiteral("menuDelete"), QStringLiteral("Delete All"));
     EXPECT_EQ(m_dialogs.Shown().last(),
@@ -331,7 +331,7 @@ TEST_F(PersonPage, AnswersAfterTheEndAreDropped)
     Open();
     m_host.access.persons.Hold("QueryPersonList");
     Click("btnRefresh");
-    m_pPage->Uninit();
+    m_pPage->UninitUI();
     EXPECT_EQ(m_host.access.departments.ObserverCount(), 1u) << "the shared model's own";
     m_host.access.persons.Fail(m_host.access.persons.Last("QueryPersonList"), UICommonMdl::ErrorInternal);
     PageDriver::Settle();
