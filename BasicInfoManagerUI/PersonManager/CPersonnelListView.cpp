@@ -47,7 +47,7 @@ CPersonnelListView::CPersonnelListView(QWidget* pParent)
     m_pHeader->setMinimumSectionSize(40);
     m_pHeader->setStretchLastSection(true);
     m_pHeader->setSectionsClickable(true);
-    const int widths[] = {40, 52, 72, 104, 74, 94, 96, 94, 54, 92, 78, 172};
+    const int widths[] = {40, 58, 72, 104, 74, 98, 96, 94, 56, 98, 78, 172};
     for (int nColumn = 0; nColumn < PersonColumnCount; ++nColumn)
         m_pHeader->resizeSection(nColumn, widths[nColumn]);
     m_pHeader->setSectionResizeMode(PersonColumnCheck, QHeaderView::Fixed);
