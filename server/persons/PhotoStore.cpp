@@ -70,7 +70,7 @@ std::string PhotoStore::Add(const std::string& sBase64) const
         QByteArray::fromStdString(sBase64), QByteArray::AbortOnBase64DecodingErrors);
     if (!result || !IsPhoto(result.decoded))
         throw ServiceError(UICommonMdl::ErrorPhoto);
-    const std::string sName = QUuid::createUuid().toString(QUuid::Id128).toStdString();
+    std::string sName = QUuid::createUuid().toString(QUuid::Id128).toStdString();
     const QString sPath = PathOf(sName);
     QSaveFile file(sPath);
     if (!QDir().mkpath(QFileInfo(sPath).path()) || !file.open(QIODevice::WriteOnly)

@@ -41,7 +41,7 @@ std::string Padded(const char* szPrefix, int nNumber, int nDigits)
 std::string AddGroup(Database& database, const std::string& sParentCode, const std::string& sName)
 {
     constexpr TreeTable Tree("person_group");
-    const std::string sCode = std::to_string(database.NextNumber(QStringLiteral("person group")));
+    std::string sCode = std::to_string(database.NextNumber(QStringLiteral("person group")));
     database.Run(QStringLiteral("INSERT INTO person_group (code, parent_code, name, name_key, remark) "
                                 "VALUES (?, ?, ?, ?, '')"),
         {TextValue(sCode), TextValue(sParentCode), TextValue(sName), TextValue(FoldCase(sName))});
@@ -130,7 +130,7 @@ QByteArray MakePhoto(std::mt19937& random)
     unsigned long nSize = 0;
     tjCompress2(
         pEncoder.get(), vecPixels.data(), Width, 0, Height, TJPF_RGB, &pFile, &nSize, TJSAMP_420, 85, 0);
-    const QByteArray baFile(reinterpret_cast<const char*>(pFile), static_cast<int>(nSize));
+    QByteArray baFile(reinterpret_cast<const char*>(pFile), static_cast<int>(nSize));
     tjFree(pFile);
     return baFile;
 }
@@ -165,7 +165,7 @@ void AddRecords(Database& database, const Person_t& person, const std::vector<Do
         for (int nVisit = 0; nVisit < 4; ++nVisit) {
             const Door& door = vecDoors[random() % vecDoors.size()];
             const std::int64_t nTime =
-                (nNow - nDay * DayMs) / 1000 + nVisit * 3 * 60 * 60 + static_cast<int>(random() % 3600);
+                (nNow - nDay * DayMs) / 1000 + std::int64_t(nVisit) * 3 * 60 * 60 + random() % 3600;
             database.Run(
                 QStringLiteral("INSERT INTO access_record (person_id, at, device_name, channel_name, "
                                "credential, card_no, entry, opened) VALUES (?, ?, ?, ?, ?, ?, ?, ?)"),

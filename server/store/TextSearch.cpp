@@ -80,7 +80,7 @@ QString Term(const Database& database, const QString& sTable, const QString& sAl
         values << LikePattern(sKey);
         return sAlias + QLatin1String(".search_key LIKE ? ESCAPE '\\'");
     }
-    const QString sLook = QLatin1String("instr(") + sAlias + QLatin1String(".search_key, ?) > 0");
+    QString sLook = QLatin1String("instr(") + sAlias + QLatin1String(".search_key, ?) > 0");
     if (!way.bWalk && way.IsFew()) {
         values << way.few << TextValue(sKey);
         return sAlias + QLatin1String(".id IN (SELECT value FROM json_each(?)) AND ") + sLook;
