@@ -12,7 +12,8 @@ void LoadStyleSheet(QWidget* pWidget, const QString& sSkinFolder)
     const QString sPath = Trv::GetSkinPath(pWidget->objectName() + QStringLiteral(".qss"), sSkinFolder);
     if (!Trv::loadStyleSheet(sPath, sStyleSheet) || sStyleSheet == pWidget->styleSheet())
         return;
-    // Below a window with a sheet of its own Qt looks at what is polished already only if the widget itself is.
+    // Below a window with a sheet of its own Qt looks at what is polished already only if the widget itself
+    // is.
     pWidget->ensurePolished();
     pWidget->setStyleSheet(sStyleSheet);
 }
