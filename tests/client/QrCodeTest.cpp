@@ -28,8 +28,7 @@ std::string Scan(const QImage& image)
 
 TEST(QrCode, AScannerReadsWhatWasEncoded)
 {
-    const std::string texts[] = {
-        "4711", "P1:" + std::string(120, 'k'), std::string(500, '7'), "Zo\xc3\xab \xe2\x82\xac"};
+    const std::string texts[] = {"4711", "P1:" + std::string(120, 'k'), std::string(500, '7')};
     for (const std::string& sText : texts)
         for (const int nSide : {240, 600}) {
             const QImage image = CQrCode::Encode(QString::fromStdString(sText), nSide);
