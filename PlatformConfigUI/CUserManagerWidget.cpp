@@ -1,5 +1,7 @@
 #include "CUserManagerWidget.h"
 
+#include "CUserManagerPage.h"
+
 namespace PlatformConfigUI {
 
 CUserManagerWidget::CUserManagerWidget(UICommonMdl::CInterfaceSetManager* pInterfaceSet)
@@ -8,6 +10,11 @@ CUserManagerWidget::CUserManagerWidget(UICommonMdl::CInterfaceSetManager* pInter
             QStringLiteral("PlatformConfigUI/UserManagerUI"), QStringLiteral("usermanager_pane.png"),
             QStringLiteral("usermanager_pane-d.png")})
 {
+}
+
+QWidget* CUserManagerWidget::CreatePage(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
+{
+    return new CUserManagerPage(pInterfaceSet, pParent);
 }
 
 } // namespace PlatformConfigUI

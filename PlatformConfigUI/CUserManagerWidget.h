@@ -12,6 +12,9 @@ class CUserManagerWidget : public Common::CEntryWidget
 public:
     /// pInterfaceSet is borrowed.
     explicit CUserManagerWidget(UICommonMdl::CInterfaceSetManager* pInterfaceSet);
+
+protected:
+    QWidget* CreatePage(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent) override;
 };
 
 } // namespace PlatformConfigUI

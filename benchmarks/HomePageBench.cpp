@@ -1,9 +1,9 @@
 #include "Bench.h"
 
-#include <UserLogical/IUserManager.h>
 #include <VxPluginAPI/IAbstractUI.h>
 #include <VxPluginAPI/IAbstractWidget.h>
 #include <VxPluginAPI/IPluginAPI.h>
+#include <tests/support/fakes/FakeUserManager.h>
 
 #include <QApplication>
 #include <QMainWindow>
@@ -17,28 +17,13 @@ constexpr int Runs = 15;
 constexpr QSize WindowSize(1280, 800);
 
 /// A user who may open everything.
-class AllRights : public VxPluginAPI::IAbstractResourceManager,
-                  public UserLogical::IUserManager,
-                  public UserLogical::IUserRight
+class AllRights : public RightsSource
 {
 public:
-    VxPluginAPI::IManager* FindManager(const std::string& sInterfaceId) override
+    AllRights()
     {
-        return sInterfaceId == UserLogical::IUserManager::InterfaceId ? static_cast<IUserManager*>(this)
-                                                                      : nullptr;
-    }
-    void AddObserver(UserLogical::IUserManagerObserver*) override { }
-    void RemoveObserver(UserLogical::IUserManagerObserver*) override { }
-    UserLogical::IUserRight* GetUserRight() override { return this; }
-    std::string GetUserName() override { return "system"; }
-    std::string GetToken() override { return {}; }
-    bool HasRight(const std::string&) override { return true; }
-    std::vector<UserLogical::MenuRight_t> GetMenuRights() override
-    {
-        std::vector<UserLogical::MenuRight_t> vecRights;
         for (unsigned int nId = 0; nId <= 17; ++nId)
-            vecRights.push_back({"", "", nId});
-        return vecRights;
+            vecMenuRights.push_back({"", "", nId});
     }
 };
 

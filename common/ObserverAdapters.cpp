@@ -20,6 +20,8 @@ void RegisterSignalTypes()
         "RemoteConfigLogical::IRemoteDeviceObserver::Param");
     qRegisterMetaType<RemoteConfigLogical::ISystemConfigObserver::Param>(
         "RemoteConfigLogical::ISystemConfigObserver::Param");
+    qRegisterMetaType<UserLogical::ILoginManagerObserver::Param>("UserLogical::ILoginManagerObserver::Param");
+    qRegisterMetaType<UserLogical::IUserManagerObserve::Param>("UserLogical::IUserManagerObserve::Param");
 }
 
 CGroupManagerAdapter::CGroupManagerAdapter(GroupLogical::IGroupManager* pManager, QObject* pParent)
@@ -89,6 +91,28 @@ CAccessControlAdapter::CAccessControlAdapter(
 }
 
 void CAccessControlAdapter::OnNotifyAccessControlManagerState(const Param& param)
+{
+    Q_EMIT SignalState(param);
+}
+
+CUserManagerAdapter::CUserManagerAdapter(UserLogical::IUserManager* pManager, QObject* pParent)
+    : QObject(pParent)
+    , m_registration((RegisterSignalTypes(), pManager), this)
+{
+}
+
+void CUserManagerAdapter::OnNotifyUserManagerState(const Param& param)
+{
+    Q_EMIT SignalState(param);
+}
+
+CLoginManagerAdapter::CLoginManagerAdapter(UserLogical::IUserManager* pManager, QObject* pParent)
+    : QObject(pParent)
+    , m_registration((RegisterSignalTypes(), pManager), this)
+{
+}
+
+void CLoginManagerAdapter::OnNotifyLoginManagerState(const Param& param)
 {
     Q_EMIT SignalState(param);
 }

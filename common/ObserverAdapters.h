@@ -3,6 +3,7 @@
 #include <AccessControlLogical/IAccessControlManager.h>
 #include <GroupLogical/IGroupManager.h>
 #include <RemoteConfigLogical/IRemoteConfigManager.h>
+#include <UserLogical/IUserManager.h>
 
 #include <QMetaType>
 #include <QObject>
@@ -16,6 +17,8 @@ Q_DECLARE_METATYPE(RemoteConfigLogical::SearchDeviceInfoVec)
 Q_DECLARE_METATYPE(RemoteConfigLogical::ModifyDevicePasswordResultInfoVec)
 Q_DECLARE_METATYPE(RemoteConfigLogical::IRemoteDeviceObserver::Param)
 Q_DECLARE_METATYPE(RemoteConfigLogical::ISystemConfigObserver::Param)
+Q_DECLARE_METATYPE(UserLogical::ILoginManagerObserver::Param)
+Q_DECLARE_METATYPE(UserLogical::IUserManagerObserve::Param)
 
 namespace Common {
 
@@ -169,6 +172,40 @@ private:
     CObserverRegistration<AccessControlLogical::IAccessControlManager,
         AccessControlLogical::IAccessControlManagerObserver>
         m_registration;
+};
+
+/// As CGroupManagerAdapter, for users, roles and the log.
+class CUserManagerAdapter : public QObject, private UserLogical::IUserManagerObserve
+{
+    Q_OBJECT
+
+public:
+    explicit CUserManagerAdapter(UserLogical::IUserManager* pManager, QObject* pParent = nullptr);
+
+Q_SIGNALS:
+    void SignalState(const UserLogical::IUserManagerObserve::Param& param);
+
+private:
+    void OnNotifyUserManagerState(const Param& param) override;
+
+    CObserverRegistration<UserLogical::IUserManager, UserLogical::IUserManagerObserve> m_registration;
+};
+
+/// As CGroupManagerAdapter, for the signed-in user's session.
+class CLoginManagerAdapter : public QObject, private UserLogical::ILoginManagerObserver
+{
+    Q_OBJECT
+
+public:
+    explicit CLoginManagerAdapter(UserLogical::IUserManager* pManager, QObject* pParent = nullptr);
+
+Q_SIGNALS:
+    void SignalState(const UserLogical::ILoginManagerObserver::Param& param);
+
+private:
+    void OnNotifyLoginManagerState(const Param& param) override;
+
+    CObserverRegistration<UserLogical::IUserManager, UserLogical::ILoginManagerObserver> m_registration;
 };
 
 } // namespace Common

@@ -28,10 +28,11 @@ enum class Access
 {
     Anybody, ///< no session: sign-in and first start
     SignedIn, ///< any session
-    ByRight, ///< a session whose user has the right named by the operation
+    ByRight, ///< a session whose user has the rights named by the operation, all of them
 };
 
-/// One operation: its name (the end of the path), the right that it needs and what it takes and answers.
+/// One operation: its name (the end of the path), the rights that it needs (codes with a blank between them)
+/// and what it takes and answers.
 template <FixedString NameText, Access AccessKind, FixedString RightText, class RequestType, class AnswerType>
 struct Operation
 {

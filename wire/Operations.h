@@ -8,6 +8,7 @@ namespace wire {
 
 using namespace GroupLogical;
 using namespace AccessControlLogical;
+using namespace UserLogical;
 using RemoteConfigLogical::Dictionary_t;
 using RemoteConfigLogical::Features_t;
 using RemoteConfigLogical::PlatformTime_t;
@@ -27,7 +28,7 @@ using DeleteOrganization      = Operation<"organization/delete",     Access::ByR
 using MoveOrganization        = Operation<"organization/move",       Access::ByRight,  "001001001", MoveOrganizationRequest, Nothing>;
 
 using QueryDevicePage         = Operation<"device/page",             Access::ByRight,  "001001",    DevicePageRequest_t,     DevicePage_t>;
-using ExportDevice            = Operation<"device/export",           Access::ByRight,  "001001001", DevicePageRequest_t,     DevicePage_t>;
+using ExportDevice            = Operation<"device/export",           Access::ByRight,  "001001001 004002", DevicePageRequest_t,     DevicePage_t>;
 using QueryDeviceDetail       = Operation<"device/detail",           Access::ByRight,  "001001",    DeviceId,                DeviceAddInfo_t>;
 using QueryDeviceReferences   = Operation<"device/references",       Access::ByRight,  "001001",    DeviceId,                DeviceReferences>;
 using DeleteDevice            = Operation<"device/delete",           Access::ByRight,  "001001001", DeleteDeviceRequest,     BatchAnswer>;
@@ -75,6 +76,33 @@ using ExtractPersons          = Operation<"person/extract",          Access::ByR
 using QueryRecordTotal        = Operation<"access-record/total",     Access::ByRight,  "002003001", AccessRecordRequest_t,   RecordTotal>;
 using QueryRecords            = Operation<"access-record/page",      Access::ByRight,  "002003001", AccessRecordRequest_t,   AccessRecords>;
 
+using QueryUserPage           = Operation<"user/page",               Access::ByRight,  "001002",    UserPageRequest_t,       UserPage_t>;
+using QueryUserInfo           = Operation<"user/info",               Access::ByRight,  "001002",    UserName,                User_t>;
+using QueryUserRole           = Operation<"user/role",               Access::ByRight,  "001002",    UserName,                Roles>;
+using AddUser                 = Operation<"user/add",                Access::ByRight,  "001002001", User_t,                  User_t>;
+using ModifyUser              = Operation<"user/modify",             Access::ByRight,  "001002001", User_t,                  User_t>;
+using LockUser                = Operation<"user/lock",               Access::ByRight,  "001002001", UserName,                Nothing>;
+using UnlockUser              = Operation<"user/unlock",             Access::ByRight,  "001002001", UserName,                Nothing>;
+using DeleteUsers             = Operation<"user/delete",             Access::ByRight,  "001002001", UserNames,               UserFailures>;
+
+using QueryRoleList           = Operation<"role/list",               Access::ByRight,  "001002",    Nothing,                 Roles>;
+using QueryRoleInfo           = Operation<"role/info",               Access::ByRight,  "001002",    RoleId,                  Role_t>;
+using AddRole                 = Operation<"role/add",                Access::ByRight,  "001002002", RoleEdit_t,              Role_t>;
+using ModifyRole              = Operation<"role/modify",             Access::ByRight,  "001002002", RoleEdit_t,              Role_t>;
+using DeleteRoles             = Operation<"role/delete",             Access::ByRight,  "001002002", RoleIds,                 UserFailures>;
+using QueryMenuRightList      = Operation<"right/menu",              Access::ByRight,  "001002",    Nothing,                 RightNodes>;
+using QueryFuncRightList      = Operation<"right/function",          Access::ByRight,  "001002",    Nothing,                 RightNodes>;
+using QueryDeviceRights       = Operation<"right/devices",           Access::ByRight,  "001002",    DeviceRightQuery_t,      DeviceRightNodes>;
+using QueryDeviceAccess       = Operation<"device/access",           Access::ByRight,  "001001 001002", DeviceId,            DeviceAccesses>;
+
+using QueryDomainUsers        = Operation<"domain/users",            Access::ByRight,  "001002001", SearchText,              DomainUsers>;
+using AddDomainUsers          = Operation<"domain/add",              Access::ByRight,  "001002001", AddDomainUsersRequest,   UserFailures>;
+using QueryInvalidDomainUsers = Operation<"domain/invalid",          Access::ByRight,  "001002001", Nothing,                 DomainUsers>;
+using DeleteInvalidDomainUsers = Operation<"domain/delete-invalid",  Access::ByRight,  "001002001", UserNames,               UserFailures>;
+
+using QueryAuditPage          = Operation<"audit/page",              Access::ByRight,  "001002003", AuditRequest_t,          AuditPage_t>;
+using ExportAudit             = Operation<"audit/export",            Access::ByRight,  "001002003 004003", AuditRequest_t,   AuditPage_t>;
+
 using WaitJob                 = Operation<"job/wait",                Access::SignedIn, "",          WaitJobRequest,          JobState>;
 using CancelJob               = Operation<"job/cancel",              Access::SignedIn, "",          Job,                     Nothing>;
 // clang-format on
@@ -87,6 +115,8 @@ inline constexpr const char* DevicesChanged = "devices-changed"; ///< {}
 inline constexpr const char* OrganizationsChanged = "organizations-changed"; ///< {}
 inline constexpr const char* DepartmentsChanged = "departments-changed"; ///< {}
 inline constexpr const char* PersonsChanged = "persons-changed"; ///< {}
+inline constexpr const char* UsersChanged = "users-changed"; ///< {}: accounts, or who is signed in
+inline constexpr const char* RolesChanged = "roles-changed"; ///< {}
 inline constexpr const char* RightsChanged = "rights-changed"; ///< {}: ask for the session again
 inline constexpr const char* SessionEnded = "session-ended"; ///< {}; the stream ends after it
 } // namespace event

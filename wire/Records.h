@@ -79,6 +79,24 @@ WIRE_RECORD(AccessRecord_t, nTime, sDeviceName, sChannelName, nCredential, sCard
 
 namespace UserLogical {
 WIRE_RECORD(MenuRight_t, sCode, sWidgetName, nEntryId)
+WIRE_RECORD(User_t, sUserName, bMultiLogin, sPassword, bForceChange, bPasswordInterval, nPasswordDays,
+    nPasswordChanged, bExpiry, nExpiry, nPtzLevel, sEmail, sRemark, bBindMac, vecMacAddresses, vecRoleIds,
+    nUserType, sDomainUser, bOnline, nLockState, nVersion)
+WIRE_RECORD(UserInfo_t, sUserName, vecRoleNames, bOnline, nUserType, nLockState)
+WIRE_RECORD(UserPageRequest_t, sSearchText, nUserType, nOnline, nPage, nPageSize)
+WIRE_RECORD(UserPage_t, vecUsers, nTotal, nPage)
+WIRE_RECORD(UserFailure_t, sUserName, nErrorCode)
+WIRE_RECORD(DomainUser_t, sUserName, sDomainUser)
+WIRE_RECORD(RightNode_t, sCode, sName, nKind)
+WIRE_RECORD(Role_t, sRoleId, sName, sRemark, bBuiltIn, vecMenuRights, vecFuncRights, nVersion)
+WIRE_RECORD(DeviceRightNode_t, nKind, sId, nChannelKind, nChannel, sName, nState, bAuto, bHasChildren, vecRoleIds)
+WIRE_RECORD(DeviceRightQuery_t, nKind, sId, vecRoleIds)
+WIRE_RECORD(DeviceRightChange_t, nKind, sId, nChannelKind, nChannel, nRight, nAuto)
+WIRE_RECORD(RoleEdit_t, role, sCopyFrom, vecChanges)
+WIRE_RECORD(DeviceAccess_t, sUserName, vecRoleNames, bWhole)
+WIRE_RECORD(AuditRequest_t, nFrom, nTo, sUserName, sClientAddress, sOperation, sObject, nBelowId, nPage, nPageSize)
+WIRE_RECORD(AuditEntry_t, nId, nTime, sUserName, sClientAddress, sOperation, sObjectId, sBefore, sAfter)
+WIRE_RECORD(AuditPage_t, vecEntries, nTotal, nPage)
 } // namespace UserLogical
 
 // Records that travel only.
@@ -116,8 +134,10 @@ struct SignInRequest
 {
     std::string sUserName;
     std::string sPassword;
+    std::string sNewPassword; ///< in its place from now on; empty: it stays
+    std::vector<std::string> vecMacAddresses; ///< of the client's machine
 };
-WIRE_RECORD(SignInRequest, sUserName, sPassword)
+WIRE_RECORD(SignInRequest, sUserName, sPassword, sNewPassword, vecMacAddresses)
 
 struct Session
 {
@@ -126,8 +146,83 @@ struct Session
     std::vector<UserLogical::MenuRight_t> vecMenuRights;
     std::vector<std::string> vecRights; ///< all right codes of the user, of every level
     int nOrganizationLevelLimit = 0;
+    std::string sUserType; ///< "1": has every right, "2": may manage users, "3": neither
 };
-WIRE_RECORD(Session, sToken, sUserName, vecMenuRights, vecRights, nOrganizationLevelLimit)
+WIRE_RECORD(Session, sToken, sUserName, vecMenuRights, vecRights, nOrganizationLevelLimit, sUserType)
+
+struct UserName
+{
+    std::string sUserName;
+};
+WIRE_RECORD(UserName, sUserName)
+
+struct UserNames
+{
+    std::vector<std::string> vecUserNames; ///< at most 1000
+};
+WIRE_RECORD(UserNames, vecUserNames)
+
+struct UserFailures
+{
+    std::vector<UserLogical::UserFailure_t> vecFailed;
+};
+WIRE_RECORD(UserFailures, vecFailed)
+
+struct RoleId
+{
+    std::string sRoleId;
+};
+WIRE_RECORD(RoleId, sRoleId)
+
+struct RoleIds
+{
+    std::vector<std::string> vecRoleIds; ///< at most 1000
+};
+WIRE_RECORD(RoleIds, vecRoleIds)
+
+struct Roles
+{
+    std::vector<UserLogical::Role_t> vecRoles;
+};
+WIRE_RECORD(Roles, vecRoles)
+
+struct RightNodes
+{
+    std::vector<UserLogical::RightNode_t> vecRights;
+};
+WIRE_RECORD(RightNodes, vecRights)
+
+struct DeviceRightNodes
+{
+    std::vector<UserLogical::DeviceRightNode_t> vecNodes;
+};
+WIRE_RECORD(DeviceRightNodes, vecNodes)
+
+struct DeviceAccesses
+{
+    std::vector<UserLogical::DeviceAccess_t> vecAccess;
+};
+WIRE_RECORD(DeviceAccesses, vecAccess)
+
+struct SearchText
+{
+    std::string sSearchText;
+};
+WIRE_RECORD(SearchText, sSearchText)
+
+struct DomainUsers
+{
+    std::vector<UserLogical::DomainUser_t> vecDomainUsers;
+    bool bTruncated = false; ///< there are more
+};
+WIRE_RECORD(DomainUsers, vecDomainUsers, bTruncated)
+
+struct AddDomainUsersRequest
+{
+    std::vector<std::string> vecUserNames; ///< at most 1000
+    std::vector<std::string> vecRoleIds;
+};
+WIRE_RECORD(AddDomainUsersRequest, vecUserNames, vecRoleIds)
 
 struct Code
 {

@@ -12,10 +12,29 @@
 #include <UICommonMdl/CPhotoManager.h>
 
 #include <QDir>
+#include <QNetworkInterface>
 
 namespace PlatformLogic {
 
-using UserLogical::IUserManagerObserver;
+using UserLogical::ILoginManagerObserver;
+using UserLogical::IUserManagerObserve;
+
+namespace {
+
+/// Hardware addresses of this machine's network interfaces, without those of the loopback kind.
+std::vector<std::string> OwnMacAddresses()
+{
+    std::vector<std::string> vecAddresses;
+    const QList<QNetworkInterface> listInterfaces = QNetworkInterface::allInterfaces();
+    for (const QNetworkInterface& interface : listInterfaces) {
+        const QString sAddress = interface.hardwareAddress().toLower();
+        if (!sAddress.isEmpty() && !interface.flags().testFlag(QNetworkInterface::IsLoopBack))
+            vecAddresses.push_back(sAddress.toStdString());
+    }
+    return vecAddresses;
+}
+
+} // namespace
 
 struct CPlatformClient::Private
 {
@@ -37,9 +56,9 @@ struct CPlatformClient::Private
     void EndSession();
 
     CPlatformClient* pClient;
+    CServerConnection connection;
     CUserManager userManager;
     CLocalConfig localConfig;
-    CServerConnection connection;
     CGroupManager groupManager;
     CRemoteConfigManager remoteConfigManager;
     CAccessControlManager accessControlManager;
@@ -48,6 +67,7 @@ struct CPlatformClient::Private
 
 CPlatformClient::Private::Private(CPlatformClient* pOwner, const QString& sConfigFolder)
     : pClient(pOwner)
+    , userManager(connection)
     , localConfig(sConfigFolder)
     , groupManager(connection, userManager)
     , remoteConfigManager(connection, userManager)
@@ -82,6 +102,10 @@ void CPlatformClient::Private::OnEvent(const std::string& sName, const std::stri
         accessControlManager.NotifyDepartmentsChanged();
     else if (sName == wire::event::PersonsChanged)
         accessControlManager.NotifyPersonsChanged();
+    else if (sName == wire::event::UsersChanged)
+        userManager.NotifyPush(IUserManagerObserve::ResultUsersChanged);
+    else if (sName == wire::event::RolesChanged)
+        userManager.NotifyPush(IUserManagerObserve::ResultRolesChanged);
     else if (sName == wire::event::RightsChanged)
         RefreshSession();
     else if (sName == wire::event::SessionEnded)
@@ -108,6 +132,7 @@ void CPlatformClient::Private::OnState(CServerConnection::State state)
         break;
     case CServerConnection::State::Lost:
         remoteConfigManager.SetServerConnected(false);
+        userManager.NotifyLogin(ILoginManagerObserver::ResultDisconnected, UICommonMdl::ErrorDisconnected);
         OnUiThread([this] { Q_EMIT pClient->SignalConnectionChanged(false); });
         break;
     case CServerConnection::State::Connected:
@@ -116,6 +141,7 @@ void CPlatformClient::Private::OnState(CServerConnection::State state)
         // Rights may have changed while nobody could tell.
         RefreshSession();
         remoteConfigManager.SetServerConnected(true);
+        userManager.NotifyLogin(ILoginManagerObserver::ResultReconnected);
         OnUiThread([this] { Q_EMIT pClient->SignalConnectionChanged(true); });
         break;
     }
@@ -128,7 +154,7 @@ void CPlatformClient::Private::RefreshSession()
             return;
         if (!userManager.SetSession(answer.data))
             return;
-        userManager.Notify(IUserManagerObserver::ResultRightsChanged, UICommonMdl::ErrorNone);
+        userManager.NotifyLogin(ILoginManagerObserver::ResultRightsChanged);
         OnUiThread([this] { Q_EMIT pClient->SignalRightsChanged(); });
     });
 }
@@ -140,7 +166,7 @@ void CPlatformClient::Private::EndSession()
     userManager.ClearSession();
     connection.CloseSession();
     remoteConfigManager.SetServerConnected(false);
-    userManager.Notify(IUserManagerObserver::ResultSessionEnded, UICommonMdl::ErrorNotSignedIn);
+    userManager.NotifyLogin(ILoginManagerObserver::ResultSessionEnded, UICommonMdl::ErrorNotSignedIn);
     OnUiThread([this] { Q_EMIT pClient->SignalSessionEnded(); });
 }
 
@@ -239,10 +265,12 @@ void CPlatformClient::SetUp(const QString& sPassword)
         });
 }
 
-void CPlatformClient::SignIn(const QString& sUserName, const QString& sPassword)
+void CPlatformClient::SignIn(
+    const QString& sUserName, const QString& sPassword, const QString& sNewPassword)
 {
     Private& p = *m_pPrivate;
-    const wire::SignInRequest request{sUserName.toStdString(), sPassword.toStdString()};
+    const wire::SignInRequest request{
+        sUserName.toStdString(), sPassword.toStdString(), sNewPassword.toStdString(), OwnMacAddresses()};
     CallServer<wire::SignIn>(p.connection, request, [&p](TypedAnswer<wire::Session>&& answer) {
         if (answer.nErrorCode == UICommonMdl::ErrorNone) {
             p.userManager.SetSession(answer.data);

@@ -33,6 +33,17 @@ enum ErrorCode : int
     ErrorSetupDone = 25, ///< the built-in account has its password already
     ErrorSetupNeeded = 26, ///< the built-in account has no password yet
     ErrorSetupRemote = 27, ///< the first password can be set from the server's own machine only
+    ErrorAccountDisabled = 28, ///< locked by an administrator
+    ErrorAccountExpired = 29,
+    ErrorPasswordChangeNeeded = 30, ///< right, but a new one has to be chosen: the first sign-in, or its age
+    ErrorMacAddress = 31, ///< the account is bound to other clients
+    ErrorLastManager = 32, ///< nobody could manage users any more
+    ErrorBuiltInAccount = 33, ///< the built-in account or role cannot be changed so
+    ErrorOwnAccount = 34, ///< nobody locks or deletes the account that he is signed in with
+    ErrorRightNotOwn = 35, ///< nobody gives a right that he does not have; the detail names it
+    ErrorDirectoryNotConfigured = 36,
+    ErrorDirectoryUnreachable = 37,
+    ErrorDirectoryRefused = 38, ///< the directory does not accept the server's own login
 
     ErrorVersionConflict = 40, ///< somebody else changed the record since it was read
     ErrorNotFound = 41,

@@ -3,8 +3,8 @@
 #include <UICommonMdl/CBasePanel.h>
 #include <UICommonMdl/CInterfaceSetManager.h>
 #include <UICommonMdl/CPluginPanel.h>
-#include <UserLogical/IUserManager.h>
 #include <VxPluginAPI/IAbstractWidget.h>
+#include "fakes/FakeUserManager.h"
 
 #include <QVBoxLayout>
 
@@ -57,30 +57,14 @@ private:
 };
 
 /// A source with a user manager of its own name.
-class Source : public VxPluginAPI::IAbstractResourceManager, public UserLogical::IUserManager
+class Source : public RightsSource
 {
 public:
-    explicit Source(std::string sUser)
-        : m_sUser(std::move(sUser))
+    explicit Source(const std::string& sUser)
     {
+        sUserName = sUser;
+        vecMenuRights = {{"001001", "devices", 0}, {"001003", "storage", 2}};
     }
-    VxPluginAPI::IManager* FindManager(const std::string& sInterfaceId) override
-    {
-        return sInterfaceId == UserLogical::IUserManager::InterfaceId ? static_cast<IUserManager*>(this)
-                                                                      : nullptr;
-    }
-    void AddObserver(UserLogical::IUserManagerObserver*) override { }
-    void RemoveObserver(UserLogical::IUserManagerObserver*) override { }
-    UserLogical::IUserRight* GetUserRight() override { return nullptr; }
-    std::vector<UserLogical::MenuRight_t> GetMenuRights() override
-    {
-        return {{"001001", "devices", 0}, {"001003", "storage", 2}};
-    }
-    std::string GetUserName() override { return m_sUser; }
-    std::string GetToken() override { return {}; }
-
-private:
-    std::string m_sUser;
 };
 
 class BasePanel : public testing::Test

@@ -1,9 +1,10 @@
 #pragma once
 
-#include <UserLogical/IUserManager.h>
 #include <VxPluginAPI/IAbstractUI.h>
 #include <VxPluginAPI/IAbstractWidget.h>
 #include <VxPluginAPI/IPluginAPI.h>
+
+#include "fakes/FakeUserManager.h"
 
 #include <QPluginLoader>
 #include <QWidget>
@@ -13,25 +14,10 @@
 #include <map>
 #include <set>
 
-/// A source that knows the user's rights and nothing else.
-class RightsSource : public VxPluginAPI::IAbstractResourceManager,
-                     public UserLogical::IUserManager,
-                     public UserLogical::IUserRight
+/// A source that knows the user's rights.
+class EntryRights : public RightsSource
 {
 public:
-    VxPluginAPI::IManager* FindManager(const std::string& sInterfaceId) override
-    {
-        return sInterfaceId == UserLogical::IUserManager::InterfaceId ? static_cast<IUserManager*>(this)
-                                                                      : nullptr;
-    }
-    void AddObserver(UserLogical::IUserManagerObserver*) override { }
-    void RemoveObserver(UserLogical::IUserManagerObserver*) override { }
-    UserLogical::IUserRight* GetUserRight() override { return this; }
-    std::string GetUserName() override { return "operator"; }
-    std::string GetToken() override { return {}; }
-    bool HasRight(const std::string& sRightCode) override { return !setMissing.contains(sRightCode); }
-    std::vector<UserLogical::MenuRight_t> GetMenuRights() override { return vecRights; }
-
     /// Lets the user open the entries of these numbers, in that order.
     void Allow(const std::vector<unsigned int>& vecIds)
     {
@@ -41,15 +27,12 @@ public:
             {10, "EmapConfigUI"}, {11, "BasicInfoManagerUI"}, {12, "CArmLibWidget"}, {13, "ACSManagerWidget"},
             {14, "VideoIntercomConfigWidget"}, {15, "AttendanceManagerWidget"}, {16, "VisitorParamWidget"},
             {17, "EntranceConfigWidget"}};
-        vecRights.clear();
+        vecMenuRights.clear();
         for (const unsigned int nId : vecIds) {
             const auto it = s_names.find(nId);
-            vecRights.push_back({"", it == s_names.end() ? "NoSuchWidget" : it->second, nId});
+            vecMenuRights.push_back({"", it == s_names.end() ? "NoSuchWidget" : it->second, nId});
         }
     }
-
-    std::vector<UserLogical::MenuRight_t> vecRights;
-    std::set<std::string> setMissing; ///< rights that the user does not have
 };
 
 /// The built library, loaded as a host loads it.
@@ -90,7 +73,7 @@ protected:
     QWidget* HomePage() { return TopLevel()->GetWidget(m_pParent.get()); }
     bool Send(int nMsg, QVariant vValue = {}) { return TopLevel()->OnMsg(nMsg, &vValue, nullptr); }
 
-    RightsSource m_rights;
+    EntryRights m_rights;
     QPluginLoader m_loader;
     VxPluginAPI::IClientUIPluginAPI* m_pPlugin = nullptr;
     std::unique_ptr<QWidget> m_pParent = std::make_unique<QWidget>();
