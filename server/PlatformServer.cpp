@@ -2,6 +2,8 @@
 
 #include "Log.h"
 #include "ServiceError.h"
+#include "accounts/RoleService.h"
+#include "accounts/UserService.h"
 #include "devices/Drivers.h"
 #include "devices/FieldDeviceDriver.h"
 #include "devices/OnvifDriver.h"
@@ -17,6 +19,7 @@
 #include "persons/PersonService.h"
 #include "persons/PhotoStore.h"
 #include "seed/Seeds.h"
+#include "services/AuditLog.h"
 #include "services/Catalog.h"
 #include "services/ChannelReader.h"
 #include "services/CloudService.h"
@@ -49,6 +52,7 @@ struct PlatformServer::Private
         : options(std::move(serverOptions))
         , hub(StreamLimit)
         , audit(options.clock)
+        , directory(options.directory)
     {
     }
 
@@ -59,7 +63,9 @@ struct PlatformServer::Private
     void RegisterDevices();
     void RegisterField();
     void RegisterPersons();
+    void RegisterAccounts();
     void RegisterFiles();
+    void PublishStates(const wire::DeviceStates& states);
     void AddressesChanged(const std::vector<std::string>& vecDeviceIds);
     void Close();
 
@@ -70,8 +76,12 @@ struct PlatformServer::Private
     Generations generations;
     AuditService audit;
     std::unique_ptr<DatabasePool> pPool;
+    Directory directory;
     std::unique_ptr<RightsService> pRights;
     std::unique_ptr<SessionService> pSessions;
+    std::unique_ptr<RoleService> pRoles;
+    std::unique_ptr<UserService> pUsers;
+    std::unique_ptr<AuditLog> pAuditLog;
     std::unique_ptr<OrganizationService> pOrganizations;
     std::unique_ptr<SecretBox> pBox;
     Drivers drivers;
@@ -130,6 +140,10 @@ void PlatformServer::Private::MakeServices()
     drivers = Drivers();
     drivers.Add(std::make_unique<FieldDeviceDriver>(options.nDeviceTimeoutMs, options.nDiscoveryPort));
     drivers.Add(std::make_unique<OnvifDriver>(options.nDeviceTimeoutMs, options.nOnvifDiscoveryPort));
+    pRoles = std::make_unique<RoleService>(*pPool, hub, audit, generations, *pRights);
+    pUsers =
+        std::make_unique<UserService>(*pPool, hub, audit, *pRights, *pSessions, directory, options.clock);
+    pAuditLog = std::make_unique<AuditLog>(*pPool);
     pOrganizations = std::make_unique<OrganizationService>(*pPool, hub, audit, generations);
     pDevices = std::make_unique<DeviceService>(*pPool, hub, audit, generations, *pBox,
         [this](const std::vector<std::string>& vecIds) { AddressesChanged(vecIds); });
@@ -168,7 +182,8 @@ void PlatformServer::Private::Register()
     table.Register<GetSession>([&](const C& context, const auto&) { return sessions.Get(context); });
     table.Register<GetDictionary>([](const C&, const auto&) { return Catalog::Dictionary(); });
 
-    table.Register<QueryOrganizations>([&](const C&, const auto&) { return organizations.Query(); });
+    table.Register<QueryOrganizations>(
+        [&](const C& context, const auto&) { return organizations.Query(context); });
     table.Register<AddOrganization>(
         [&](const C& context, const auto& request) { return organizations.Add(context, request); });
     table.Register<ModifyOrganization>(
@@ -184,6 +199,7 @@ void PlatformServer::Private::Register()
     RegisterDevices();
     RegisterField();
     RegisterPersons();
+    RegisterAccounts();
     RegisterFiles();
 }
 
@@ -195,17 +211,19 @@ void PlatformServer::Private::RegisterDevices()
     using C = Context;
 
     table.Register<QueryDevicePage>(
-        [&](const C&, const auto& request) { return devices.QueryPage(request); });
-    table.Register<ExportDevice>([&](const C&, const auto& request) { return devices.Export(request); });
+        [&](const C& context, const auto& request) { return devices.QueryPage(context, request); });
+    table.Register<ExportDevice>(
+        [&](const C& context, const auto& request) { return devices.Export(context, request); });
     table.Register<QueryDeviceDetail>(
-        [&](const C&, const auto& request) { return devices.QueryDetail(request); });
+        [&](const C& context, const auto& request) { return devices.QueryDetail(context, request); });
     table.Register<QueryDeviceReferences>(
-        [&](const C&, const auto& request) { return devices.QueryReferences(request); });
+        [&](const C& context, const auto& request) { return devices.QueryReferences(context, request); });
     table.Register<DeleteDevice>(
         [&](const C& context, const auto& request) { return devices.Delete(context, request); });
     table.Register<MoveDevice>(
         [&](const C& context, const auto& request) { return devices.Move(context, request); });
-    table.Register<QueryDeviceTypes>([&](const C&, const auto&) { return devices.QueryTypes(); });
+    table.Register<QueryDeviceTypes>(
+        [&](const C& context, const auto&) { return devices.QueryTypes(context); });
     table.Register<AddDevice>(
         [&](const C& context, const auto& request) { return devices.Add(context, request); });
     table.Register<ModifyDevice>(
@@ -307,8 +325,9 @@ void PlatformServer::Private::RegisterPersons()
     table.Register<ReissuePersonRight>(
         [&](const C& context, const auto& request) { return authorization.Reissue(context, request); });
     table.Register<QueryAuthorizeException>(
-        [&](const C&, const auto& request) { return authorization.Exceptions(request); });
-    table.Register<QueryPermissionChoices>([&](const C&, const auto&) { return persons.QueryChoices(); });
+        [&](const C& context, const auto& request) { return authorization.Exceptions(context, request); });
+    table.Register<QueryPermissionChoices>(
+        [&](const C& context, const auto&) { return persons.QueryChoices(context); });
     table.Register<QueryResidenceScenario>([&](const C&, const auto&) { return persons.QueryResidence(); });
     table.Register<QueryQrCode>([&](const C&, const auto& request) { return credentials.QrCode(request); });
     table.Register<CaptureFingerprint>(
@@ -316,9 +335,84 @@ void PlatformServer::Private::RegisterPersons()
     table.Register<ExtractPersons>(
         [&](const C& context, const auto& request) { return credentials.Extract(context, request); });
     table.Register<QueryRecordTotal>(
-        [&](const C&, const auto& request) { return credentials.CountRecords(request); });
+        [&](const C& context, const auto& request) { return credentials.CountRecords(context, request); });
     table.Register<QueryRecords>(
-        [&](const C&, const auto& request) { return credentials.QueryRecords(request); });
+        [&](const C& context, const auto& request) { return credentials.QueryRecords(context, request); });
+}
+
+void PlatformServer::Private::RegisterAccounts()
+{
+    Dispatcher& table = *pDispatcher;
+    UserService& users = *pUsers;
+    RoleService& roles = *pRoles;
+    AuditLog& log = *pAuditLog;
+    using namespace wire;
+    using C = Context;
+
+    table.Register<QueryUserPage>([&](const C&, const auto& request) { return users.QueryPage(request); });
+    table.Register<QueryUserInfo>([&](const C&, const auto& request) { return users.Info(request); });
+    table.Register<QueryUserRole>([&](const C&, const auto& request) { return users.RolesOf(request); });
+    table.Register<wire::AddUser>(
+        [&](const C& context, const auto& request) { return users.Add(context, request); });
+    table.Register<ModifyUser>(
+        [&](const C& context, const auto& request) { return users.Modify(context, request); });
+    table.Register<LockUser>([&](const C& context, const auto& request) {
+        users.Lock(context, request);
+        return Nothing{};
+    });
+    table.Register<UnlockUser>([&](const C& context, const auto& request) {
+        users.Unlock(context, request);
+        return Nothing{};
+    });
+    table.Register<DeleteUsers>(
+        [&](const C& context, const auto& request) { return users.Delete(context, request); });
+    table.Register<QueryDomainUsers>(
+        [&](const C&, const auto& request) { return users.QueryDomainUsers(request); });
+    table.Register<AddDomainUsers>(
+        [&](const C& context, const auto& request) { return users.AddDomainUsers(context, request); });
+    table.Register<QueryInvalidDomainUsers>(
+        [&](const C&, const auto&) { return users.QueryInvalidDomainUsers(); });
+    table.Register<DeleteInvalidDomainUsers>([&](const C& context, const auto& request) {
+        return users.DeleteInvalidDomainUsers(context, request);
+    });
+    table.Register<QueryRoleList>([&](const C&, const auto&) { return roles.List(); });
+    table.Register<QueryRoleInfo>([&](const C&, const auto& request) { return roles.Info(request); });
+    table.Register<AddRole>(
+        [&](const C& context, const auto& request) { return roles.Add(context, request); });
+    table.Register<ModifyRole>(
+        [&](const C& context, const auto& request) { return roles.Modify(context, request); });
+    table.Register<DeleteRoles>(
+        [&](const C& context, const auto& request) { return roles.Delete(context, request); });
+    table.Register<QueryMenuRightList>([&](const C&, const auto&) { return roles.MenuRights(); });
+    table.Register<QueryFuncRightList>([&](const C&, const auto&) { return roles.FuncRights(); });
+    table.Register<QueryDeviceRights>(
+        [&](const C& context, const auto& request) { return roles.DeviceRights(context, request); });
+    table.Register<QueryDeviceAccess>(
+        [&](const C& context, const auto& request) { return roles.DeviceAccess(context, request); });
+    table.Register<QueryAuditPage>(
+        [&](const C& context, const auto& request) { return log.Query(context, request); });
+    table.Register<ExportAudit>(
+        [&](const C& context, const auto& request) { return log.Query(context, request); });
+}
+
+void PlatformServer::Private::PublishStates(const wire::DeviceStates& states)
+{
+    const std::string sAll = nlohmann::json(states).dump();
+    hub.PublishEach(wire::event::DeviceStates, [&](std::int64_t nAccountId) {
+        const RightsService::Rights pOwn = pRights->RightsOf(nAccountId);
+        if (pOwn->scope.IsAll())
+            return sAll;
+        std::vector<std::int64_t> vecIds;
+        for (const auto& state : states.vecStates)
+            vecIds.push_back(std::stoll(state.sDeviceId));
+        const std::vector<std::int64_t> vecReached =
+            pPool->Read([&](Database& database) { return pOwn->scope.Reached(database, vecIds); });
+        wire::DeviceStates own;
+        for (const auto& state : states.vecStates)
+            if (std::binary_search(vecReached.begin(), vecReached.end(), std::stoll(state.sDeviceId)))
+                own.vecStates.push_back(state);
+        return own.vecStates.empty() ? std::string() : nlohmann::json(own).dump();
+    });
 }
 
 void PlatformServer::Private::RegisterFiles()
@@ -386,6 +480,9 @@ void PlatformServer::Private::Close()
     pField.reset();
     pDevices.reset();
     pOrganizations.reset();
+    pAuditLog.reset();
+    pUsers.reset();
+    pRoles.reset();
     pSessions.reset();
     pRights.reset();
     pPool.reset();
@@ -412,7 +509,7 @@ void PlatformServer::Open()
     p.OpenStore();
     p.pRights = std::make_unique<RightsService>(*p.pPool, p.hub);
     p.pSessions = std::make_unique<SessionService>(
-        *p.pPool, p.hub, *p.pRights, p.audit, p.options.clock, p.options.nTokenLifetimeMinutes);
+        *p.pPool, p.hub, *p.pRights, p.audit, p.directory, p.options.clock, p.options.nTokenLifetimeMinutes);
     p.MakeServices();
     p.pDispatcher = std::make_unique<Dispatcher>(
         [pSessions = p.pSessions.get()](const std::string& sToken) { return pSessions->Find(sToken); });
@@ -436,9 +533,12 @@ void PlatformServer::Start()
     p.pHttp->Start();
     if (p.options.nProbeIntervalSeconds > 0) {
         const std::lock_guard lock(p.proberMutex);
-        p.pProber = std::make_unique<Prober>(*p.pPool, p.hub, p.generations,
+        p.pProber = std::make_unique<Prober>(
+            *p.pPool, p.generations,
             std::make_unique<TcpReachability>(p.options.nProbeConcurrency, p.options.nProbeTimeoutMs),
-            std::chrono::seconds(p.options.nProbeIntervalSeconds), [&p](const auto& vecIds) {
+            std::chrono::seconds(p.options.nProbeIntervalSeconds),
+            [&p](const wire::DeviceStates& states) { p.PublishStates(states); },
+            [&p](const auto& vecIds) {
                 p.pChannels->ReadSoon(vecIds);
                 p.pAuthorization->DevicesOnline(vecIds);
             });

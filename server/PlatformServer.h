@@ -1,5 +1,6 @@
 #pragma once
 
+#include "directory/Directory.h"
 #include "services/Context.h"
 #include "store/Database.h"
 
@@ -35,6 +36,7 @@ struct ServerOptions
     int nProbeConcurrency = 256;
     int nProbeTimeoutMs = 2000;
     int nTokenLifetimeMinutes = 720;
+    DirectoryOptions directory; ///< of domain users; without an address there is none
     std::string sCloudUrl; ///< account service of P2P devices; empty: none
     int nSearchTimeoutMs = 3000; ///< how long a search for devices waits for answers
     int nDeviceTimeoutMs = 5000; ///< of each question to a device

@@ -10,6 +10,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <fstream>
 #include <iostream>
 #include <unistd.h>
 
@@ -107,6 +108,18 @@ void AddOptions(QCommandLineParser& parser)
     value(
         "probe-timeout", "Milliseconds after which a device counts as silent.", "MS", QStringLiteral("2000"));
     value("cloud-url", "Account service of P2P devices; without one there are no cloud accounts.", "URL", {});
+    value("ldap-url",
+        "Directory of domain users (ldap:// or ldaps://); without one there are no domain users.", "URL", {});
+    value("ldap-base", "Distinguished name below which the directory's users are.", "DN", {});
+    value("ldap-bind-dn", "The server's own login to the directory; without one it reads anonymously.", "DN",
+        {});
+    value("ldap-password-file", "File whose first line is the password of --ldap-bind-dn.", "FILE", {});
+    value("ldap-user-filter", "Which entries of the directory are users.", "FILTER",
+        QStringLiteral("(objectClass=person)"));
+    value("ldap-name-attribute", "Attribute that holds the name to sign in with.", "NAME",
+        QStringLiteral("uid"));
+    value("ldap-ca", "PEM file of the certificates that the directory may have.", "FILE", {});
+    flag("ldap-start-tls", "Encrypt the connection to an ldap:// directory.");
     value("search-timeout", "Milliseconds that a search for devices waits for answers.", "MS",
         QStringLiteral("3000"));
     value("device-timeout", "Milliseconds after which a question to a device is given up.", "MS",
@@ -118,6 +131,32 @@ void AddOptions(QCommandLineParser& parser)
     value("token-lifetime", "Minutes that an unused session lasts.", "MINUTES", QStringLiteral("720"));
     flag("set-password", "Read the built-in account's password from the standard input, set it and end.");
     flag("exit-with-parent", "End when the standard input is closed.");
+}
+
+Platform::DirectoryOptions ReadDirectory(const QCommandLineParser& parser)
+{
+    const auto text = [&parser](const char* szName) {
+        return parser.value(QString::fromLatin1(szName)).toStdString();
+    };
+    Platform::DirectoryOptions directory;
+    directory.sUrl = text("ldap-url");
+    if (!directory.sUrl.empty() && directory.sUrl.rfind("ldap://", 0) != 0
+        && directory.sUrl.rfind("ldaps://", 0) != 0)
+        Refuse("--ldap-url takes an address that begins with ldap:// or ldaps://");
+    directory.sBaseDn = text("ldap-base");
+    if (directory.sUrl.empty() != directory.sBaseDn.empty())
+        Refuse("--ldap-url and --ldap-base go together");
+    directory.sBindDn = text("ldap-bind-dn");
+    directory.sUserFilter = text("ldap-user-filter");
+    directory.sNameAttribute = text("ldap-name-attribute");
+    directory.sCaFile = text("ldap-ca");
+    directory.bStartTls = parser.isSet(QStringLiteral("ldap-start-tls"));
+    if (const std::string sFile = text("ldap-password-file"); !sFile.empty()) {
+        std::ifstream file(sFile);
+        if (!std::getline(file, directory.sBindPassword))
+            Refuse("The password file " + sFile + " cannot be read");
+    }
+    return directory;
 }
 
 CommandLine Read(const QCoreApplication& application)
@@ -149,6 +188,7 @@ CommandLine Read(const QCoreApplication& application)
     options.nProbeIntervalSeconds = Number(parser, QStringLiteral("probe-interval"), 0, 86400);
     options.nProbeConcurrency = Number(parser, QStringLiteral("probe-concurrency"), 1, 10000);
     options.nProbeTimeoutMs = Number(parser, QStringLiteral("probe-timeout"), 1, 60000);
+    options.directory = ReadDirectory(parser);
     options.sCloudUrl = CloudUrl(parser.value(QStringLiteral("cloud-url")));
     options.nSearchTimeoutMs = Number(parser, QStringLiteral("search-timeout"), 100, 60000);
     options.nDeviceTimeoutMs = Number(parser, QStringLiteral("device-timeout"), 100, 60000);

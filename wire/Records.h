@@ -89,12 +89,14 @@ WIRE_RECORD(UserFailure_t, sUserName, nErrorCode)
 WIRE_RECORD(DomainUser_t, sUserName, sDomainUser)
 WIRE_RECORD(RightNode_t, sCode, sName, nKind)
 WIRE_RECORD(Role_t, sRoleId, sName, sRemark, bBuiltIn, vecMenuRights, vecFuncRights, nVersion)
-WIRE_RECORD(DeviceRightNode_t, nKind, sId, nChannelKind, nChannel, sName, nState, bAuto, bHasChildren, vecRoleIds)
+WIRE_RECORD(
+    DeviceRightNode_t, nKind, sId, nChannelKind, nChannel, sName, nState, bAuto, bHasChildren, vecRoleIds)
 WIRE_RECORD(DeviceRightQuery_t, nKind, sId, vecRoleIds)
 WIRE_RECORD(DeviceRightChange_t, nKind, sId, nChannelKind, nChannel, nRight, nAuto)
 WIRE_RECORD(RoleEdit_t, role, sCopyFrom, vecChanges)
 WIRE_RECORD(DeviceAccess_t, sUserName, vecRoleNames, bWhole)
-WIRE_RECORD(AuditRequest_t, nFrom, nTo, sUserName, sClientAddress, sOperation, sObject, nBelowId, nPage, nPageSize)
+WIRE_RECORD(
+    AuditRequest_t, nFrom, nTo, sUserName, sClientAddress, sOperation, sObject, nBelowId, nPage, nPageSize)
 WIRE_RECORD(AuditEntry_t, nId, nTime, sUserName, sClientAddress, sOperation, sObjectId, sBefore, sAfter)
 WIRE_RECORD(AuditPage_t, vecEntries, nTotal, nPage)
 } // namespace UserLogical

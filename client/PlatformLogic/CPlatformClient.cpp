@@ -265,8 +265,7 @@ void CPlatformClient::SetUp(const QString& sPassword)
         });
 }
 
-void CPlatformClient::SignIn(
-    const QString& sUserName, const QString& sPassword, const QString& sNewPassword)
+void CPlatformClient::SignIn(const QString& sUserName, const QString& sPassword, const QString& sNewPassword)
 {
     Private& p = *m_pPrivate;
     const wire::SignInRequest request{

@@ -18,19 +18,22 @@ constexpr auto TakeRole = [](Result::Param& param, Role_t&& role) {
     if (param.nErrorCode == UICommonMdl::ErrorNone)
         param.vecRoles.push_back(std::move(role));
 };
-constexpr auto TakeRoles
-    = [](Result::Param& param, wire::Roles&& answer) { param.vecRoles = std::move(answer.vecRoles); };
+constexpr auto TakeRoles = [](Result::Param& param, wire::Roles&& answer) {
+    param.vecRoles = std::move(answer.vecRoles);
+};
 constexpr auto TakeFailed = [](Result::Param& param, wire::UserFailures&& answer) {
     param.vecFailed = std::move(answer.vecFailed);
 };
-constexpr auto TakeRights
-    = [](Result::Param& param, wire::RightNodes&& answer) { param.vecRights = std::move(answer.vecRights); };
+constexpr auto TakeRights = [](Result::Param& param, wire::RightNodes&& answer) {
+    param.vecRights = std::move(answer.vecRights);
+};
 constexpr auto TakeDomainUsers = [](Result::Param& param, wire::DomainUsers&& answer) {
     param.vecDomainUsers = std::move(answer.vecDomainUsers);
     param.bTruncated = answer.bTruncated;
 };
-constexpr auto TakeAudit
-    = [](Result::Param& param, AuditPage_t&& page) { param.auditPage = std::move(page); };
+constexpr auto TakeAudit = [](Result::Param& param, AuditPage_t&& page) {
+    param.auditPage = std::move(page);
+};
 
 } // namespace
 
@@ -237,18 +240,14 @@ int CUserManager::QueryFuncRightList()
 
 int CUserManager::QueryDeviceRights(const DeviceRightQuery_t& query)
 {
-    return Call<wire::QueryDeviceRights>(
-        Result::ResultQueryDeviceRights, query, [](Param& param, wire::DeviceRightNodes&& answer) {
-            param.vecNodes = std::move(answer.vecNodes);
-        });
+    return Call<wire::QueryDeviceRights>(Result::ResultQueryDeviceRights, query,
+        [](Param& param, wire::DeviceRightNodes&& answer) { param.vecNodes = std::move(answer.vecNodes); });
 }
 
 int CUserManager::QueryDeviceAccess(const std::string& sDeviceId)
 {
-    return Call<wire::QueryDeviceAccess>(
-        Result::ResultQueryDeviceAccess, {sDeviceId}, [](Param& param, wire::DeviceAccesses&& answer) {
-            param.vecAccess = std::move(answer.vecAccess);
-        });
+    return Call<wire::QueryDeviceAccess>(Result::ResultQueryDeviceAccess, {sDeviceId},
+        [](Param& param, wire::DeviceAccesses&& answer) { param.vecAccess = std::move(answer.vecAccess); });
 }
 
 int CUserManager::QueryDomainUsers(const std::string& sSearchText)

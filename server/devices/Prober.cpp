@@ -4,7 +4,6 @@
 #include "ServiceError.h"
 
 #include <GroupLogical/GroupRecords.h>
-#include <wire/Operations.h>
 
 #include <unordered_map>
 
@@ -16,13 +15,13 @@ constexpr std::size_t BatchSize = 200; // changes written and told at a time
 constexpr std::chrono::milliseconds BatchTime(250);
 } // namespace
 
-Prober::Prober(DatabasePool& pool, EventHub& hub, Generations& generations,
-    std::unique_ptr<Reachability> pReachability, std::chrono::milliseconds interval, CameOnline cameOnline)
+Prober::Prober(DatabasePool& pool, Generations& generations, std::unique_ptr<Reachability> pReachability,
+    std::chrono::milliseconds interval, Publish publish, CameOnline cameOnline)
     : m_pool(pool)
-    , m_hub(hub)
     , m_generations(generations)
     , m_pReachability(std::move(pReachability))
     , m_interval(interval)
+    , m_publish(std::move(publish))
     , m_cameOnline(std::move(cameOnline))
     , m_thread([this](const std::stop_token& stop) { Run(stop); })
 {
@@ -160,7 +159,7 @@ void Prober::Write(std::vector<Change>& vecChanges)
     if (states.vecStates.empty())
         return;
     ++m_generations.states;
-    m_hub.Publish(wire::event::DeviceStates, nlohmann::json(states).dump());
+    m_publish(states);
     std::vector<std::int64_t> vecOnline;
     for (const auto& state : states.vecStates)
         if (state.nOnlineState == GroupLogical::StateOnline)

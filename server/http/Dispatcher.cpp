@@ -74,8 +74,11 @@ Context Dispatcher::Authenticate(const RawRequest& request) const
 Context Dispatcher::AuthenticateToken(const RawRequest& request) const
 {
     std::optional<Context> optContext = request.sToken.empty() ? std::nullopt : m_findSession(request.sToken);
-    if (!optContext)
+    if (!optContext) {
+        Log::Warning("http", "A request without a valid session was refused",
+            {{"operation", request.sOperation}, {"client", request.sClientAddress}});
         throw ServiceError(UICommonMdl::ErrorNotSignedIn);
+    }
     optContext->sClientAddress = request.sClientAddress;
     optContext->bLoopback = request.bLoopback;
     return *optContext;
@@ -85,8 +88,11 @@ Context Dispatcher::Admit(const RawRequest& request, const Rule& rule) const
 {
     if (rule.access != wire::Access::Anybody) {
         Context context = Authenticate(request);
-        if (rule.access == wire::Access::ByRight && context.pRights->count(rule.sRight) == 0)
+        if (rule.access == wire::Access::ByRight && !context.HasRights(rule.sRight)) {
+            Log::Warning("http", "An operation was refused for want of a right",
+                {{"operation", rule.sName}, {"user", context.sUserName}, {"client", context.sClientAddress}});
             throw ServiceError(UICommonMdl::ErrorNoRight);
+        }
         return context;
     }
     if (request.sProtocolVersion != std::to_string(wire::ProtocolVersion))

@@ -3,6 +3,7 @@
 #include <wire/Operations.h>
 
 #include <algorithm>
+#include <map>
 
 namespace Platform {
 
@@ -67,6 +68,9 @@ std::shared_ptr<EventQueue> EventHub::Subscribe(const std::string& sTokenHash, s
         return nullptr;
     auto pQueue = std::make_shared<EventQueue>(sTokenHash, nAccountId);
     pQueue->Push(wire::event::Hello, "{}");
+    // Who is online is told to those that were there before.
+    for (const auto& pOther : m_queues)
+        pOther->Push(wire::event::UsersChanged, "{}");
     m_queues.insert(pQueue);
     return pQueue;
 }
@@ -75,6 +79,8 @@ void EventHub::Unsubscribe(const std::shared_ptr<EventQueue>& pQueue)
 {
     const std::lock_guard lock(m_mutex);
     m_queues.erase(pQueue);
+    for (const auto& pOther : m_queues)
+        pOther->Push(wire::event::UsersChanged, "{}");
 }
 
 std::vector<std::shared_ptr<EventQueue>> EventHub::Queues() const
@@ -87,6 +93,20 @@ void EventHub::Publish(const std::string& sName, const std::string& sJson)
 {
     for (const auto& pQueue : Queues())
         pQueue->Push(sName, sJson);
+}
+
+void EventHub::PublishEach(
+    const std::string& sName, const std::function<std::string(std::int64_t nAccountId)>& make)
+{
+    std::map<std::int64_t, std::string> mapTexts;
+    for (const auto& pQueue : Queues()) {
+        const std::int64_t nAccountId = pQueue->AccountId();
+        auto it = mapTexts.find(nAccountId);
+        if (it == mapTexts.end())
+            it = mapTexts.emplace(nAccountId, make(nAccountId)).first;
+        if (!it->second.empty())
+            pQueue->Push(sName, it->second);
+    }
 }
 
 void EventHub::PublishTo(std::int64_t nAccountId, const std::string& sName, const std::string& sJson)
@@ -104,6 +124,24 @@ void EventHub::EndSession(const std::string& sTokenHash)
         pQueue->Push(wire::event::SessionEnded, "{}");
         pQueue->End();
     }
+}
+
+void EventHub::EndAccount(std::int64_t nAccountId)
+{
+    for (const auto& pQueue : Queues()) {
+        if (pQueue->AccountId() != nAccountId)
+            continue;
+        pQueue->Push(wire::event::SessionEnded, "{}");
+        pQueue->End();
+    }
+}
+
+std::set<std::int64_t> EventHub::Accounts() const
+{
+    std::set<std::int64_t> setAccounts;
+    for (const auto& pQueue : Queues())
+        setAccounts.insert(pQueue->AccountId());
+    return setAccounts;
 }
 
 void EventHub::End()

@@ -56,9 +56,16 @@ public:
     void Unsubscribe(const std::shared_ptr<EventQueue>& pQueue);
 
     void Publish(const std::string& sName, const std::string& sJson = "{}");
+    /// To each account what make answers for it, unless that is empty.
+    void PublishEach(
+        const std::string& sName, const std::function<std::string(std::int64_t nAccountId)>& make);
     void PublishTo(std::int64_t nAccountId, const std::string& sName, const std::string& sJson = "{}");
     /// Tells the streams of that session that it is over, and ends them.
     void EndSession(const std::string& sTokenHash);
+    /// As EndSession, for all sessions of an account.
+    void EndAccount(std::int64_t nAccountId);
+    /// The accounts that have a stream open.
+    std::set<std::int64_t> Accounts() const;
     /// Ends every stream; no new one is taken.
     void End();
     int Count() const;

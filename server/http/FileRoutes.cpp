@@ -32,7 +32,7 @@ std::vector<FileRoutes::Rule> FileRoutes::Rules() const
 Context FileRoutes::Admit(const RawRequest& request, const std::string& sRight) const
 {
     Context context = m_dispatcher.AuthenticateToken(request);
-    if (context.pRights->count(sRight) == 0)
+    if (!context.HasRights(sRight))
         throw ServiceError(UICommonMdl::ErrorNoRight);
     return context;
 }

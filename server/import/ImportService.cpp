@@ -2,6 +2,7 @@
 
 #include "DeviceSheet.h"
 #include "ServiceError.h"
+#include "accounts/RoleGrants.h"
 #include "services/DeviceRecords.h"
 #include "services/DeviceRules.h"
 #include "services/TextRules.h"
@@ -40,10 +41,14 @@ namespace {
 constexpr std::size_t LookUpSize = 500;
 constexpr std::size_t ProbeSoonLimit = 1000;
 
-ImportRules::OrganizationNames ReadOrganizations(Database& database)
+ImportRules::OrganizationNames ReadOrganizations(Database& database, const DeviceScope& scope)
 {
     ImportRules::OrganizationNames names;
-    Rows rows = database.Run(QStringLiteral("SELECT code, name FROM organization"));
+    QVariantList values;
+    QString sSql = QStringLiteral("SELECT o.code, o.name FROM organization o");
+    if (!scope.IsAll())
+        sSql += QLatin1String(" WHERE ") + scope.OwnOrganizationTerm(QStringLiteral("o.code"), values);
+    Rows rows = database.Run(sSql, values);
     while (rows.Next())
         names.Add(rows.Text(0), rows.Text(1));
     return names;
@@ -55,6 +60,7 @@ std::string ReasonText(const ImportFailure_t& failure)
     static const std::unordered_map<int, const char*> s_mapTexts{
         {UICommonMdl::ErrorInvalidInput, "The value is not valid"},
         {UICommonMdl::ErrorNotFound, "There is no such organization"},
+        {UICommonMdl::ErrorNoRight, "You do not have the right to change this device"},
         {UICommonMdl::ErrorNameExists, "A device with this name exists already"},
         {UICommonMdl::ErrorAddressExists, "A device with this address and port exists already"},
         {UICommonMdl::ErrorSerialNumberExists, "A device with this serial number exists already"},
@@ -224,7 +230,8 @@ private:
     /// Each row by itself and against the rows before it.
     void Check()
     {
-        const auto organizations = m_service.m_pool.Read(ReadOrganizations);
+        const auto organizations = m_service.m_pool.Read(
+            [this](Database& database) { return ReadOrganizations(database, m_context.Scope()); });
         std::unordered_map<int, std::string> mapFormulas(
             m_pImport->vecFormulas.begin(), m_pImport->vecFormulas.end());
         ImportRules::DuplicateFinder duplicates;
@@ -251,6 +258,7 @@ private:
     {
         m_service.m_pool.Write([this](Database& database) {
             CheckExisting(database);
+            CheckReached(database);
             if (m_request.bAllOrNothing && !m_vecFailed.empty())
                 throw ServiceError(UICommonMdl::ErrorImportAborted);
             m_nNextId = DeviceRecords::TakeNumbers(database, m_vecGood.size());
@@ -261,6 +269,7 @@ private:
                 if (m_vecIds.size() % LookUpSize == 0)
                     m_job.SetDone(static_cast<int>(m_vecFailed.size() + m_vecIds.size()));
             }
+            RoleGrants::DevicesArrived(database, m_vecIds);
         });
     }
 
@@ -281,6 +290,19 @@ private:
         });
         std::size_t n = 0;
         std::erase_if(m_vecGood, [&](const Good&) { return !vecFree[n++]; });
+    }
+
+    /// Devices that the account does not reach are not overwritten.
+    void CheckReached(Database& database)
+    {
+        std::erase_if(m_vecGood, [&](const Good& good) {
+            const bool bReached = good.sExistingId.empty()
+                || m_context.Scope().HoldsDevice(
+                    database, DeviceRecords::NumberOf(good.sExistingId).value_or(0));
+            if (!bReached)
+                Fail(good.nRow, UICommonMdl::ErrorNoRight, "sName");
+            return !bReached;
+        });
     }
 
     void WriteOne(Database& database, const Good& good)
@@ -451,7 +473,7 @@ wire::UploadedSheet ImportService::Upload(
 int ImportService::CountExisting(const Import& import)
 {
     return m_pool.Read([&](Database& database) {
-        const auto organizations = ReadOrganizations(database);
+        const auto organizations = ReadOrganizations(database, DeviceScope::All());
         std::vector<DeviceAddInfo_t> vecDevices;
         vecDevices.reserve(import.vecRows.size());
         std::vector<const DeviceAddInfo_t*> vecPlaces;

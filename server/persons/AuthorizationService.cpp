@@ -296,7 +296,7 @@ void AuthorizationService::Keep(const Task& task, const std::vector<PersonRefusa
     });
 }
 
-wire::AuthorizeExceptions AuthorizationService::Exceptions(const wire::PersonId& id)
+wire::AuthorizeExceptions AuthorizationService::Exceptions(const Context& context, const wire::PersonId& id)
 {
     const auto nId = static_cast<qlonglong>(PersonRules::NumberOf(id.sPersonId).value_or(0));
     return m_pool.Read([&](Database& database) {
@@ -314,12 +314,14 @@ wire::AuthorizeExceptions AuthorizationService::Exceptions(const wire::PersonId&
                 sChannels += (sChannels.empty() ? "" : ", ") + rows.Text(2);
             }
         }
+        QVariantList values{nId};
+        const QString sReached = context.Scope().AndDevice(QStringLiteral("d.id"), values);
         Rows rows = database.Run(
-            QStringLiteral("SELECT a.device_id, d.name, p.name, a.removal, a.refusals "
-                           "FROM person_authorization a JOIN device d ON d.id = a.device_id "
-                           "LEFT JOIN person p ON p.id = a.person_id WHERE a.person_id = ? AND a.state = 2 "
-                           "ORDER BY d.name_key"),
-            {nId});
+            QLatin1String("SELECT a.device_id, d.name, p.name, a.removal, a.refusals "
+                          "FROM person_authorization a JOIN device d ON d.id = a.device_id "
+                          "LEFT JOIN person p ON p.id = a.person_id WHERE a.person_id = ? AND a.state = 2")
+                + sReached + QLatin1String(" ORDER BY d.name_key"),
+            values);
         while (rows.Next()) {
             AuthorizeException_t exception;
             exception.sPersonId = id.sPersonId;
@@ -344,7 +346,7 @@ wire::Job AuthorizationService::Reissue(const Context& context, const wire::Pers
     });
     if (!bKnown)
         throw ServiceError(UICommonMdl::ErrorNotFound);
-    return m_jobs.Run(context, [this, id](Job& job) {
+    return m_jobs.Run(context, [this, context, id](Job& job) {
         const std::vector<Task> vecTasks = m_pool.Read([&](Database& database) {
             std::vector<Task> vecFound;
             const auto nId = static_cast<qlonglong>(PersonRules::NumberOf(id.sPersonId).value_or(0));
@@ -367,7 +369,7 @@ wire::Job AuthorizationService::Reissue(const Context& context, const wire::Pers
                 }
             },
             DevicesAtATime);
-        for (const AuthorizeException_t& exception : Exceptions(id).vecExceptions)
+        for (const AuthorizeException_t& exception : Exceptions(context, id).vecExceptions)
             job.AddItem(exception);
         m_hub.Publish(wire::event::PersonsChanged);
     });

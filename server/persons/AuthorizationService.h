@@ -42,7 +42,7 @@ public:
     void SendSoon();
     void DevicesOnline(const std::vector<std::int64_t>& vecDeviceIds);
 
-    wire::AuthorizeExceptions Exceptions(const wire::PersonId& id);
+    wire::AuthorizeExceptions Exceptions(const Context& context, const wire::PersonId& id);
     /// A job that sends everything of the person again; its items are what is left: AuthorizeException_t.
     wire::Job Reissue(const Context& context, const wire::PersonId& id);
 

@@ -44,10 +44,12 @@ CredentialService::CredentialService(DatabasePool& pool, JobService& jobs, const
 {
 }
 
-CredentialService::Reached CredentialService::Reach(const std::string& sDeviceId)
+CredentialService::Reached CredentialService::Reach(const Context& context, const std::string& sDeviceId)
 {
-    const auto optLogin =
-        m_pool.Read([&](Database& database) { return DeviceRecords::FindLogin(database, m_box, sDeviceId); });
+    const auto optLogin = m_pool.Read([&](Database& database) {
+        context.Scope().CheckDevice(database, sDeviceId);
+        return DeviceRecords::FindLogin(database, m_box, sDeviceId);
+    });
     if (!optLogin)
         throw ServiceError(UICommonMdl::ErrorNotFound);
     DeviceDriver* const pDriver = m_drivers.Find(optLogin->sProtocol);
@@ -58,7 +60,7 @@ CredentialService::Reached CredentialService::Reach(const std::string& sDeviceId
 
 wire::Job CredentialService::Capture(const Context& context, const wire::DeviceId& device)
 {
-    const Reached reached = Reach(device.sDeviceId);
+    const Reached reached = Reach(context, device.sDeviceId);
     return m_jobs.Run(context, [this, reached](Job& job) {
         OfDevice([&] {
             reached.pDriver->StartFingerprint(reached.access);
@@ -77,7 +79,7 @@ wire::Job CredentialService::Capture(const Context& context, const wire::DeviceI
 
 wire::Job CredentialService::Extract(const Context& context, const wire::DeviceId& device)
 {
-    const Reached reached = Reach(device.sDeviceId);
+    const Reached reached = Reach(context, device.sDeviceId);
     return m_jobs.Run(context, [reached](Job& job) {
         OfDevice([&] {
             job.SetSummary(wire::DevicePersons{reached.pDriver->Persons(reached.access, ExtractLimit)});
@@ -107,32 +109,39 @@ std::string CredentialService::PersonOf(const std::string& sQrText) const
     return sOpened.substr(0, nBlank);
 }
 
-wire::RecordTotal CredentialService::CountRecords(const AccessRecordRequest_t& request)
+wire::RecordTotal CredentialService::CountRecords(
+    const Context& context, const AccessRecordRequest_t& request)
 {
     return m_pool.Read([&](Database& database) {
+        QVariantList values{PersonOfRequest(request), static_cast<qlonglong>(request.nFrom),
+            static_cast<qlonglong>(request.nTo)};
+        const QString sReached = context.Scope().AndDevice(QStringLiteral("access_record.device_id"), values);
         Rows rows = database.Run(
-            QStringLiteral("SELECT COUNT(*) FROM access_record WHERE person_id = ? AND at >= ? AND at <= ?"),
-            {PersonOfRequest(request), static_cast<qlonglong>(request.nFrom),
-                static_cast<qlonglong>(request.nTo)});
+            QLatin1String("SELECT COUNT(*) FROM access_record WHERE person_id = ? AND at >= ? AND at <= ?")
+                + sReached,
+            values);
         rows.Next();
         return wire::RecordTotal{rows.Int(0)};
     });
 }
 
-wire::AccessRecords CredentialService::QueryRecords(const AccessRecordRequest_t& request)
+wire::AccessRecords CredentialService::QueryRecords(
+    const Context& context, const AccessRecordRequest_t& request)
 {
     if (request.nPage < 1 || request.nPageSize < 1 || request.nPageSize > PageSizeLimit)
         throw ServiceError(UICommonMdl::ErrorInvalidInput, "nPage");
     wire::AccessRecords answer;
-    answer.nTotal = CountRecords(request).nTotal;
+    answer.nTotal = CountRecords(context, request).nTotal;
     m_pool.Read([&](Database& database) {
+        QVariantList values{PersonOfRequest(request), static_cast<qlonglong>(request.nFrom),
+            static_cast<qlonglong>(request.nTo)};
+        const QString sReached = context.Scope().AndDevice(QStringLiteral("access_record.device_id"), values);
+        values << request.nPageSize << static_cast<qlonglong>(request.nPage - 1) * request.nPageSize;
         Rows rows = database.Run(
-            QStringLiteral("SELECT at, device_name, channel_name, credential, card_no, entry, opened "
-                           "FROM access_record WHERE person_id = ? AND at >= ? AND at <= ? "
-                           "ORDER BY at DESC, id DESC LIMIT ? OFFSET ?"),
-            {PersonOfRequest(request), static_cast<qlonglong>(request.nFrom),
-                static_cast<qlonglong>(request.nTo), request.nPageSize,
-                static_cast<qlonglong>(request.nPage - 1) * request.nPageSize});
+            QLatin1String("SELECT at, device_name, channel_name, credential, card_no, entry, opened "
+                          "FROM access_record WHERE person_id = ? AND at >= ? AND at <= ?")
+                + sReached + QLatin1String(" ORDER BY at DESC, id DESC LIMIT ? OFFSET ?"),
+            values);
         while (rows.Next())
             answer.vecRecords.push_back({rows.Big(0), rows.Text(1), rows.Text(2), rows.Int(3), rows.Text(4),
                 rows.Int(5) != 0, rows.Int(6) != 0});

@@ -32,8 +32,10 @@ public:
     /// The person that such a text is for; empty for any other text and once its time is over.
     std::string PersonOf(const std::string& sQrText) const;
 
-    wire::RecordTotal CountRecords(const AccessControlLogical::AccessRecordRequest_t& request);
-    wire::AccessRecords QueryRecords(const AccessControlLogical::AccessRecordRequest_t& request);
+    wire::RecordTotal CountRecords(
+        const Context& context, const AccessControlLogical::AccessRecordRequest_t& request);
+    wire::AccessRecords QueryRecords(
+        const Context& context, const AccessControlLogical::AccessRecordRequest_t& request);
 
 private:
     struct Reached
@@ -41,7 +43,7 @@ private:
         DeviceDriver* pDriver;
         DeviceAccess access;
     };
-    Reached Reach(const std::string& sDeviceId);
+    Reached Reach(const Context& context, const std::string& sDeviceId);
 
     DatabasePool& m_pool;
     JobService& m_jobs;

@@ -1,6 +1,7 @@
 #include "PersonService.h"
 
 #include "AuthorizationService.h"
+#include "PermissionScope.h"
 #include "PersonRecords.h"
 #include "PersonRules.h"
 #include "ServiceError.h"
@@ -87,9 +88,9 @@ Person_t PersonService::QueryDetail(const wire::PersonId& id)
     return std::move(*optPerson);
 }
 
-PermissionChoices_t PersonService::QueryChoices()
+PermissionChoices_t PersonService::QueryChoices(const Context& context)
 {
-    return m_pool.Read([](Database& database) {
+    return m_pool.Read([&context](Database& database) {
         PermissionChoices_t choices;
         choices.vecAccessGroups = ReadChoices(database, QStringLiteral("access_group"));
         choices.vecFaceGroups = ReadChoices(database, QStringLiteral("face_group"));
@@ -98,6 +99,7 @@ PermissionChoices_t PersonService::QueryChoices()
                                         "JOIN device d ON d.id = f.device_id ORDER BY f.device_id, f.id"));
         while (rows.Next())
             choices.vecLiftFloors.push_back({rows.Text(0), rows.Text(1), rows.Text(2), rows.Text(3)});
+        PermissionScope::Filter(database, context.Scope(), choices);
         return choices;
     });
 }
@@ -122,6 +124,7 @@ Person_t PersonService::Add(const Context& context, const Person_t& person)
     try {
         m_pool.Write([&](Database& database) {
             PersonRecords::CheckChoices(database, added);
+            PermissionScope::Protect(database, context.Scope(), nullptr, added);
             CheckFree(database, added, true);
             PersonRecords::Insert(database, m_box, added, sPhoto);
             AuthorizationService::PersonChanged(database, added.sPersonId);
@@ -158,6 +161,7 @@ Person_t PersonService::Modify(const Context& context, const Person_t& person)
             if (optBefore->nVersion != person.nVersion)
                 throw ServiceError(UICommonMdl::ErrorVersionConflict);
             PersonRecords::CheckChoices(database, after);
+            PermissionScope::Protect(database, context.Scope(), &*optBefore, after);
             CheckFree(database, after, false);
             after.nVersion = optBefore->nVersion + 1;
             const std::string sPresent = PersonRecords::PhotoOf(database, after.sPersonId);
@@ -191,6 +195,7 @@ wire::PersonBatchAnswer PersonService::ChangeEach(const Context& context, std::s
             }
             Person_t after = *optBefore;
             change(database, after);
+            PermissionScope::Protect(database, context.Scope(), &*optBefore, after);
             Write(database, *optBefore, after, context, sOperation);
         }
         return result;

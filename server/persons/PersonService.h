@@ -19,7 +19,7 @@ public:
 
     AccessControlLogical::PersonPage_t QueryPage(const AccessControlLogical::PersonPageRequest_t& request);
     AccessControlLogical::Person_t QueryDetail(const wire::PersonId& id);
-    AccessControlLogical::PermissionChoices_t QueryChoices();
+    AccessControlLogical::PermissionChoices_t QueryChoices(const Context& context);
     AccessControlLogical::ResidenceScenario_t QueryResidence();
     AccessControlLogical::Person_t Add(const Context& context, const AccessControlLogical::Person_t& person);
     AccessControlLogical::Person_t Modify(

@@ -167,12 +167,13 @@ void AddRecords(Database& database, const Person_t& person, const std::vector<Do
             const std::int64_t nTime =
                 (nNow - nDay * DayMs) / 1000 + std::int64_t(nVisit) * 3 * 60 * 60 + random() % 3600;
             database.Run(
-                QStringLiteral("INSERT INTO access_record (person_id, at, device_name, channel_name, "
-                               "credential, card_no, entry, opened) VALUES (?, ?, ?, ?, ?, ?, ?, ?)"),
+                QStringLiteral(
+                    "INSERT INTO access_record (person_id, at, device_name, channel_name, "
+                    "credential, card_no, entry, opened, device_id) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)"),
                 {QString::fromStdString(person.sPersonId).toLongLong(), static_cast<qlonglong>(nTime),
                     TextValue(door.sDeviceName), QStringLiteral("Door 1"), int(CredentialCard),
                     TextValue(person.vecCards.empty() ? "" : person.vecCards.front().sCardNo),
-                    nVisit % 2 == 0 ? 1 : 0, random() % 25 != 0 ? 1 : 0});
+                    nVisit % 2 == 0 ? 1 : 0, random() % 25 != 0 ? 1 : 0, door.nDeviceId});
         }
 }
 

@@ -4,6 +4,7 @@
 #include "Log.h"
 #include "PersonSeeds.h"
 #include "ServiceError.h"
+#include "accounts/RoleDevices.h"
 #include "services/DeviceRecords.h"
 #include "services/DeviceService.h"
 
@@ -184,12 +185,23 @@ void AddObstacles(DeviceWriter& writer, const std::vector<qlonglong>& vecIds)
 void AddOperator(Database& database)
 {
     database.Run(QStringLiteral("INSERT INTO role (id, name, name_key) VALUES (2, 'Operator', 'operator')"));
-    database.Run(QStringLiteral("INSERT INTO role_right (role_id, code) VALUES (2, '001001'), (2, '002001'), "
-                                "(2, '002002')"));
+    database.Run(
+        QStringLiteral("INSERT INTO role_right (role_id, code) VALUES (2, '001'), (2, '001001'), (2, '002'), "
+                       "(2, '002001'), (2, '002002')"));
     // Without a password nobody can sign in by it.
     database.Run(
         QStringLiteral("INSERT INTO account (id, name, name_key) VALUES (2, 'operator', 'operator')"));
     database.Run(QStringLiteral("INSERT INTO account_role (account_id, role_id) VALUES (2, 2)"));
+}
+
+/// The operator's role reaches one region, and what is added there.
+void GiveRegion(Database& database, const std::string& sRegion)
+{
+    using UserLogical::DeviceRightChange_t;
+    const DeviceScope scope = DeviceScope::All();
+    RoleDevices(database, scope, 2)
+        .Apply({{UserLogical::DeviceNodeOrganization, sRegion, 0, 0, DeviceRightChange_t::On,
+            DeviceRightChange_t::On}});
 }
 
 struct DemoSite
@@ -251,6 +263,10 @@ DemoSite AddDemo(Database& database)
             site.vecLifts.push_back({vecIds.back(), device.sName});
     }
     AddObstacles(writer, vecIds);
+    Rows region =
+        database.Run(QStringLiteral("SELECT MIN(code) FROM organization WHERE parent_code = '001'"));
+    region.Next();
+    GiveRegion(database, region.Text(0));
     return site;
 }
 

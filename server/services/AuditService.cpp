@@ -36,7 +36,8 @@ void AuditService::Redact(nlohmann::json& record)
     if (!record.is_structured())
         return;
     for (auto it = record.begin(); it != record.end(); ++it) {
-        if (record.is_object() && IsSecret(it.key()))
+        // What is said about a secret (its age, that there is one) is none.
+        if (record.is_object() && IsSecret(it.key()) && !it->is_number() && !it->is_boolean())
             *it = "***";
         else
             Redact(*it);

@@ -46,20 +46,22 @@ DeviceInfo_t ReadRow(const Rows& rows)
 /// The filter of a request, checked and in the words of the database.
 struct DevicePages::Filter
 {
-    explicit Filter(const DevicePageRequest_t& request);
+    Filter(const DevicePageRequest_t& request, const DeviceScope& deviceScope);
 
     /// " WHERE …" (or nothing) with its values. bWalk: the rows are to be read along the sort index, because
     /// the filter lets most of them through.
     QString Where(const Database& database, bool bWalk, const Plan* pPlan, QVariantList& values) const;
     QString Statement(const Database& database, bool bWalk, const Plan& plan, QVariantList& values) const;
-    bool IsEmpty() const { return sOrgCode.empty() && nCategory == 0 && !OfState() && sSearch.empty(); }
+    bool IsSearchOnly() const { return scope.IsAll() && sOrgCode.empty() && nCategory == 0 && !OfState(); }
+    bool IsEmpty() const { return IsSearchOnly() && sSearch.empty(); }
     bool IsIndexedSearchOnly(const Database& database) const
     {
-        return sOrgCode.empty() && nCategory == 0 && !OfState() && TextSearch::IsIndexed(database, sSearch);
+        return IsSearchOnly() && TextSearch::IsIndexed(database, sSearch);
     }
     bool OfState() const { return nOnlineState != GroupLogical::StateAll; }
     std::string CacheKey() const;
 
+    DeviceScope scope;
     std::string sOrgCode;
     int nCategory;
     int nOnlineState;
@@ -67,8 +69,9 @@ struct DevicePages::Filter
     QString sSortColumn;
 };
 
-DevicePages::Filter::Filter(const DevicePageRequest_t& request)
-    : sOrgCode(request.sOrgCode == GroupLogical::RootOrganizationCode ? std::string() : request.sOrgCode)
+DevicePages::Filter::Filter(const DevicePageRequest_t& request, const DeviceScope& deviceScope)
+    : scope(deviceScope)
+    , sOrgCode(request.sOrgCode == GroupLogical::RootOrganizationCode ? std::string() : request.sOrgCode)
     , nCategory(request.nCategory)
     , nOnlineState(request.nOnlineState)
     , sSearch(TextSearch::Key(PercentDecoded(request.sSearchText)))
@@ -86,7 +89,7 @@ DevicePages::Filter::Filter(const DevicePageRequest_t& request)
 std::string DevicePages::Filter::CacheKey() const
 {
     return sSortColumn.toStdString() + '\n' + sOrgCode + '\n' + std::to_string(nCategory) + '\n'
-        + std::to_string(nOnlineState) + '\n' + sSearch;
+        + std::to_string(nOnlineState) + '\n' + scope.Key() + '\n' + sSearch;
 }
 
 QString DevicePages::Filter::Where(
@@ -110,6 +113,9 @@ QString DevicePages::Filter::Where(
         listTerms << column("d.online_state") + QLatin1String(" = ?");
         values << nOnlineState;
     }
+    if (!scope.IsAll())
+        listTerms << scope.DeviceTerm(
+            QStringLiteral("d.id"), bWalk ? DeviceScope::Way::TestRows : DeviceScope::Way::Collect, values);
     if (!sSearch.empty())
         listTerms << TextSearch::Term(database, QStringLiteral("device"), QStringLiteral("d"), sSearch,
             TextSearch::Way{bWalk, {}}, values);
@@ -171,13 +177,14 @@ std::vector<DeviceInfo_t> DevicePages::Read(
     return vecDevices;
 }
 
-DevicePage_t DevicePages::Page(Database& database, const DevicePageRequest_t& request)
+DevicePage_t DevicePages::Page(
+    Database& database, const DeviceScope& scope, const DevicePageRequest_t& request)
 {
     if (request.nPage < 1)
         throw ServiceError(UICommonMdl::ErrorInvalidInput, "nPage");
     if (request.nPageSize < 1 || request.nPageSize > PageSizeLimit)
         throw ServiceError(UICommonMdl::ErrorInvalidInput, "nPageSize");
-    const Filter filter(request);
+    const Filter filter(request, scope);
     const std::string sKey = filter.CacheKey();
     const PageIndex::Stamp stamp = StampOf(filter);
     std::optional<Known> optKnown = m_index.Find(sKey, stamp);
@@ -230,16 +237,17 @@ int DevicePages::CountAll(Database& database)
         if (m_nAllOf == nDevices)
             return m_nAll;
     }
-    const int nAll = Count(database, Filter(DevicePageRequest_t{}));
+    const int nAll = Count(database, Filter(DevicePageRequest_t{}, DeviceScope::All()));
     const std::lock_guard lock(m_mutex);
     m_nAllOf = nDevices;
     m_nAll = nAll;
     return nAll;
 }
 
-DevicePage_t DevicePages::All(Database& database, const DevicePageRequest_t& request)
+DevicePage_t DevicePages::All(
+    Database& database, const DeviceScope& scope, const DevicePageRequest_t& request)
 {
-    const Filter filter(request);
+    const Filter filter(request, scope);
     DevicePage_t page;
     page.nTotal = Count(database, filter);
     Key first;
@@ -253,10 +261,10 @@ DevicePage_t DevicePages::All(Database& database, const DevicePageRequest_t& req
 }
 
 std::pair<QString, QVariantList> DevicePages::FirstPageStatement(
-    const Database& database, const DevicePageRequest_t& request)
+    const Database& database, const DeviceScope& scope, const DevicePageRequest_t& request)
 {
     QVariantList values;
-    const Filter filter(request);
+    const Filter filter(request, scope);
     QString sSql = filter.Statement(
         database, filter.IsEmpty(), Plan{request.bAscending, std::nullopt, 0, request.nPageSize}, values);
     return {std::move(sSql), std::move(values)};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DeviceScope.h"
 #include "Generations.h"
 #include "store/Database.h"
 #include "store/PageIndex.h"
@@ -26,15 +27,18 @@ class DevicePages
 public:
     explicit DevicePages(const Generations& generations);
 
-    /// The page of the request, the last one when the request goes beyond it. Throws ServiceError.
-    GroupLogical::DevicePage_t Page(Database& database, const GroupLogical::DevicePageRequest_t& request);
+    /// The page of the request among the devices of the scope, the last one when the request goes beyond it.
+    /// Throws ServiceError.
+    GroupLogical::DevicePage_t Page(
+        Database& database, const DeviceScope& scope, const GroupLogical::DevicePageRequest_t& request);
     /// All rows of the filter, in the request's order.
-    GroupLogical::DevicePage_t All(Database& database, const GroupLogical::DevicePageRequest_t& request);
+    GroupLogical::DevicePage_t All(
+        Database& database, const DeviceScope& scope, const GroupLogical::DevicePageRequest_t& request);
 
     /// The statement that Page runs for the first page of a request, with its values, for looking at its
     /// plan.
     static std::pair<QString, QVariantList> FirstPageStatement(
-        const Database& database, const GroupLogical::DevicePageRequest_t& request);
+        const Database& database, const DeviceScope& scope, const GroupLogical::DevicePageRequest_t& request);
 
 private:
     using Key = PageIndex::Key;

@@ -4,6 +4,7 @@
 #include "DeviceRules.h"
 #include "ServiceError.h"
 #include "TextRules.h"
+#include "accounts/RoleGrants.h"
 
 #include <wire/Operations.h>
 
@@ -94,12 +95,22 @@ std::vector<std::string> CheckedIds(const std::vector<std::string>& vecIds)
     return vecUnique;
 }
 
-void CheckOrganization(Database& database, const std::string& sOrgCode)
+void CheckOrganization(Database& database, const Context& context, const std::string& sOrgCode)
 {
+    context.Scope().CheckOrganization(database, sOrgCode);
     Rows rows =
         database.Run(QStringLiteral("SELECT 1 FROM organization WHERE code = ?"), {TextValue(sOrgCode)});
     if (!rows.Next())
         throw ServiceError(UICommonMdl::ErrorNotFound, "sOrgCode");
+}
+
+/// nullopt for a device that is not there, or that the account does not reach.
+std::optional<DeviceAddInfo_t> FindReached(
+    Database& database, const Context& context, const std::string& sDeviceId)
+{
+    if (!context.Scope().HoldsDevice(database, NumberOf(sDeviceId).value_or(0)))
+        return std::nullopt;
+    return Find(database, sDeviceId);
 }
 
 DeviceAddInfo_t Checked(const DeviceAddInfo_t& device, DeviceRules::Secrets secrets)
@@ -129,19 +140,22 @@ DeviceService::DeviceService(DatabasePool& pool, EventHub& hub, const AuditServi
 {
 }
 
-GroupLogical::DevicePage_t DeviceService::QueryPage(const GroupLogical::DevicePageRequest_t& request)
+GroupLogical::DevicePage_t DeviceService::QueryPage(
+    const Context& context, const GroupLogical::DevicePageRequest_t& request)
 {
-    return m_pool.Read([&](Database& database) { return m_pages.Page(database, request); });
+    return m_pool.Read([&](Database& database) { return m_pages.Page(database, context.Scope(), request); });
 }
 
-GroupLogical::DevicePage_t DeviceService::Export(const GroupLogical::DevicePageRequest_t& request)
+GroupLogical::DevicePage_t DeviceService::Export(
+    const Context& context, const GroupLogical::DevicePageRequest_t& request)
 {
-    return m_pool.Read([&](Database& database) { return m_pages.All(database, request); });
+    return m_pool.Read([&](Database& database) { return m_pages.All(database, context.Scope(), request); });
 }
 
-DeviceAddInfo_t DeviceService::QueryDetail(const wire::DeviceId& id)
+DeviceAddInfo_t DeviceService::QueryDetail(const Context& context, const wire::DeviceId& id)
 {
     return m_pool.Read([&](Database& database) {
+        context.Scope().CheckDevice(database, id.sDeviceId);
         auto optDevice = Find(database, id.sDeviceId);
         if (!optDevice)
             throw ServiceError(UICommonMdl::ErrorNotFound);
@@ -149,24 +163,31 @@ DeviceAddInfo_t DeviceService::QueryDetail(const wire::DeviceId& id)
     });
 }
 
-wire::DeviceReferences DeviceService::QueryReferences(const wire::DeviceId& id)
+wire::DeviceReferences DeviceService::QueryReferences(const Context& context, const wire::DeviceId& id)
 {
     return m_pool.Read([&](Database& database) {
+        context.Scope().CheckDevice(database, id.sDeviceId);
         if (!Find(database, id.sDeviceId))
             throw ServiceError(UICommonMdl::ErrorNotFound);
         return wire::DeviceReferences{ReferencesOf(database, id.sDeviceId)};
     });
 }
 
-wire::DeviceTypes DeviceService::QueryTypes()
+wire::DeviceTypes DeviceService::QueryTypes(const Context& context)
 {
-    return m_pool.Read([](Database& database) {
+    return m_pool.Read([&context](Database& database) {
         wire::DeviceTypes types;
+        QVariantList values;
         // One step down the index a category, however many devices there are.
-        Rows rows = database.Run(QStringLiteral(
+        QString sSql = QStringLiteral(
             "WITH RECURSIVE found (category) AS (SELECT MIN(category) FROM device UNION ALL "
             "SELECT (SELECT MIN(d.category) FROM device d WHERE d.category > found.category) FROM found "
-            "WHERE found.category IS NOT NULL) SELECT category FROM found WHERE category IS NOT NULL"));
+            "WHERE found.category IS NOT NULL) SELECT category FROM found WHERE category IS NOT NULL");
+        if (!context.Scope().IsAll())
+            sSql = QLatin1String("SELECT DISTINCT d.category FROM device d WHERE ")
+                + context.Scope().DeviceTerm(QStringLiteral("d.id"), DeviceScope::Way::Collect, values)
+                + QLatin1String(" ORDER BY d.category");
+        Rows rows = database.Run(sSql, values);
         while (rows.Next())
             types.vecTypes.push_back(rows.Int(0));
         return types;
@@ -181,7 +202,7 @@ wire::BatchAnswer DeviceService::Delete(const Context& context, const wire::Dele
     wire::BatchAnswer answer = m_pool.Write([&](Database& database) {
         wire::BatchAnswer failed;
         for (const std::string& sId : vecIds) {
-            const auto optDevice = Find(database, sId);
+            const auto optDevice = FindReached(database, context, sId);
             if (!optDevice) {
                 failed.vecFailed.push_back(Unknown(sId));
                 continue;
@@ -207,10 +228,11 @@ wire::BatchAnswer DeviceService::Move(const Context& context, const wire::MoveDe
 {
     const std::vector<std::string> vecIds = CheckedIds(request.vecDeviceIds);
     wire::BatchAnswer answer = m_pool.Write([&](Database& database) {
-        CheckOrganization(database, request.sOrgCode);
+        CheckOrganization(database, context, request.sOrgCode);
         wire::BatchAnswer failed;
+        std::vector<std::string> vecMoved;
         for (const std::string& sId : vecIds) {
-            const auto optBefore = Find(database, sId);
+            const auto optBefore = FindReached(database, context, sId);
             if (!optBefore) {
                 failed.vecFailed.push_back(Unknown(sId));
                 continue;
@@ -224,7 +246,9 @@ wire::BatchAnswer DeviceService::Move(const Context& context, const wire::MoveDe
                 {TextValue(after.sOrgCode), static_cast<qlonglong>(after.nVersion),
                     NumberOf(sId).value_or(0)});
             m_audit.Write(database, context, wire::MoveDevice::Name, sId, *optBefore, after);
+            vecMoved.push_back(sId);
         }
+        RoleGrants::DevicesArrived(database, vecMoved);
         return failed;
     });
     if (answer.vecFailed.size() < vecIds.size())
@@ -296,10 +320,12 @@ wire::DeviceAddAnswer DeviceService::Add(const Context& context, const DeviceAdd
 {
     const DeviceAddInfo_t checked = Checked(device, DeviceRules::Secrets::Required);
     wire::DeviceAddAnswer answer = m_pool.Write([&](Database& database) {
-        CheckOrganization(database, checked.sOrgCode);
-        if (checked.nAddMode == GroupLogical::AddBySegment)
-            return AddSegment(database, context, checked);
-        return wire::DeviceAddAnswer{{AddOne(database, context, checked)}, {}};
+        CheckOrganization(database, context, checked.sOrgCode);
+        wire::DeviceAddAnswer added = checked.nAddMode == GroupLogical::AddBySegment
+            ? AddSegment(database, context, checked)
+            : wire::DeviceAddAnswer{{AddOne(database, context, checked)}, {}};
+        RoleGrants::DevicesArrived(database, added.vecAddedIds);
+        return added;
     });
     if (!answer.vecAddedIds.empty())
         AddressesChanged(answer.vecAddedIds);
@@ -312,15 +338,19 @@ DeviceAddInfo_t DeviceService::Modify(const Context& context, const DeviceAddInf
     if (after.nAddMode == GroupLogical::AddBySegment)
         throw ServiceError(UICommonMdl::ErrorInvalidInput, "nAddMode");
     after = m_pool.Write([&](Database& database) {
-        const auto optBefore = Find(database, after.sDeviceId);
+        const auto optBefore = FindReached(database, context, after.sDeviceId);
         if (!optBefore)
             throw ServiceError(UICommonMdl::ErrorNotFound);
         if (optBefore->nVersion != after.nVersion)
             throw ServiceError(UICommonMdl::ErrorVersionConflict);
-        CheckOrganization(database, after.sOrgCode);
+        // A device may stay where it is, although that organisation is not reached itself.
+        if (after.sOrgCode != optBefore->sOrgCode)
+            CheckOrganization(database, context, after.sOrgCode);
         CheckUnique(database, after);
         ++after.nVersion;
         DeviceRecords::Update(database, after, DeviceRecords::Seal(m_box, after));
+        if (after.sOrgCode != optBefore->sOrgCode)
+            RoleGrants::DevicesArrived(database, {after.sDeviceId});
         m_audit.Write(database, context, wire::ModifyDevice::Name, after.sDeviceId, *optBefore, after);
         return *Find(database, after.sDeviceId);
     });

@@ -33,11 +33,13 @@ public:
     DeviceService(DatabasePool& pool, EventHub& hub, const AuditService& audit, Generations& generations,
         const SecretBox& box, AddressChanged addressChanged);
 
-    GroupLogical::DevicePage_t QueryPage(const GroupLogical::DevicePageRequest_t& request);
-    GroupLogical::DevicePage_t Export(const GroupLogical::DevicePageRequest_t& request);
-    GroupLogical::DeviceAddInfo_t QueryDetail(const wire::DeviceId& id);
-    wire::DeviceReferences QueryReferences(const wire::DeviceId& id);
-    wire::DeviceTypes QueryTypes();
+    GroupLogical::DevicePage_t QueryPage(
+        const Context& context, const GroupLogical::DevicePageRequest_t& request);
+    GroupLogical::DevicePage_t Export(
+        const Context& context, const GroupLogical::DevicePageRequest_t& request);
+    GroupLogical::DeviceAddInfo_t QueryDetail(const Context& context, const wire::DeviceId& id);
+    wire::DeviceReferences QueryReferences(const Context& context, const wire::DeviceId& id);
+    wire::DeviceTypes QueryTypes(const Context& context);
     /// Each device is deleted wholly or listed; all in one transaction.
     wire::BatchAnswer Delete(const Context& context, const wire::DeleteDeviceRequest& request);
     wire::BatchAnswer Move(const Context& context, const wire::MoveDeviceRequest& request);

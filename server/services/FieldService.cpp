@@ -102,13 +102,17 @@ wire::Job FieldService::Search(const Context& context, const wire::SearchRequest
             || Number(request.sEndIp) - Number(request.sStartIp) >= AddressLimit)
             throw ServiceError(UICommonMdl::ErrorInvalidInput, "sEndIp");
     }
-    return m_jobs.Run(context, [this, request](Job& job) {
+    return m_jobs.Run(context, [this, context, request](Job& job) {
         const DiscoverySweep sweep(m_nSearchTimeoutMs);
         sweep.Run(
             m_drivers.List(), request.sStartIp, request.sEndIp,
-            [this, &job](SearchDeviceInfo_t found) {
-                found.sDeviceId = m_pool.Read([&found](Database& database) {
-                    return DeviceRecords::FindByAddress(database, found.sIp, found.nPort);
+            [this, &context, &job](SearchDeviceInfo_t found) {
+                found.sDeviceId = m_pool.Read([&](Database& database) {
+                    std::string sId = DeviceRecords::FindByAddress(database, found.sIp, found.nPort);
+                    // That the platform has it is no secret, which one it is is.
+                    const bool bReached = sId.empty()
+                        || context.Scope().HoldsDevice(database, DeviceRecords::NumberOf(sId).value_or(0));
+                    return bReached ? sId : std::string("0");
                 });
                 job.AddDone(found);
             },
@@ -160,6 +164,10 @@ wire::Job FieldService::ModifyAddress(const Context& context, const wire::Modify
 void FieldService::ChangeAddress(const Context& context, const ModifyAddress_t& change)
 {
     const std::string sTaken = m_pool.Read([&](Database& database) {
+        // A device that the account does not reach is not touched in the first place.
+        if (const std::string sOwn = DeviceRecords::FindByAddress(database, change.sIp, change.nPort);
+            !sOwn.empty())
+            context.Scope().CheckDevice(database, sOwn);
         return DeviceRecords::FindByAddress(database, change.sNewIp, change.nPort);
     });
     if (!sTaken.empty() && change.sNewIp != change.sIp)
@@ -175,6 +183,8 @@ void FieldService::KeepAddress(const Context& context, const ModifyAddress_t& ch
 {
     const std::string sDeviceId = m_pool.Write([&](Database& database) {
         std::string sId = DeviceRecords::FindByAddress(database, change.sIp, change.nPort);
+        if (!sId.empty())
+            context.Scope().CheckDevice(database, sId);
         nlohmann::json before{{"sIp", change.sIp}};
         nlohmann::json after{{"sIp", change.sNewIp}};
         if (!sId.empty()) {
@@ -213,8 +223,10 @@ wire::Job FieldService::ModifyPassword(const Context& context, const wire::Modif
 void FieldService::ChangePassword(
     const Context& context, const wire::ModifyPasswordRequest& request, Result& result)
 {
-    auto optLogin = m_pool.Read(
-        [&](Database& database) { return DeviceRecords::FindLogin(database, m_box, result.sDeviceId); });
+    auto optLogin = m_pool.Read([&](Database& database) {
+        context.Scope().CheckDevice(database, result.sDeviceId);
+        return DeviceRecords::FindLogin(database, m_box, result.sDeviceId);
+    });
     if (!optLogin)
         throw ServiceError(UICommonMdl::ErrorNotFound);
     result.sDeviceName = optLogin->sName;
@@ -253,8 +265,10 @@ TimeZoneResult_t FieldService::PushTimeZone(const Context& context, const std::s
     TimeZoneResult_t result{sDeviceId, RemoteConfigLogical::TimeZoneFailed, 0};
     std::string sDetail;
     Attempt(result.nErrorCode, sDetail, [&] {
-        const auto optLogin = m_pool.Read(
-            [&](Database& database) { return DeviceRecords::FindLogin(database, m_box, sDeviceId); });
+        const auto optLogin = m_pool.Read([&](Database& database) {
+            context.Scope().CheckDevice(database, sDeviceId);
+            return DeviceRecords::FindLogin(database, m_box, sDeviceId);
+        });
         if (!optLogin)
             throw ServiceError(UICommonMdl::ErrorNotFound);
         DriverOf(optLogin->sProtocol).SetTimeZone(optLogin->access, setting);

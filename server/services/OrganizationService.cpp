@@ -4,6 +4,7 @@
 #include "SessionService.h"
 #include "TextRules.h"
 #include "TreeTable.h"
+#include "accounts/RoleGrants.h"
 
 #include <wire/Operations.h>
 
@@ -78,14 +79,18 @@ OrganizationService::OrganizationService(
 {
 }
 
-wire::Organizations OrganizationService::Query()
+wire::Organizations OrganizationService::Query(const Context& context)
 {
-    return m_pool.Read([](Database& database) {
+    return m_pool.Read([&context](Database& database) {
         wire::Organizations answer;
-        Rows rows = database.Run(QStringLiteral(
+        QVariantList values;
+        QString sSql = QStringLiteral(
             "SELECT o.code, o.parent_code, o.name, o.remark, o.sort, o.version FROM organization o "
-            "JOIN organization_ancestor a ON a.code = o.code AND a.ancestor = '001' "
-            "ORDER BY a.distance, o.sort, o.name_key"));
+            "JOIN organization_ancestor a ON a.code = o.code AND a.ancestor = '001'");
+        if (!context.Scope().IsAll())
+            sSql +=
+                QLatin1String(" WHERE ") + context.Scope().OrganizationTerm(QStringLiteral("o.code"), values);
+        Rows rows = database.Run(sSql + QLatin1String(" ORDER BY a.distance, o.sort, o.name_key"), values);
         while (rows.Next())
             answer.vecOrganizations.push_back(ReadRow(rows));
         return answer;
@@ -98,6 +103,7 @@ Organization_t OrganizationService::Add(const Context& context, const Organizati
     added.nSort = 0;
     added.nVersion = 1;
     m_pool.Write([&](Database& database) {
+        context.Scope().CheckOrganization(database, added.sParentCode);
         Find(database, added.sParentCode);
         Tree.CheckChild(database, added.sParentCode, SessionService::OrganizationLevelLimit);
         added.sCode = std::to_string(database.NextNumber(QStringLiteral("organization")));
@@ -107,6 +113,7 @@ Organization_t OrganizationService::Add(const Context& context, const Organizati
             {TextValue(added.sCode), TextValue(added.sParentCode), TextValue(added.sName),
                 TextValue(FoldCase(added.sName)), TextValue(added.sRemark)});
         Tree.AddAncestors(database, added.sCode, added.sParentCode);
+        RoleGrants::OrganizationArrived(database, added.sCode, added.sParentCode);
         m_audit.Write(database, context, wire::AddOrganization::Name, added.sCode, nullptr, added);
     });
     Changed();
@@ -117,6 +124,7 @@ Organization_t OrganizationService::Modify(const Context& context, const Organiz
 {
     const Organization_t wanted = Checked(organization);
     Organization_t changed = m_pool.Write([&](Database& database) {
+        context.Scope().CheckOrganization(database, wanted.sCode);
         const Organization_t before = Find(database, wanted.sCode);
         if (before.nVersion != wanted.nVersion)
             throw ServiceError(UICommonMdl::ErrorVersionConflict);
@@ -141,9 +149,11 @@ void OrganizationService::Delete(const Context& context, const wire::Code& code)
     if (code.sCode == RootOrganizationCode)
         throw ServiceError(UICommonMdl::ErrorOrganizationRoot);
     m_pool.Write([&](Database& database) {
+        context.Scope().CheckOrganization(database, code.sCode);
         Find(database, code.sCode);
         CheckEmpty(database, code.sCode);
         for (const std::string& sCode : Tree.Below(database, code.sCode)) {
+            context.Scope().CheckOrganization(database, sCode);
             const Organization_t gone = Find(database, sCode);
             Tree.Remove(database, sCode);
             m_audit.Write(database, context, wire::DeleteOrganization::Name, sCode, gone, nullptr);
@@ -157,6 +167,8 @@ void OrganizationService::Move(const Context& context, const wire::MoveOrganizat
     if (request.sCode == RootOrganizationCode)
         throw ServiceError(UICommonMdl::ErrorOrganizationRoot);
     m_pool.Write([&](Database& database) {
+        context.Scope().CheckOrganization(database, request.sCode);
+        context.Scope().CheckOrganization(database, request.sNewParentCode);
         const Organization_t before = Find(database, request.sCode);
         Find(database, request.sNewParentCode);
         Organization_t after = before;
@@ -169,6 +181,7 @@ void OrganizationService::Move(const Context& context, const wire::MoveOrganizat
             {TextValue(request.sNewParentCode), static_cast<qlonglong>(after.nVersion),
                 TextValue(request.sCode)});
         Tree.MoveAncestors(database, request.sCode, request.sNewParentCode);
+        RoleGrants::OrganizationArrived(database, request.sCode, request.sNewParentCode);
         m_audit.Write(database, context, wire::MoveOrganization::Name, request.sCode, before, after);
     });
     Changed();

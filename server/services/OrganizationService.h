@@ -20,7 +20,8 @@ public:
         DatabasePool& pool, EventHub& hub, const AuditService& audit, Generations& generations);
 
     /// All organisations, parents before children, siblings by place and then by name.
-    wire::Organizations Query();
+    /// With the organisations above those that the account reaches, which lead to them.
+    wire::Organizations Query(const Context& context);
     GroupLogical::Organization_t Add(
         const Context& context, const GroupLogical::Organization_t& organization);
     GroupLogical::Organization_t Modify(

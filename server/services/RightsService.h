@@ -15,11 +15,22 @@
 
 namespace Platform {
 
+/// What an account may do, and with which devices.
+struct AccountRights
+{
+    std::set<std::string> setCodes;
+    bool bEverything = false; ///< through a role that has every right by itself
+    DeviceScope scope;
+
+    /// "1": has every right, "2": may manage users, "3": neither.
+    std::string TypeText() const;
+};
+
 /// Which rights accounts have through their roles. Any thread.
 class RightsService
 {
 public:
-    using Rights = std::shared_ptr<const std::set<std::string>>;
+    using Rights = std::shared_ptr<const AccountRights>;
 
     RightsService(DatabasePool& pool, EventHub& hub);
 
@@ -27,21 +38,21 @@ public:
     Rights RightsOf(std::int64_t nAccountId);
     /// The menu entries of those rights, entry ids ascending.
     std::vector<UserLogical::MenuRight_t> MenuOf(const std::set<std::string>& rights);
+    /// Within a transaction: as the database has it now.
+    static AccountRights Read(Database& database, std::int64_t nAccountId);
 
-    /// Gives a role exactly those rights and tells the accounts that have it. Throws ServiceError with
-    /// ErrorNotFound for an unknown role, ErrorInvalidInput for an unknown right and for the role that has
-    /// every right by itself.
-    void SetRoleRights(std::int64_t nRoleId, const std::vector<std::string>& vecCodes);
-    /// Reads the rights of the accounts in memory anew and tells those whose rights are others now.
+    /// Accounts and roles are others now: reads the rights of the accounts in memory anew and tells those
+    /// whose rights changed.
     void Reload();
+    /// Tells the accounts of a role that what they see of the devices is another thing now. nRoleId 0: all.
+    void ScopeChanged(std::int64_t nRoleId);
 
 private:
-    Rights ReadRights(std::int64_t nAccountId);
-
     DatabasePool& m_pool;
     EventHub& m_hub;
     std::mutex m_mutex;
     std::map<std::int64_t, Rights> m_mapRights;
+    std::uint64_t m_nReloads = 0; ///< guarded by m_mutex
 };
 
 } // namespace Platform

@@ -210,6 +210,21 @@ std::int64_t Database::NextNumber(const QString& sCounter, std::int64_t nCount)
     return rows.Big(0) - nCount + 1;
 }
 
+QString Database::InList(const std::vector<std::int64_t>& vecNumbers, QVariantList& values) const
+{
+    QStringList listNumbers;
+    listNumbers.reserve(static_cast<int>(vecNumbers.size()));
+    for (const std::int64_t nNumber : vecNumbers)
+        listNumbers << QString::number(nNumber);
+    const QString sNumbers = listNumbers.join(QLatin1Char(','));
+    if (m_bPostgres) {
+        values << QString(QLatin1Char('{') + sNumbers + QLatin1Char('}'));
+        return QStringLiteral(" = ANY (CAST(? AS BIGINT[]))");
+    }
+    values << QString(QLatin1Char('[') + sNumbers + QLatin1Char(']'));
+    return QStringLiteral(" IN (SELECT value FROM json_each(?))");
+}
+
 QString Database::Unindexed(const QString& sColumn) const
 {
     // PostgreSQL knows from its statistics what an index is worth.

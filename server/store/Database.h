@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace Platform {
 
@@ -74,6 +75,9 @@ public:
     /// The next number of a named counter, or the first of as many as are taken at once. Only within a
     /// transaction.
     std::int64_t NextNumber(const QString& sCounter, std::int64_t nCount = 1);
+
+    /// " IN (…)" for numbers of any count, as one value of the statement.
+    QString InList(const std::vector<std::int64_t>& vecNumbers, QVariantList& values) const;
 
     /// "column" where the choice of the index is the database's, an expression that no index serves
     /// otherwise.

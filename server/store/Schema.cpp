@@ -1,53 +1,13 @@
-#include "Migrations.h"
-
-#include <initializer_list>
+#include "SchemaStep.h"
 
 namespace Platform {
 
 namespace {
 
-/// A statement for both databases with {words} that they spell differently, or one for only one of them.
-struct Statement
-{
-    enum Use
-    {
-        Both,
-        SqliteOnly,
-        PostgresOnly
-    };
-    Use use;
-    const char* szText;
-};
-
-QString Spell(const char* szText, bool bPostgres)
-{
-    QString sText = QString::fromUtf8(szText);
-    sText.replace(QLatin1String("{id}"),
-        bPostgres ? QStringLiteral("BIGINT PRIMARY KEY") : QStringLiteral("INTEGER PRIMARY KEY"));
-    sText.replace(QLatin1String("{serial}"),
-        bPostgres ? QStringLiteral("BIGSERIAL PRIMARY KEY")
-                  : QStringLiteral("INTEGER PRIMARY KEY AUTOINCREMENT"));
-    // Sorted and compared byte by byte, so that both databases agree and LIKE can use an index.
-    sText.replace(
-        QLatin1String("{key}"), bPostgres ? QStringLiteral("TEXT COLLATE \"C\"") : QStringLiteral("TEXT"));
-    return sText;
-}
-
-Migration Step(int nNumber, const char* szName, bool bPostgres, std::initializer_list<Statement> statements)
-{
-    Migration migration;
-    migration.nNumber = nNumber;
-    migration.sName = QString::fromLatin1(szName);
-    for (const Statement& statement : statements)
-        if (statement.use == Statement::Both || (statement.use == Statement::PostgresOnly) == bPostgres)
-            migration.listStatements << Spell(statement.szText, bPostgres);
-    return migration;
-}
-
 Migration Accounts(bool bPostgres)
 {
-    using S = Statement;
-    return Step(1, "accounts", bPostgres,
+    using S = SchemaStatement;
+    return SchemaStep(1, "accounts", bPostgres,
         {
             {S::Both, "CREATE TABLE counter (name {key} PRIMARY KEY, value BIGINT NOT NULL)"},
             {S::Both,
@@ -104,8 +64,8 @@ Migration Accounts(bool bPostgres)
 
 Migration Devices(bool bPostgres)
 {
-    using S = Statement;
-    return Step(2, "organizations and devices", bPostgres,
+    using S = SchemaStatement;
+    return SchemaStep(2, "organizations and devices", bPostgres,
         {
             {S::Both, "INSERT INTO counter (name, value) VALUES ('organization', 1000), ('device', 1000000)"},
             {S::Both,
@@ -172,8 +132,8 @@ Migration Devices(bool bPostgres)
 
 Migration DeviceLogins(bool bPostgres)
 {
-    using S = Statement;
-    Migration migration = Step(3, "logins and channels of devices", bPostgres,
+    using S = SchemaStatement;
+    Migration migration = SchemaStep(3, "logins and channels of devices", bPostgres,
         {
             // Devices of before are reached as their address says.
             {S::Both,
@@ -197,8 +157,8 @@ Migration DeviceLogins(bool bPostgres)
 
 Migration Persons(bool bPostgres)
 {
-    using S = Statement;
-    return Step(4, "persons", bPostgres,
+    using S = SchemaStatement;
+    return SchemaStep(4, "persons", bPostgres,
         {
             {S::Both, "INSERT INTO right_code (code) VALUES ('002003001'), ('002003002')"},
             // Who might open the entry may use what stands behind it.
@@ -316,7 +276,8 @@ Migration Persons(bool bPostgres)
 
 std::vector<Migration> Migrations(bool bPostgres)
 {
-    return {Accounts(bPostgres), Devices(bPostgres), DeviceLogins(bPostgres), Persons(bPostgres)};
+    return {Accounts(bPostgres), Devices(bPostgres), DeviceLogins(bPostgres), Persons(bPostgres),
+        RolesAndScopes(bPostgres)};
 }
 
 } // namespace Platform

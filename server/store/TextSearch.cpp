@@ -14,14 +14,6 @@ namespace {
 constexpr std::size_t TrigramLength = 3;
 constexpr int FewLimit = 2000;
 
-QString LikePattern(const std::string& sText)
-{
-    QString sPattern = QString::fromStdString(sText);
-    for (const QLatin1Char c : {QLatin1Char('\\'), QLatin1Char('%'), QLatin1Char('_')})
-        sPattern.replace(c, QString(QLatin1Char('\\')) + c);
-    return QLatin1Char('%') + sPattern + QLatin1Char('%');
-}
-
 QString QuotedPhrase(const std::string& sText)
 {
     QString sPhrase = QString::fromStdString(sText);
@@ -44,6 +36,14 @@ QString TwoTrigrams(const std::string& sKey)
 }
 
 } // namespace
+
+QString LikePattern(const std::string& sText)
+{
+    QString sPattern = QString::fromStdString(sText);
+    for (const QLatin1Char c : {QLatin1Char('\\'), QLatin1Char('%'), QLatin1Char('_')})
+        sPattern.replace(c, QString(QLatin1Char('\\')) + c);
+    return QLatin1Char('%') + sPattern + QLatin1Char('%');
+}
 
 std::string Key(const std::string& sText)
 {

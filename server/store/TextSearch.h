@@ -12,6 +12,8 @@ namespace TextSearch {
 
 /// What a search for that text looks for: without case and control characters.
 std::string Key(const std::string& sText);
+/// For LIKE … ESCAPE '\\': texts that hold sText.
+QString LikePattern(const std::string& sText);
 /// True when SQLite finds the key by its index; it is too short for it otherwise.
 bool IsIndexed(const Database& database, const std::string& sKey);
 

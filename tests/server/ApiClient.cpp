@@ -77,7 +77,7 @@ wire::JobState ApiClient::Finish(const wire::Job& job)
 
 Reply ApiClient::SignIn(const std::string& sName, const std::string& sPassword)
 {
-    Reply reply = Call<wire::SignIn>({sName, sPassword});
+    Reply reply = Call<wire::SignIn>({sName, sPassword, {}, {}});
     if (reply.nCode == 0)
         sToken = reply.data.get<wire::Session>().sToken;
     return reply;

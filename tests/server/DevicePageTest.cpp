@@ -175,7 +175,8 @@ TEST_P(DevicePageTest, SearchesUseAnIndex)
     request.sSearchText = "tower";
     std::string sPlan;
     pServer->Server().Pool().WriteBare([&](Platform::Database& database) {
-        auto [sSql, values] = Platform::DevicePages::FirstPageStatement(database, request);
+        auto [sSql, values] =
+            Platform::DevicePages::FirstPageStatement(database, Platform::DeviceScope::All(), request);
         if (!database.IsPostgres()) {
             Platform::Rows rows = database.Run(QLatin1String("EXPLAIN QUERY PLAN ") + sSql, values);
             while (rows.Next())

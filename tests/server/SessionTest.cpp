@@ -114,19 +114,21 @@ TEST_P(SessionTest, ARolesNewRightsHoldAtOnceAndAreTold)
     EventReader systemEvents(pServer->Url(), pClient->sToken);
     ASSERT_TRUE(guardEvents.WaitFor("hello") && systemEvents.WaitFor("hello"));
     EXPECT_EQ(guard.Call<wire::QueryOrganizations>().nCode, 0);
-    const qlonglong nRole =
-        pServer->QuerySql(QStringLiteral("SELECT id FROM role WHERE name = 'guard'")).toLongLong();
-
-    pServer->Server().Rights().SetRoleRights(nRole, {"002001", "002005"});
+    UserLogical::RoleEdit_t edit;
+    edit.role = pClient->Get<wire::QueryUserRole>({"guard"}).vecRoles.at(0);
+    edit.role.vecMenuRights = {"002001", "002005"};
+    EXPECT_EQ(pClient->Call<wire::ModifyRole>(edit).nCode, 0);
     EXPECT_TRUE(guardEvents.WaitFor("rights-changed"));
     EXPECT_EQ(guard.Call<wire::QueryOrganizations>().nCode, ErrorNoRight);
     const auto session = guard.Get<wire::GetSession>();
     ASSERT_EQ(session.vecMenuRights.size(), 2U);
     EXPECT_EQ(session.vecMenuRights[1].sWidgetName, "ACSManagerWidget");
-    EXPECT_EQ(session.vecRights, (std::vector<std::string>{"002001", "002005"}));
+    EXPECT_EQ(session.vecRights, (std::vector<std::string>{"002", "002001", "002005"}));
 
-    EXPECT_THROW(pServer->Server().Rights().SetRoleRights(nRole, {"999"}), Platform::ServiceError);
-    EXPECT_EQ(guard.Get<wire::GetSession>().vecRights.size(), 2U) << "a refused change changes nothing";
+    edit.role = pClient->Get<wire::QueryUserRole>({"guard"}).vecRoles.at(0);
+    edit.role.vecMenuRights = {"999"};
+    EXPECT_EQ(pClient->Call<wire::ModifyRole>(edit).nCode, ErrorInvalidInput);
+    EXPECT_EQ(guard.Get<wire::GetSession>().vecRights.size(), 3U) << "a refused change changes nothing";
     pServer->Publish("devices-changed");
     ASSERT_TRUE(systemEvents.WaitFor("devices-changed"));
     EXPECT_FALSE(systemEvents.WaitFor("rights-changed", std::chrono::milliseconds(0)));

@@ -31,7 +31,7 @@ TEST_P(StoreTest, AnInterruptedSchemaStepLeavesTheOneBeforeAndIsMadeUpFor)
         return rows.Int(0);
     };
     EXPECT_EQ(lastStep(), vecGood.back().nNumber - 1);
-    EXPECT_THROW(database.Run(QStringLiteral("SELECT id FROM person")), Platform::ServiceError);
+    EXPECT_THROW(database.Run(QStringLiteral("SELECT role_id FROM role_device")), Platform::ServiceError);
     Platform::Migrate(database, vecGood);
     EXPECT_EQ(lastStep(), vecGood.back().nNumber);
     Platform::Migrate(database, vecGood);
@@ -47,6 +47,30 @@ TEST_P(StoreTest, AnInterruptedSchemaStepLeavesTheOneBeforeAndIsMadeUpFor)
     } catch (const Platform::StartError& error) {
         EXPECT_EQ(error.Exit(), Platform::ExitDatabaseNewer);
     }
+}
+
+TEST_P(StoreTest, RolesOfBeforeKeepWhatTheyReached)
+{
+    const TestSupport::TestDatabase kept(GetParam());
+    Database database(kept.Address());
+    const auto vecSteps = Platform::Migrations(database.IsPostgres());
+    Platform::Migrate(database, {vecSteps.begin(), vecSteps.begin() + 4});
+    for (const char* szStatement : {"INSERT INTO role (id, name, name_key) VALUES (7, 'Guard', 'guard')",
+             "INSERT INTO role_right (role_id, code) VALUES (7, '001001001'), (7, '001002')",
+             "INSERT INTO device (id, name, name_key, address, address_key, port, search_key, category, "
+             "model, "
+             "org_code, manufacturer, protocol) VALUES (5, 'Gate', 'gate', '', '', 0, '', 1, '', '001', '', "
+             "'')"})
+        database.Execute(QString::fromLatin1(szStatement));
+    Platform::Migrate(database, vecSteps);
+    Platform::Rows rows = database.Run(QStringLiteral(
+        "SELECT (SELECT COUNT(*) FROM role_device WHERE role_id = 7 AND device_id = 5 AND whole = 1), "
+        "(SELECT COUNT(*) FROM role_org WHERE role_id = 7 AND auto_pass = 1), "
+        "(SELECT COUNT(*) FROM role_right WHERE role_id = 7 AND code IN ('001', '001002001', '004002'))"));
+    ASSERT_TRUE(rows.Next());
+    EXPECT_EQ(rows.Int(0), 1);
+    EXPECT_EQ(rows.Int(1), 1);
+    EXPECT_EQ(rows.Int(2), 3);
 }
 
 TEST_P(StoreTest, AWriteThatAnotherProgramHoldsUpFailsAndWorksAfterwards)

@@ -14,9 +14,9 @@ std::vector<RightNode_t> MenuRights()
         {"001002", "User", RightNodeChecked}, {"001002001", "User Management", RightNodeChecked},
         {"001002002", "Role Management", RightNodeChecked}, {"001002003", "Audit Log", RightNodeChecked},
         {"002", "Applications", RightNodeAlways}, {"002001", "Event", RightNodeChecked},
-        {"002003", "Person and Vehicle Info", RightNodeChecked},
-        {"002003001", "Person", RightNodeChecked}, {"003", "System", RightNodeAlways},
-        {"003001", "Service", RightNodeChecked}, {"003004", "Backup and Restore", RightNodeChecked}};
+        {"002003", "Person and Vehicle Info", RightNodeChecked}, {"002003001", "Person", RightNodeChecked},
+        {"003", "System", RightNodeAlways}, {"003001", "Service", RightNodeChecked},
+        {"003004", "Backup and Restore", RightNodeChecked}};
 }
 
 std::vector<RightNode_t> FuncRights()
@@ -59,8 +59,8 @@ std::vector<DeviceRightNode_t> Children(const DeviceRightQuery_t& query)
         std::vector<DeviceRightNode_t> vecNodes;
         for (int n = 1; n <= 2; ++n)
             vecNodes.push_back(Node(query,
-                {DeviceNodeChannel, query.sId, ChannelVideo, n, "Channel " + std::to_string(n), 0, false, false,
-                    {}},
+                {DeviceNodeChannel, query.sId, ChannelVideo, n, "Channel " + std::to_string(n), 0, false,
+                    false, {}},
                 false, query.sId == "1"));
         return vecNodes;
     }

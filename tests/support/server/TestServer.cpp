@@ -89,6 +89,7 @@ void TestServer::Start()
     options.nTokenLifetimeMinutes = m_options.nTokenLifetimeMinutes;
     options.nHeartbeatMs = m_options.nHeartbeatMs;
     options.sCloudUrl = m_options.sCloudUrl;
+    options.directory = m_options.directory;
     options.nSearchTimeoutMs = m_options.nSearchTimeoutMs;
     options.nDeviceTimeoutMs = m_options.nDeviceTimeoutMs;
     options.nDiscoveryPort = m_options.nDiscoveryPort;
@@ -201,7 +202,7 @@ void TestServer::SetAccountPassword(const std::string& sName, const std::string&
         {Platform::TextValue(Platform::Password::Hash(sPassword)), Platform::TextValue(sName)});
 }
 
-void TestServer::AddAccount(const std::string& sName, const std::vector<std::string>& vecRights)
+void TestServer::AddAccount(const std::string& sName, const std::vector<std::string>& vecRights, Reach reach)
 {
     const qlonglong nId =
         QuerySql(QStringLiteral("SELECT MAX(a.id) + MAX(r.id) + 1 FROM account a, role r")).toLongLong();
@@ -210,7 +211,17 @@ void TestServer::AddAccount(const std::string& sName, const std::vector<std::str
     RunSql(QStringLiteral("INSERT INTO role (id, name, name_key) VALUES (?, ?, ?)"), {nId, name, name});
     RunSql(QStringLiteral("INSERT INTO account_role (account_id, role_id) VALUES (?, ?)"), {nId, nId});
     SetAccountPassword(sName, AdminPassword());
-    m_pServer->Rights().SetRoleRights(nId, vecRights);
+    for (const std::string& sCode : vecRights)
+        RunSql(QStringLiteral("INSERT INTO role_right (role_id, code) VALUES (?, ?)"),
+            {nId, Platform::TextValue(sCode)});
+    if (reach == Reach::Nothing)
+        return;
+    RunSql(QStringLiteral("INSERT INTO role_org (role_id, org_code, auto_pass) "
+                          "SELECT CAST(? AS BIGINT), code, 1 FROM organization"),
+        {nId});
+    RunSql(QStringLiteral("INSERT INTO role_device (role_id, device_id, whole) "
+                          "SELECT CAST(? AS BIGINT), id, 1 FROM device"),
+        {nId});
 }
 
 } // namespace TestSupport

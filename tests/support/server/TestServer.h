@@ -35,6 +35,7 @@ struct TestServerOptions
     int nDeviceTimeoutMs = 2000;
     int nDiscoveryPort = 1; ///< of the test's field devices
     int nOnvifDiscoveryPort = 1;
+    Platform::DirectoryOptions directory; ///< of domain users
     QString sCertificate; ///< PEM file; with sKey the server speaks HTTPS
     QString sKey;
 };
@@ -86,8 +87,16 @@ public:
     void AdvanceClock(std::int64_t nMilliseconds);
     /// Gives an account that exists a password, so that tests can sign in by it.
     void SetAccountPassword(const std::string& sName, const std::string& sPassword);
-    /// Adds an account with a role of its own that has those rights; its password is AdminPassword().
-    void AddAccount(const std::string& sName, const std::vector<std::string>& vecRights);
+    /// What the role of a new account has of the devices.
+    enum class Reach
+    {
+        Everything, ///< that is there, and what is added later
+        Nothing
+    };
+    /// Adds an account with a role of its own, of the same name, that has those rights; its password is
+    /// AdminPassword().
+    void AddAccount(
+        const std::string& sName, const std::vector<std::string>& vecRights, Reach reach = Reach::Everything);
 
     Platform::PlatformServer& Server() { return *m_pServer; }
 
