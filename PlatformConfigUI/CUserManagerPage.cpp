@@ -30,6 +30,7 @@ CUserManagerPage::CUserManagerPage(UICommonMdl::CInterfaceSetManager* pInterface
     , m_pInterfaceSet(pInterfaceSet)
     , m_pTabs(new QTabBar)
     , m_pStack(new QStackedWidget)
+    , m_login(pInterfaceSet->GetUserManager())
 {
     setObjectName(QStringLiteral("CUserManagerPage"));
     m_pTabs->setObjectName(QStringLiteral("tabPages"));
@@ -44,10 +45,10 @@ CUserManagerPage::CUserManagerPage(UICommonMdl::CInterfaceSetManager* pInterface
 
     AddPage<CUserManagerUserCtrl>(Text::tr("User"));
     AddPage<CRoleManagerCtrl>(Text::tr("Role"));
-    UserLogical::IUserManager* const pManager = pInterfaceSet->GetUserManager();
-    UserLogical::IUserRight* const pRight = pManager ? pManager->GetUserRight() : nullptr;
-    if (pRight && pRight->HasRight(RightAuditLog))
-        AddPage<CAuditLogCtrl>(Text::tr("Audit Log"));
+    AddPage<CAuditLogCtrl>(Text::tr("Audit Log"));
+    ShowPagesByRight();
+    connect(&m_login, &Common::CLoginManagerAdapter::SignalState, this, &CUserManagerPage::ShowPagesByRight,
+        Qt::QueuedConnection);
     connect(m_pTabs, &QTabBar::currentChanged, m_pStack, &QStackedWidget::setCurrentIndex);
     Common::LoadStyleSheet(this, QStringLiteral("PlatformConfigUI/UserManagerUI"));
 }
@@ -59,6 +60,15 @@ void CUserManagerPage::AddPage(const QString& sTitle)
     m_pStack->addWidget(pPage);
     m_vecPages.push_back(pPage);
     m_pTabs->addTab(sTitle);
+}
+
+void CUserManagerPage::ShowPagesByRight()
+{
+    UserLogical::IUserManager* const pManager = m_pInterfaceSet->GetUserManager();
+    UserLogical::IUserRight* const pRight = pManager ? pManager->GetUserRight() : nullptr;
+    // Without a session nothing is known of rights; what stands there stays.
+    if (pRight)
+        m_pTabs->setTabVisible(m_pTabs->count() - 1, pRight->HasRight(RightAuditLog));
 }
 
 bool CUserManagerPage::OnMsg(int nMsg, QVariant* pValue, void* pArgument)

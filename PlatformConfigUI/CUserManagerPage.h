@@ -1,6 +1,7 @@
 #pragma once
 
 #include <common/IConfigPage.h>
+#include <common/ObserverAdapters.h>
 
 #include <QWidget>
 
@@ -29,11 +30,13 @@ public:
 private:
     template <class Page>
     void AddPage(const QString& sTitle);
+    void ShowPagesByRight();
 
     UICommonMdl::CInterfaceSetManager* m_pInterfaceSet;
     QTabBar* m_pTabs;
     QStackedWidget* m_pStack;
     std::vector<Common::IConfigPage*> m_vecPages;
+    Common::CLoginManagerAdapter m_login;
 };
 
 } // namespace PlatformConfigUI

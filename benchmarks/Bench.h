@@ -42,3 +42,4 @@ std::vector<BenchResult> BenchImport();
 std::vector<BenchResult> BenchDiscovery();
 std::vector<BenchResult> BenchPersons();
 std::vector<BenchResult> BenchPersonTree();
+std::vector<BenchResult> BenchRightsTree();

@@ -89,7 +89,8 @@ public:
     {
         DevicePageRequest_t request;
         request.nPageSize = PageSize;
-        const auto [sSql, values] = Platform::DevicePages::FirstPageStatement(m_database, Platform::DeviceScope::All(), request);
+        const auto [sSql, values] =
+            Platform::DevicePages::FirstPageStatement(m_database, Platform::DeviceScope::All(), request);
         m_model.clear();
         Platform::Rows rows = m_database.Run(sSql, values);
         while (rows.Next()) {

@@ -42,7 +42,7 @@ double ImportRate()
     using ServerCalls::Call;
     const std::string sPassword = server.Password().toStdString();
     Call<wire::SetUp>(client, {sPassword}, {});
-    const std::string sToken = Call<wire::SignIn>(client, {"system", sPassword}, {}).sToken;
+    const std::string sToken = Call<wire::SignIn>(client, {"system", sPassword, {}, {}}, {}).sToken;
     QElapsedTimer clock;
     clock.start();
     const wire::Job job = Call<wire::BeginImport>(client, {"001", "xml"}, sToken);

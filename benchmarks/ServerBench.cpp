@@ -102,7 +102,8 @@ private:
     void Answer(httplib::Response& response)
     {
         thread_local Platform::Database s_database(Platform::DatabaseAddress{m_sDatabase});
-        const auto [sSql, values] = Platform::DevicePages::FirstPageStatement(s_database, Platform::DeviceScope::All(), PageRequest());
+        const auto [sSql, values] = Platform::DevicePages::FirstPageStatement(
+            s_database, Platform::DeviceScope::All(), PageRequest());
         const std::size_t nBytes = ReadRows(s_database.Run(sSql, values));
         response.set_content(nBytes > 0 ? m_sBytes : std::string(), "application/json");
     }
@@ -146,7 +147,8 @@ BenchResult BenchSearch(httplib::Client& client, const std::string& sToken, cons
     };
     const auto bare = [&] {
         ++nSearch;
-        const auto [sSql, values] = Platform::DevicePages::FirstPageStatement(database, Platform::DeviceScope::All(), request());
+        const auto [sSql, values] =
+            Platform::DevicePages::FirstPageStatement(database, Platform::DeviceScope::All(), request());
         ReadRows(database.Run(sSql, values));
         const QString sPhrase =
             QLatin1Char('"') + QString::fromStdString(request().sSearchText) + QLatin1Char('"');
@@ -169,7 +171,7 @@ std::vector<BenchResult> BenchServerQueries()
     const std::string sPassword = server.Password().toStdString();
     httplib::Client client(sHost, server.Url().port());
     Call<wire::SetUp>(client, {sPassword}, {});
-    const std::string sToken = Call<wire::SignIn>(client, {"system", sPassword}, {}).sToken;
+    const std::string sToken = Call<wire::SignIn>(client, {"system", sPassword, {}, {}}, {}).sToken;
 
     const std::string sBody = nlohmann::json(PageRequest()).dump();
     const std::string sPath = std::string(wire::OperationPrefix) + std::string(wire::QueryDevicePage::Name);

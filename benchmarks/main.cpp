@@ -34,7 +34,7 @@ int main(int argc, char** argv)
         std::vector<BenchResult> (*run)();
     } benchmarks[] = {{"home", &BenchHomePage}, {"device", &BenchDevicePage}, {"server", &BenchServerQueries},
         {"file", &BenchImportFile}, {"import", &BenchImport}, {"discovery", &BenchDiscovery},
-        {"persons", &BenchPersons}, {"tree", &BenchPersonTree}};
+        {"persons", &BenchPersons}, {"tree", &BenchPersonTree}, {"rights", &BenchRightsTree}};
     printf("name | measured | reference | ratio | bound\n");
     bool bHeld = true;
     for (const auto& benchmark : benchmarks) {

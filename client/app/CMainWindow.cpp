@@ -32,6 +32,9 @@ CMainWindow::CMainWindow(PlatformLogic::CPlatformClient& client, VxPluginAPI::IA
     m_pUi->btnUser->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     m_pUi->btnUser->setPopupMode(QToolButton::InstantPopup);
     auto* pMenu = new QMenu(m_pUi->btnUser);
+    // Another client finds the server that this one has started by its address.
+    pMenu->addAction(tr("Server: %1").arg(client.GetServer().toDisplayString()))->setEnabled(false);
+    pMenu->addSeparator();
     connect(pMenu->addAction(tr("Sign Out")), &QAction::triggered, this, &CMainWindow::SignalSignOut);
     m_pUi->btnUser->setMenu(pMenu);
     m_pUi->lbConnection->setText(tr("Connection lost, trying again"));

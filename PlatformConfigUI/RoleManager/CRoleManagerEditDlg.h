@@ -1,0 +1,94 @@
+#pragma once
+
+#include <UserLogical/IUserManager.h>
+#include <common/CRequests.h>
+#include <common/ObserverAdapters.h>
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class CRoleManagerEditDlg;
+}
+
+namespace PlatformConfigUI {
+
+class CRightsView;
+
+/// Adds a role, changes one or shows one. It gives the record to its page, which saves it and tells what
+/// became of that; on a refusal the dialog stays open with the input. Deletes itself when it is closed.
+/// User-interface thread.
+class CRoleManagerEditDlg : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// pManager is borrowed; null: every query is refused.
+    CRoleManagerEditDlg(UserLogical::IUserManager* pManager, QWidget* pParent);
+    ~CRoleManagerEditDlg() override;
+
+    /// The roles that can be copied from, with the host's list.
+    void SetRoles(const std::vector<UserLogical::Role_t>& vecRoles);
+    void BeginAdd();
+    void BeginModify(const QString& sRoleId);
+    /// bMayEdit: the button "Edit" goes on to changing the role.
+    void BeginDetails(const QString& sRoleId, bool bMayEdit);
+    void SetConnected(bool bConnected);
+
+    /// The record of SignalSave was taken: closes.
+    void OnSaved();
+    /// It was refused. nErrorCode as the answer has it, ErrorNone when it was not even sent; sDetail: the
+    /// answer's detail.
+    void OnSaveFailed(int nErrorCode, const QString& sDetail);
+
+    void accept() override;
+    /// Asks first when something was changed.
+    void reject() override;
+
+Q_SIGNALS:
+    /// All checks have passed.
+    void SignalSave(const UserLogical::RoleEdit_t& edit);
+
+private:
+    using Param = UserLogical::IUserManagerObserve::Param;
+    enum class Purpose
+    {
+        Add,
+        Modify,
+        Details
+    };
+    void SetUpFields();
+    void Begin(Purpose purpose, const QString& sRoleId);
+    void QueryRole();
+    void OnRoleInfo(const Param& param);
+    void ShowRecord();
+    void ShowRoles();
+    void OnCopyChosen(int nIndex);
+    void OnCopyInfo(const QString& sRoleId, const Param& param);
+    bool CheckFields();
+    UserLogical::RoleEdit_t GetEdited() const;
+    bool IsDirty() const;
+    void OnCancelClicked();
+    bool AskCancel();
+    void CloseBecauseGone();
+    void OfferReload();
+    void UpdateButtons();
+
+    UserLogical::IUserManager* m_pManager;
+    std::unique_ptr<Ui::CRoleManagerEditDlg> m_pUi;
+    CRightsView* m_pRights = nullptr;
+    Purpose m_purpose = Purpose::Add;
+    QString m_sRoleId;
+    UserLogical::Role_t m_loaded; ///< its rights sorted
+    QString m_sCopyFrom;
+    std::vector<UserLogical::Role_t> m_vecRoles;
+    bool m_bMayEdit = false;
+    bool m_bLoaded = false;
+    bool m_bSaving = false;
+    bool m_bConnected = true;
+    Common::CRequests<Param> m_requests;
+    Common::CUserManagerAdapter m_adapter;
+};
+
+} // namespace PlatformConfigUI

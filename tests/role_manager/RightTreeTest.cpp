@@ -1,0 +1,217 @@
+#include <RoleManager/CFuncRightModel.h>
+#include <RoleManager/CMenuRightModel.h>
+#include <RoleManager/CMenuRightSortFilterProxyModel.h>
+#include <RoleManager/RightRules.h>
+#include <UICommonMdl/ErrorCodes.h>
+#include <tests/support/fakes/FakeUserManager.h>
+#include <tests/support/gui/PageDriver.h>
+
+#include <gtest/gtest.h>
+
+using namespace PlatformConfigUI;
+using namespace UserLogical;
+
+namespace {
+
+const QStringList ListA{"003", "003003", "003001", "003001001", "003001002", "003004", "001", "001001",
+    "001001001", "001001002", "001002", "001002001", "001002002", "001003", "001003001", "001003002",
+    "001003003", "002006001", "002006002", "002006006", "002006003", "002006004"};
+const QStringList ListB{"003001001", "003001002", "003001", "003004"};
+const QStringList Others{"002", "002001", "002006", "001002003", "003002", "004", "004001", ""};
+
+/// The codes that are hidden in one way of filtering.
+struct ModeCase
+{
+    const char* pszTypeText;
+    int nMode;
+    QStringList listHidden;
+};
+
+class RightModes : public testing::TestWithParam<ModeCase>
+{
+};
+
+TEST_P(RightModes, HideTheCodesOfTheirListAndNoOther)
+{
+    const ModeCase& mode = GetParam();
+    ASSERT_EQ(GetRightFilterMode(mode.pszTypeText), mode.nMode);
+    for (const QString& sCode : ListA + Others) {
+        // The lists stand in for kind and own check; without a list these decide.
+        const bool bShown = PassesRightFilter(mode.nMode, RightNodeAlways, false, sCode);
+        EXPECT_EQ(bShown, !mode.listHidden.contains(sCode)) << qPrintable(sCode);
+        EXPECT_EQ(PassesRightFilter(mode.nMode, RightNodeChecked, false, sCode),
+            mode.nMode != 2 && !mode.listHidden.contains(sCode));
+        EXPECT_EQ(PassesRightFilter(mode.nMode, RightNodeChecked, true, sCode), bShown);
+        EXPECT_EQ(PassesRightFilter(mode.nMode, 0, true, sCode),
+            mode.nMode != 2 && !mode.listHidden.contains(sCode));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(TypeTexts, RightModes,
+    testing::Values(ModeCase{"2", 1, ListB}, ModeCase{"1", 2, {}}, ModeCase{"0", 0, ListA},
+        ModeCase{"", 0, ListA}, ModeCase{"12", 0, ListA}));
+
+/// The menu rights as the filter shows them, "code" or "code+" (given) or "code~" (in part).
+class RightTree : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        m_manager.ServePlatform();
+        m_proxy.setSourceModel(&m_model);
+    }
+    void Load(const std::vector<Role_t>& vecRoles)
+    {
+        m_model.Query();
+        PageDriver::Settle();
+        m_model.ShowRoles(vecRoles);
+    }
+    static Role_t RoleWith(const std::vector<std::string>& vecCodes)
+    {
+        return {"7", "Seven", "", false, vecCodes, {}, 1};
+    }
+    QModelIndex Find(const char* pszCode) const
+    {
+        const auto listFound = m_model.match(m_model.index(0, 0), CRightModel::RoleCode,
+            QLatin1String(pszCode), 1, Qt::MatchExactly | Qt::MatchRecursive);
+        return listFound.isEmpty() ? QModelIndex() : listFound.first();
+    }
+    void SetCheck(const char* pszCode, bool bOn)
+    {
+        ASSERT_TRUE(m_model.setData(Find(pszCode), bOn ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole));
+    }
+    QString Shown(const QModelIndex& parent = QModelIndex()) const
+    {
+        QStringList listShown;
+        for (int nRow = 0; nRow < m_proxy.rowCount(parent); ++nRow) {
+            const QModelIndex index = m_proxy.index(nRow, 0, parent);
+            const int nCheck = index.data(Qt::CheckStateRole).toInt();
+            QString sNode = index.data(CRightModel::RoleCode).toString();
+            if (nCheck != Qt::Unchecked)
+                sNode += nCheck == Qt::Checked ? QLatin1Char('+') : QLatin1Char('~');
+            listShown << sNode;
+            if (m_proxy.hasChildren(index))
+                listShown << Shown(index);
+        }
+        return listShown.join(QLatin1Char(' '));
+    }
+
+    FakeUserManager m_manager;
+    CMenuRightModel m_model{&m_manager, true};
+    CMenuRightSortFilterProxyModel m_proxy;
+};
+
+TEST_F(RightTree, ShowsTheWayToWhatMatchesAndHidesWhatMayNotBeGiven)
+{
+    m_manager.setMissing = {"002003"};
+    Load({RoleWith({})});
+    const struct
+    {
+        int nMode;
+        const char* pszText;
+        const char* pszShown;
+    } cases[] = {{2, "",
+                     "001 001001 001001001 001001002 001002 001002001 001002002 001002003 002 002001 003 "
+                     "003001 003004"},
+        {2, "role MAN", "001 001002 001002002"}, {2, "user", "001 001002 001002001"}, {2, "person", ""},
+        {2, "0030", "003 003001 003004"}, {2, "no such", ""}, {0, "person", "002 002003 002003001"},
+        {0, "", "002 002001 002003 002003001"}, {1, "service", ""}, {1, "system", "003"}, {1, "backup", ""}};
+    for (const auto& filter : cases) {
+        m_proxy.SetMode(filter.nMode);
+        m_proxy.SetText(QLatin1String(filter.pszText));
+        EXPECT_EQ(Shown(), QLatin1String(filter.pszShown)) << filter.nMode << ' ' << filter.pszText;
+    }
+}
+
+TEST_F(RightTree, BoxesBringTheRightsBelowAndAboveWithThem)
+{
+    Load({RoleWith({"002001"})});
+    m_proxy.SetText(QStringLiteral("001002"));
+    const struct
+    {
+        const char* pszCode;
+        bool bOn;
+        const char* pszShown;
+        std::vector<std::string> vecGiven;
+    } steps[] = {
+        {"001002002", true, "001~ 001002~ 001002001 001002002+ 001002003",
+            {"001", "001002", "001002002", "002001"}},
+        {"001002", true, "001~ 001002+ 001002001+ 001002002+ 001002003+",
+            {"001", "001002", "001002001", "001002002", "001002003", "002001"}},
+        {"001002001", false, "001~ 001002~ 001002001 001002002+ 001002003+",
+            {"001", "001002", "001002002", "001002003", "002001"}},
+        {"001002", false, "001~ 001002 001002001 001002002 001002003", {"001", "002001"}},
+        {"001", false, "001 001002 001002001 001002002 001002003", {"002001"}},
+    };
+    for (const auto& step : steps) {
+        SetCheck(step.pszCode, step.bOn);
+        EXPECT_EQ(Shown(), QLatin1String(step.pszShown)) << step.pszCode;
+        EXPECT_EQ(m_model.GetGiven(), step.vecGiven) << step.pszCode;
+    }
+    EXPECT_FALSE(Find("001002").data(CRightModel::RoleChanged).toBool()) << "as it was at first";
+    SetCheck("002001", false);
+    EXPECT_TRUE(Find("002001").data(CRightModel::RoleChanged).toBool());
+}
+
+TEST_F(RightTree, RightsThatCannotBeGivenStayAsTheyWere)
+{
+    m_manager.setMissing = {"001002003", "003001"};
+    // One right that the platform does not know, one that is hidden.
+    Load({RoleWith({"001002003", "009009"})});
+    EXPECT_EQ(CRightModel::State::Loaded, m_model.GetState());
+    EXPECT_EQ(Find("001002").data(Qt::CheckStateRole).toInt(), Qt::Unchecked)
+        << "what is hidden does not count";
+    SetCheck("001", true);
+    EXPECT_EQ(Find("001").data(Qt::CheckStateRole).toInt(), Qt::Checked);
+    SetCheck("003", true);
+    SetCheck("001", false);
+    EXPECT_EQ(m_model.GetGiven(), (std::vector<std::string>{"001002003", "003", "003004", "009009"}));
+}
+
+TEST_F(RightTree, ManyRolesTogetherSayWhichOfThemGivesARight)
+{
+    CMenuRightModel together(&m_manager, false);
+    together.Query();
+    PageDriver::Settle();
+    Role_t all{"1", "All", "", true, {}, {}, 1};
+    together.ShowRoles({RoleWith({"001001"}), all});
+    m_proxy.SetGivenOnly(true);
+    m_proxy.setSourceModel(&together);
+    m_proxy.SetText(QStringLiteral("001001"));
+    EXPECT_EQ(Shown(), QStringLiteral("001+ 001001+ 001001001+ 001001002+"));
+    const QModelIndex device = m_proxy.index(0, 0, m_proxy.index(0, 0));
+    EXPECT_EQ(
+        device.siblingAtColumn(CRightModel::ColumnRole).data().toString(), QStringLiteral("Seven, All"));
+    EXPECT_FALSE(device.flags().testFlag(Qt::ItemIsUserCheckable));
+    EXPECT_FALSE(m_proxy.setData(device, Qt::Unchecked, Qt::CheckStateRole));
+
+    together.ShowRoles({RoleWith({"001001"})});
+    EXPECT_EQ(Shown(), QStringLiteral("001~ 001001~"));
+}
+
+TEST_F(RightTree, FailuresAreToldAndLateAnswersDropped)
+{
+    m_manager.users.Hold("QueryMenuRightList");
+    m_model.Query();
+    const FakeCall first = m_manager.users.Last("QueryMenuRightList");
+    m_model.Query();
+    const FakeCall second = m_manager.users.Last("QueryMenuRightList");
+    m_manager.users.Fail(second, UICommonMdl::ErrorInternal);
+    PageDriver::Settle();
+    EXPECT_EQ(m_model.GetState(), CRightModel::State::Failed);
+    m_manager.users.Answer(first, [](const FakeCall&, FakeUserManager::Param& param) {
+        param.vecRights = {{"001", "Late", RightNodeAlways}};
+    });
+    PageDriver::Settle();
+    EXPECT_EQ(m_model.rowCount(), 0);
+    // Nothing is lost by saving a role whose tree did not come.
+    m_model.ShowRoles({RoleWith({"002001", "001002"})});
+    EXPECT_EQ(m_model.GetGiven(), (std::vector<std::string>{"001002", "002001"}));
+
+    m_manager.users.Refuse("QueryFuncRightList");
+    CFuncRightModel functions(&m_manager, true);
+    functions.Query();
+    EXPECT_EQ(functions.GetState(), CRightModel::State::Failed);
+}
+
+} // namespace
