@@ -31,6 +31,9 @@ CDeviceDetailPage::CDeviceDetailPage(QWidget* pParent)
     m_pUi->setupUi(this);
     m_pUi->btnBack->setIcon(Trv::GetIcon(QStringLiteral("back")));
     connect(m_pUi->btnBack, &QAbstractButton::clicked, this, &CDeviceDetailPage::SignalFirstBtnClicked);
+    m_pUi->btnAccess->setIcon(Trv::GetIcon(QStringLiteral("users")));
+    connect(
+        m_pUi->btnAccess, &QAbstractButton::clicked, this, [this] { Q_EMIT SignalShowAccess(m_sDeviceId); });
     connect(m_pUi->wgtDetailState, &VxGUI::VxEmptyState::SignalAction, this,
         [this] { ShowDevice(m_sDeviceId, m_sOrgName); });
 }
@@ -64,6 +67,11 @@ void CDeviceDetailPage::ShowDevice(const QString& sDeviceId, const QString& sOrg
     if (!m_requests.Supersede(m_pManager->QueryDeviceReferences(sId), KindReferences,
             [this](const auto& param) { OnReferences(param); }))
         m_pUi->listReferences->addItem(Text::tr("Failed to get what refers to the device"));
+}
+
+void CDeviceDetailPage::SetAccessOffered(bool bOffered)
+{
+    m_pUi->btnAccess->setVisible(bOffered);
 }
 
 void CDeviceDetailPage::OnAnswer(const GroupLogical::IGroupManagerObserver::Param& param)

@@ -30,7 +30,11 @@ public:
     /// Asks for the device; sOrgName is shown as its organisation.
     void ShowDevice(const QString& sDeviceId, const QString& sOrgName);
 
+    /// Whether the user may see who has access to the device.
+    void SetAccessOffered(bool bOffered);
+
 Q_SIGNALS:
+    void SignalShowAccess(const QString& sDeviceId);
     /// Back to the list.
     void SignalFirstBtnClicked();
 

@@ -2,6 +2,7 @@
 
 #include "CBatchDeleteDeviceDlg.h"
 #include "CDevMove.h"
+#include "CDeviceAccessDlg.h"
 #include "CDeviceExport.h"
 #include "CDeviceModel.h"
 #include "CDeviceTableHeader.h"
@@ -11,6 +12,7 @@
 #include "ui_CDeviceManagerCtrl.h"
 
 #include <UICommonMdl/CErrorCode.h>
+#include <UICommonMdl/CInterfaceSetManager.h>
 #include <UICommonMdl/ILocalConfig.h>
 #include <VxGUI/VxDialogService.h>
 #include <VxGUI/VxNotification.h>
@@ -166,6 +168,8 @@ void CDeviceManagerCtrl::OnTableBtnClicked(const QModelIndex& index, int nRole)
         MoveDevices({sId});
     else if (nRole == RoleDelete)
         DeleteDevices({sId});
+    else if (nRole == RoleAccess)
+        ShowAccess(sId);
 }
 
 void CDeviceManagerCtrl::OnTableContextMenu(const QPoint& pos)
@@ -176,9 +180,11 @@ void CDeviceManagerCtrl::OnTableContextMenu(const QPoint& pos)
     auto* pMenu = new QMenu(this);
     pMenu->setObjectName(QStringLiteral("menuDevice"));
     pMenu->setAttribute(Qt::WA_DeleteOnClose);
-    const std::pair<int, QString> entries[] = {{RoleDetails, Text::tr("Details")},
+    QVector<std::pair<int, QString>> vecEntries{{RoleDetails, Text::tr("Details")},
         {RoleEdit, Text::tr("Edit")}, {RoleMoveTo, Text::tr("Move To")}, {RoleDelete, Text::tr("Delete")}};
-    for (const auto& [nRole, sText] : entries) {
+    if (CDeviceAccessDlg::IsOffered(m_pInterfaceSet->GetUserManager()))
+        vecEntries.append({RoleAccess, Text::tr("Who Has Access")});
+    for (const auto& [nRole, sText] : qAsConst(vecEntries)) {
         QAction* pAction = pMenu->addAction(sText);
         connect(
             pAction, &QAction::triggered, this, [this, nRole = nRole, sId = m_pModel->GetId(index.row())] {
@@ -328,13 +334,6 @@ void CDeviceManagerCtrl::EndExport()
 {
     if (m_pWaitDialog)
         m_pWaitDialog->accept();
-}
-
-void CDeviceManagerCtrl::ShowDetails(const QString& sDeviceId)
-{
-    const int nRow = m_pModel->FindRow(sDeviceId);
-    m_pUi->pageDetail->ShowDevice(sDeviceId, m_pModel->index(nRow, ColumnOrganization).data().toString());
-    m_pUi->stackedWidget->setCurrentWidget(m_pUi->pageDetail);
 }
 
 void CDeviceManagerCtrl::OnTitleFirstBtnClicked()

@@ -33,6 +33,7 @@ class CRowButtonDelegate;
 namespace ResourceManagerUI {
 
 class CAutoSearchOnlineDev;
+class CDeviceAccessDlg;
 class CDevAdd;
 class CDevImport;
 class CDeviceModel;
@@ -54,7 +55,8 @@ public:
         RoleDetails = 1,
         RoleEdit,
         RoleMoveTo,
-        RoleDelete
+        RoleDelete,
+        RoleAccess ///< in the context menu only
     };
     using GroupParam = GroupLogical::IGroupManagerObserver::Param;
     using RemoteParam = RemoteConfigLogical::IRemoteDeviceObserver::Param;
@@ -164,6 +166,7 @@ private:
     void OnExportFinished(const QString& sError);
     void EndExport();
     void ShowDetails(const QString& sDeviceId);
+    void ShowAccess(const QString& sDeviceId);
 
     // Adding and editing.
     void ShowForm(QWidget* pPage);
@@ -217,6 +220,7 @@ private:
     bool m_bDevicesStale = false;
     QFuture<void> m_exportFuture;
     QPointer<VxGUI::VxWaitDialog> m_pWaitDialog;
+    QPointer<CDeviceAccessDlg> m_pAccessDialog;
 
     Common::CObserverRegistration<GroupLogical::IGroupManager, GroupLogical::IGroupManagerObserver>
         m_groupRegistration;

@@ -1,5 +1,6 @@
 #include "CDeviceManagerCtrl.h"
 
+#include "CDeviceAccessDlg.h"
 #include "CDeviceModel.h"
 #include "DeviceEdit/CDevAdd.h"
 #include "DeviceImport/CDevImport.h"
@@ -10,6 +11,7 @@
 #include "ui_CDeviceManagerCtrl.h"
 
 #include <Trv/QSkin.h>
+#include <UICommonMdl/CInterfaceSetManager.h>
 #include <UICommonMdl/ILocalConfig.h>
 #include <VxGUI/VxNotification.h>
 
@@ -48,6 +50,21 @@ void CDeviceManagerCtrl::SetUpDiscovery()
         m_pDiscovery, &CAutoSearchOnlineDev::SignalDevicesAdded, this, [this] { QueryLater(false, true); });
     connect(m_pUi->btnDiscover, &QAbstractButton::clicked, this, &CDeviceManagerCtrl::OnBtnDiscoverClicked);
     connect(m_pUi->btnExpand, &QAbstractButton::clicked, this, &CDeviceManagerCtrl::OnExpandClicked);
+}
+
+void CDeviceManagerCtrl::ShowDetails(const QString& sDeviceId)
+{
+    const int nRow = m_pModel->FindRow(sDeviceId);
+    m_pUi->pageDetail->ShowDevice(sDeviceId, m_pModel->index(nRow, ColumnOrganization).data().toString());
+    m_pUi->pageDetail->SetAccessOffered(CDeviceAccessDlg::IsOffered(m_pInterfaceSet->GetUserManager()));
+    m_pUi->stackedWidget->setCurrentWidget(m_pUi->pageDetail);
+}
+
+void CDeviceManagerCtrl::ShowAccess(const QString& sDeviceId)
+{
+    const QString sName = m_pModel->index(m_pModel->FindRow(sDeviceId), ColumnName).data().toString();
+    m_pAccessDialog = new CDeviceAccessDlg(m_pInterfaceSet->GetUserManager(), sDeviceId, sName, this);
+    m_pAccessDialog->Start();
 }
 
 void CDeviceManagerCtrl::ShowForm(QWidget* pPage)

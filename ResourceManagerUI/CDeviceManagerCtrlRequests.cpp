@@ -1,5 +1,6 @@
 #include "CDeviceManagerCtrl.h"
 
+#include "CDeviceAccessDlg.h"
 #include "CDeviceModel.h"
 #include "CDeviceTableHeader.h"
 #include "DeviceEdit/CDevAdd.h"
@@ -88,6 +89,8 @@ void CDeviceManagerCtrl::SetPageEnabled(bool bEnabled)
         pControl->setEnabled(bEnabled);
     m_pForm->SetConnected(bEnabled);
     m_pDiscovery->SetConnected(bEnabled);
+    if (m_pAccessDialog)
+        m_pAccessDialog->SetConnected(bEnabled);
 }
 
 void CDeviceManagerCtrl::OnReconnectCms()

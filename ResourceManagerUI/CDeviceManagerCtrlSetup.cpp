@@ -1,5 +1,6 @@
 #include "CDeviceManagerCtrl.h"
 
+#include "CDeviceAccessDlg.h"
 #include "CDeviceModel.h"
 #include "CDeviceTableHeader.h"
 #include "ui_CDeviceManagerCtrl.h"
@@ -76,6 +77,7 @@ void CDeviceManagerCtrl::Uninit()
     m_systemRegistration.Release();
     m_requests.Clear();
     m_queryTimer.stop();
+    delete m_pAccessDialog;
 }
 
 void CDeviceManagerCtrl::showEvent(QShowEvent* pEvent)
@@ -157,6 +159,7 @@ void CDeviceManagerCtrl::SetUpTree()
         &CDeviceManagerCtrl::OnTitleFirstBtnClicked);
     connect(m_pUi->pageDetail, &CDeviceDetailPage::SignalFirstBtnClicked, this,
         &CDeviceManagerCtrl::OnTitleFirstBtnClicked);
+    connect(m_pUi->pageDetail, &CDeviceDetailPage::SignalShowAccess, this, &CDeviceManagerCtrl::ShowAccess);
 }
 
 void CDeviceManagerCtrl::SetUpToolBar()

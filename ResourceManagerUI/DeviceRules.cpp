@@ -130,4 +130,25 @@ QStringList GetReferenceLines(const std::vector<GroupLogical::DeviceReference_t>
     return listLines;
 }
 
+QString GetRoleNames(const UserLogical::DeviceAccess_t& access)
+{
+    QStringList listNames;
+    for (const std::string& sName : access.vecRoleNames)
+        listNames.append(QString::fromStdString(sName));
+    return listNames.join(QStringLiteral(", "));
+}
+
+std::vector<UserLogical::DeviceAccess_t> FindAccess(
+    const std::vector<UserLogical::DeviceAccess_t>& vecAccess, const QString& sText)
+{
+    const QString sKey = sText.trimmed();
+    std::vector<UserLogical::DeviceAccess_t> vecFound;
+    for (const UserLogical::DeviceAccess_t& access : vecAccess) {
+        if (QString::fromStdString(access.sUserName).contains(sKey, Qt::CaseInsensitive)
+            || GetRoleNames(access).contains(sKey, Qt::CaseInsensitive))
+            vecFound.push_back(access);
+    }
+    return vecFound;
+}
+
 } // namespace ResourceManagerUI

@@ -2,6 +2,8 @@
 
 #include <GroupLogical/GroupRecords.h>
 
+#include <UserLogical/UserRecords.h>
+
 #include <QString>
 #include <QStringList>
 
@@ -40,5 +42,11 @@ bool IsHeldByConfiguration(int nErrorCode);
 /// One label for each kind of configuration that refers to a device, with the names below it; kinds without
 /// a reference are left out.
 QStringList GetReferenceLines(const std::vector<GroupLogical::DeviceReference_t>& vecReferences);
+
+/// The roles that give a user access.
+QString GetRoleNames(const UserLogical::DeviceAccess_t& access);
+/// Those whose user or one of whose roles holds the text, whatever its case; all for an empty one.
+std::vector<UserLogical::DeviceAccess_t> FindAccess(
+    const std::vector<UserLogical::DeviceAccess_t>& vecAccess, const QString& sText);
 
 } // namespace ResourceManagerUI

@@ -20,14 +20,17 @@ struct Text
 
 constexpr int BarCount = 3;
 constexpr int ShortLength = 8; ///< anything shorter is weak
-constexpr int LongLength = 12;
 
-/// How many of lower-case letters, upper-case letters, digits and other characters there are.
+/// How many of lower-case letters, upper-case letters, digits and non-word characters there are. Other
+/// letters than the Latin ones count as non-word, an underscore as nothing.
 int CountKinds(const QString& sPassword)
 {
     const auto has = [&](auto test) { return std::any_of(sPassword.begin(), sPassword.end(), test) ? 1 : 0; };
-    return has([](QChar c) { return c.isLower(); }) + has([](QChar c) { return c.isUpper(); })
-        + has([](QChar c) { return c.isDigit(); }) + has([](QChar c) { return !c.isLetterOrNumber(); });
+    const auto isLower = [](QChar c) { return c >= QLatin1Char('a') && c <= QLatin1Char('z'); };
+    const auto isUpper = [](QChar c) { return c >= QLatin1Char('A') && c <= QLatin1Char('Z'); };
+    const auto isDigit = [](QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); };
+    return has(isLower) + has(isUpper) + has(isDigit)
+        + has([&](QChar c) { return !isLower(c) && !isUpper(c) && !isDigit(c) && c != QLatin1Char('_'); });
 }
 
 QString GetLevelName(PasswordStrength strength)
@@ -45,7 +48,21 @@ QString GetLevelName(PasswordStrength strength)
     return QStringLiteral("None");
 }
 
-QString GetLevelText(PasswordStrength strength)
+} // namespace
+
+PasswordStrength GetPasswordStrength(const QString& sPassword)
+{
+    if (sPassword.isEmpty())
+        return PasswordStrength::None;
+    if (sPassword.size() < ShortLength || UICommonMdl::CGlobalInfo::Instance()->CheckWeakPassword(sPassword))
+        return PasswordStrength::Weak;
+    const int nKinds = CountKinds(sPassword);
+    if (nKinds >= 3)
+        return PasswordStrength::Strong;
+    return nKinds == 2 ? PasswordStrength::Medium : PasswordStrength::Weak;
+}
+
+QString GetPasswordStrengthText(PasswordStrength strength)
 {
     switch (strength) {
     case PasswordStrength::None:
@@ -58,20 +75,6 @@ QString GetLevelText(PasswordStrength strength)
         return Text::tr("Strong");
     }
     return {};
-}
-
-} // namespace
-
-PasswordStrength GetPasswordStrength(const QString& sPassword)
-{
-    if (sPassword.isEmpty())
-        return PasswordStrength::None;
-    const int nKinds = CountKinds(sPassword);
-    if (sPassword.size() < ShortLength || nKinds < 2
-        || UICommonMdl::CGlobalInfo::Instance()->CheckWeakPassword(sPassword))
-        return PasswordStrength::Weak;
-    const bool bStrong = nKinds == 4 || (nKinds == 3 && sPassword.size() >= LongLength);
-    return bStrong ? PasswordStrength::Strong : PasswordStrength::Medium;
 }
 
 CPasswordStrength::CPasswordStrength(QWidget* pParent)
@@ -103,7 +106,7 @@ void CPasswordStrength::SetPassword(const QString& sPassword)
         style()->unpolish(m_vecBars[i]);
         style()->polish(m_vecBars[i]);
     }
-    m_pText->setText(GetLevelText(strength));
+    m_pText->setText(GetPasswordStrengthText(strength));
     setAccessibleDescription(m_pText->text());
 }
 

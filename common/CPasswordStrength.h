@@ -13,8 +13,11 @@ enum class PasswordStrength
     Medium,
     Strong
 };
-/// By length and kinds of characters; a password that everybody knows is weak whatever it holds.
+/// By length and kinds of characters: a short password, and one that everybody knows, is weak whatever it
+/// holds.
 PasswordStrength GetPasswordStrength(const QString& sPassword);
+/// Translated word for it; empty for None.
+QString GetPasswordStrengthText(PasswordStrength strength);
 
 /// Three bars and a word beside them, for a password that is being typed. The style follows the property
 /// "Level" of the bars ("None", "Weak", "Medium", "Strong"). User-interface thread.

@@ -14,7 +14,23 @@ namespace ClientApp {
 namespace {
 const QString BuiltInAccount = QStringLiteral("system");
 constexpr int MaxUserName = 50;
-constexpr int MaxPassword = 32;
+constexpr int MaxPassword = 128; ///< passwords of a directory may be longer than those of the platform
+constexpr int MaxNewPassword = 32;
+
+/// Refusals that another new password does not mend.
+bool IsAboutAccount(int nErrorCode)
+{
+    switch (nErrorCode) {
+    case UICommonMdl::ErrorWrongPassword:
+    case UICommonMdl::ErrorAccountLocked:
+    case UICommonMdl::ErrorAccountDisabled:
+    case UICommonMdl::ErrorAccountExpired:
+    case UICommonMdl::ErrorMacAddress:
+        return true;
+    default:
+        return false;
+    }
+}
 } // namespace
 
 CSignInDlg::CSignInDlg(PlatformLogic::CPlatformClient& client, QWidget* pParent)
@@ -29,16 +45,21 @@ CSignInDlg::CSignInDlg(PlatformLogic::CPlatformClient& client, QWidget* pParent)
     m_pUi->edtUserName->SetRequired(tr("Please enter the user name."));
     m_pUi->edtUserName->SetMaxLimit(
         MaxUserName, tr("The user name cannot exceed %1 characters.").arg(MaxUserName));
-    for (VxGUI::VxLineEdit* pEdit : {m_pUi->edtPassword, m_pUi->edtConfirm}) {
+    const std::pair<VxGUI::VxLineEdit*, int> passwords[] = {{m_pUi->edtPassword, MaxPassword},
+        {m_pUi->edtNewPassword, MaxNewPassword}, {m_pUi->edtConfirm, MaxNewPassword}};
+    for (const auto& [pEdit, nMaxLength] : passwords) {
         pEdit->setPassword(true);
-        pEdit->SetMaxLimit(MaxPassword, tr("The password cannot exceed %1 characters.").arg(MaxPassword));
+        pEdit->SetMaxLimit(nMaxLength, tr("The password cannot exceed %1 characters.").arg(nMaxLength));
     }
     m_pUi->edtPassword->SetRequired(tr("Please enter the password."));
+    m_pUi->edtNewPassword->SetRequired(tr("Please enter the new password."));
     m_pUi->lbUserName->setBuddy(m_pUi->edtUserName->GetLineEdit());
     m_pUi->lbPassword->setBuddy(m_pUi->edtPassword->GetLineEdit());
+    m_pUi->lbNewPassword->setBuddy(m_pUi->edtNewPassword->GetLineEdit());
     m_pUi->lbConfirm->setBuddy(m_pUi->edtConfirm->GetLineEdit());
 
     connect(m_pUi->btnSignIn, &QPushButton::clicked, this, &CSignInDlg::OnSubmit);
+    connect(m_pUi->btnBack, &QPushButton::clicked, this, [this] { ShowForm(Mode::SignIn); });
     connect(m_pUi->pageState, &VxGUI::VxEmptyState::SignalAction, this, &CSignInDlg::Connect);
     connect(&client, &PlatformLogic::CPlatformClient::SignalServerState, this, &CSignInDlg::OnServerState);
     connect(&client, &PlatformLogic::CPlatformClient::SignalSetUp, this, &CSignInDlg::OnSetUp);
@@ -120,33 +141,52 @@ void CSignInDlg::OnServerState(int nErrorCode, bool bSetupNeeded)
 void CSignInDlg::ShowForm(Mode mode)
 {
     m_mode = mode;
-    const bool bSetUp = mode == Mode::SetUp;
     m_pUi->lbServer->setText(m_client.GetServer().toDisplayString());
-    m_pUi->lbExplanation->setText(bSetUp
-            ? tr("This server is new. Choose the password of its built-in account \"system\".")
-            : QString());
-    m_pUi->lbExplanation->setVisible(bSetUp);
-    m_pUi->lbUserName->setText(tr("&Username:"));
-    m_pUi->lbPassword->setText(bSetUp ? tr("New &Password:") : tr("&Password:"));
-    m_pUi->lbConfirm->setText(tr("&Confirm Password:"));
-    m_pUi->lbConfirm->setVisible(bSetUp);
-    m_pUi->edtConfirm->setVisible(bSetUp);
-    m_pUi->btnSignIn->setText(bSetUp ? tr("Set Password and Sign In") : tr("Sign In"));
-    if (bSetUp)
+    if (mode == Mode::SetUp)
         m_pUi->edtUserName->setText(BuiltInAccount);
-    m_pUi->edtUserName->setReadOnly(bSetUp);
+    for (VxGUI::VxLineEdit* pEdit : {m_pUi->edtNewPassword, m_pUi->edtConfirm})
+        pEdit->setText(QString());
+    ShowFields();
     m_pUi->stackPages->setCurrentWidget(m_pUi->pageForm);
     SetBusy(false);
     ShowError(QString());
     const bool bNameKnown = !m_pUi->edtUserName->text().isEmpty();
-    (bNameKnown ? m_pUi->edtPassword : m_pUi->edtUserName)->GetLineEdit()->setFocus();
+    VxGUI::VxLineEdit* const pFirst = mode == Mode::NewPassword ? m_pUi->edtNewPassword : m_pUi->edtPassword;
+    (bNameKnown ? pFirst : m_pUi->edtUserName)->GetLineEdit()->setFocus();
+}
+
+void CSignInDlg::ShowFields()
+{
+    const bool bSetUp = m_mode == Mode::SetUp;
+    const bool bNew = m_mode == Mode::NewPassword;
+    if (bSetUp)
+        m_pUi->lbExplanation->setText(
+            tr("This server is new. Choose the password of its built-in account \"system\"."));
+    else if (bNew)
+        m_pUi->lbExplanation->setText(
+            UICommonMdl::CErrorCode::GetErroCodeInfor(UICommonMdl::ErrorPasswordChangeNeeded));
+    m_pUi->lbUserName->setText(tr("&Username:"));
+    m_pUi->lbPassword->setText(bSetUp ? tr("New &Password:") : tr("&Password:"));
+    m_pUi->lbNewPassword->setText(tr("New &Password:"));
+    m_pUi->lbConfirm->setText(tr("&Confirm Password:"));
+    m_pUi->btnSignIn->setText(m_mode == Mode::SignIn ? tr("Sign In") : tr("Set Password and Sign In"));
+    m_pUi->edtUserName->setReadOnly(m_mode != Mode::SignIn);
+
+    const std::pair<QWidget*, bool> shown[] = {{m_pUi->lbExplanation, bSetUp || bNew},
+        {m_pUi->lbPassword, !bNew}, {m_pUi->edtPassword, !bNew}, {m_pUi->lbNewPassword, bNew},
+        {m_pUi->edtNewPassword, bNew}, {m_pUi->lbConfirm, bSetUp || bNew},
+        {m_pUi->edtConfirm, bSetUp || bNew}, {m_pUi->btnBack, bNew}};
+    for (const auto& [pWidget, bShown] : shown)
+        pWidget->setVisible(bShown);
 }
 
 void CSignInDlg::SetBusy(bool bBusy)
 {
-    m_pUi->btnSignIn->setEnabled(!bBusy);
-    for (QWidget* pEdit : {m_pUi->edtUserName, m_pUi->edtPassword, m_pUi->edtConfirm})
-        pEdit->setEnabled(!bBusy);
+    for (QWidget* pWidget :
+        {static_cast<QWidget*>(m_pUi->edtUserName), static_cast<QWidget*>(m_pUi->edtPassword),
+            static_cast<QWidget*>(m_pUi->edtNewPassword), static_cast<QWidget*>(m_pUi->edtConfirm),
+            static_cast<QWidget*>(m_pUi->btnSignIn), static_cast<QWidget*>(m_pUi->btnBack)})
+        pWidget->setEnabled(!bBusy);
 }
 
 void CSignInDlg::ShowError(const QString& sText)
@@ -155,20 +195,49 @@ void CSignInDlg::ShowError(const QString& sText)
     m_pUi->lbError->setVisible(!sText.isEmpty());
 }
 
-bool CSignInDlg::CheckSetUp()
+VxGUI::VxLineEdit* CSignInDlg::NewPasswordEdit() const
 {
-    const QString sPassword = m_pUi->edtPassword->text();
-    QString sMessage;
-    if (!Trv::QCommon::CheckPasswordVaild(sPassword, BuiltInAccount, sMessage)) {
-        m_pUi->edtPassword->SetErrorHint(sMessage);
-        return false;
+    return m_mode == Mode::SetUp ? m_pUi->edtPassword : m_pUi->edtNewPassword;
+}
+
+void CSignInDlg::ShowPasswordError(const QString& sText)
+{
+    NewPasswordEdit()->SetErrorHint(sText);
+    NewPasswordEdit()->GetLineEdit()->selectAll();
+    NewPasswordEdit()->GetLineEdit()->setFocus();
+}
+
+bool CSignInDlg::CheckFields()
+{
+    QVector<VxGUI::VxLineEdit*> vecEdits{m_pUi->edtUserName, m_pUi->edtPassword};
+    if (m_mode == Mode::NewPassword)
+        vecEdits.append(m_pUi->edtNewPassword);
+    for (VxGUI::VxLineEdit* pEdit : qAsConst(vecEdits)) {
+        if (!pEdit->CheckInput().isEmpty()) {
+            pEdit->GetLineEdit()->setFocus();
+            return false;
+        }
     }
-    if (UICommonMdl::CGlobalInfo::Instance()->CheckWeakPassword(sPassword)) {
-        m_pUi->edtPassword->SetErrorHint(tr("This password is widely known. Please choose another one."));
+    return m_mode == Mode::SignIn || CheckNewPassword();
+}
+
+bool CSignInDlg::CheckNewPassword()
+{
+    const QString sPassword = NewPasswordEdit()->text();
+    QString sMessage;
+    if (Trv::QCommon::CheckPasswordVaild(sPassword, m_pUi->edtUserName->text().trimmed(), sMessage)) {
+        if (UICommonMdl::CGlobalInfo::Instance()->CheckWeakPassword(sPassword))
+            sMessage = tr("This password is widely known. Please choose another one.");
+        else if (m_mode == Mode::NewPassword && sPassword == m_pUi->edtPassword->text())
+            sMessage = tr("The new password must differ from the present one.");
+    }
+    if (!sMessage.isEmpty()) {
+        ShowPasswordError(sMessage);
         return false;
     }
     if (sPassword != m_pUi->edtConfirm->text()) {
         m_pUi->edtConfirm->SetErrorHint(tr("The passwords do not match."));
+        m_pUi->edtConfirm->GetLineEdit()->setFocus();
         return false;
     }
     return true;
@@ -177,19 +246,14 @@ bool CSignInDlg::CheckSetUp()
 void CSignInDlg::OnSubmit()
 {
     ShowError(QString());
-    for (VxGUI::VxLineEdit* pEdit : {m_pUi->edtUserName, m_pUi->edtPassword}) {
-        if (!pEdit->CheckInput().isEmpty()) {
-            pEdit->GetLineEdit()->setFocus();
-            return;
-        }
-    }
-    if (m_mode == Mode::SetUp && !CheckSetUp())
+    if (!CheckFields())
         return;
     SetBusy(true);
     if (m_mode == Mode::SetUp)
         m_client.SetUp(m_pUi->edtPassword->text());
     else
-        m_client.SignIn(m_pUi->edtUserName->text().trimmed(), m_pUi->edtPassword->text());
+        m_client.SignIn(m_pUi->edtUserName->text().trimmed(), m_pUi->edtPassword->text(),
+            m_mode == Mode::NewPassword ? m_pUi->edtNewPassword->text() : QString());
 }
 
 void CSignInDlg::OnSetUp(int nErrorCode, const QString& sDetail)
@@ -201,28 +265,48 @@ void CSignInDlg::OnSetUp(int nErrorCode, const QString& sDetail)
     // Somebody else was faster: the account has its password, so this one signs in like any other.
     if (nErrorCode == UICommonMdl::ErrorSetupDone)
         ShowForm(Mode::SignIn);
-    SetBusy(false);
-    ShowError(sDetail.isEmpty() ? UICommonMdl::CErrorCode::GetErroCodeInfor(nErrorCode) : sDetail);
+    OnNewPasswordRefused(nErrorCode, sDetail);
 }
 
-void CSignInDlg::OnSignIn(int nErrorCode, const QString&)
+void CSignInDlg::OnSignIn(int nErrorCode, const QString& sDetail)
 {
     m_bAtOnce = false;
-    if (nErrorCode == UICommonMdl::ErrorNone) {
-        m_pUi->edtPassword->setText(QString());
-        m_pUi->edtConfirm->setText(QString());
+    switch (nErrorCode) {
+    case UICommonMdl::ErrorNone:
+        for (VxGUI::VxLineEdit* pEdit : {m_pUi->edtPassword, m_pUi->edtNewPassword, m_pUi->edtConfirm})
+            pEdit->setText(QString());
         SetBusy(false);
         accept();
         return;
-    }
-    if (nErrorCode == UICommonMdl::ErrorSetupNeeded) {
+    case UICommonMdl::ErrorSetupNeeded:
         ShowForm(Mode::SetUp);
+        return;
+    case UICommonMdl::ErrorPasswordChangeNeeded:
+        ShowForm(Mode::NewPassword);
+        return;
+    default:
+        break;
+    }
+    if (m_mode == Mode::NewPassword && !IsAboutAccount(nErrorCode)) {
+        OnNewPasswordRefused(nErrorCode, sDetail);
         return;
     }
     ShowForm(Mode::SignIn);
     m_pUi->edtPassword->GetLineEdit()->selectAll();
     m_pUi->edtPassword->GetLineEdit()->setFocus();
     ShowError(UICommonMdl::CErrorCode::GetErroCodeInfor(nErrorCode));
+}
+
+void CSignInDlg::OnNewPasswordRefused(int nErrorCode, const QString& sDetail)
+{
+    SetBusy(false);
+    QString sText = UICommonMdl::CErrorCode::GetErroCodeInfor(nErrorCode);
+    if (!sDetail.isEmpty())
+        sText += QStringLiteral(" (") + sDetail + QLatin1Char(')');
+    if (nErrorCode == UICommonMdl::ErrorPasswordRule)
+        ShowPasswordError(sText);
+    else
+        ShowError(sText);
 }
 
 } // namespace ClientApp

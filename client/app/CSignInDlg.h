@@ -11,9 +11,14 @@ namespace PlatformLogic {
 class CPlatformClient;
 }
 
+namespace VxGUI {
+class VxLineEdit;
+}
+
 namespace ClientApp {
 
-/// Signs the user in; on the first start of a server it asks for the password of the built-in account before.
+/// Signs the user in; on the first start of a server it asks for the password of the built-in account before,
+/// and for a new password where the server wants one.
 /// Accepted when the user is signed in. User-interface thread.
 class CSignInDlg : public QDialog
 {
@@ -23,7 +28,8 @@ public:
     enum class Mode
     {
         SignIn,
-        SetUp ///< first start: the password of the built-in account is chosen
+        SetUp, ///< first start: the password of the built-in account is chosen
+        NewPassword ///< name and password are right, but a new password has to be chosen
     };
 
     /// client is borrowed and outlives the dialog.
@@ -50,7 +56,12 @@ private:
     void SetBusy(bool bBusy);
     void ShowError(const QString& sText);
     void OnSubmit();
-    bool CheckSetUp();
+    void ShowFields();
+    void ShowPasswordError(const QString& sText);
+    VxGUI::VxLineEdit* NewPasswordEdit() const;
+    bool CheckFields();
+    bool CheckNewPassword();
+    void OnNewPasswordRefused(int nErrorCode, const QString& sDetail);
     void OnServerState(int nErrorCode, bool bSetupNeeded);
     void OnSetUp(int nErrorCode, const QString& sDetail);
     void OnSignIn(int nErrorCode, const QString& sDetail);

@@ -391,7 +391,14 @@ wire::UserFailures UserService::AddDomainUsers(
     wire::UserFailures answer;
     for (const std::string& sName :
         std::set<std::string>(request.vecUserNames.begin(), request.vecUserNames.end())) {
-        const auto optFound = m_directory.Find(sName);
+        std::optional<DirectoryUser> optFound;
+        try {
+            optFound = m_directory.Find(sName);
+        } catch (const ServiceError& error) {
+            // One name that the directory has several times does not spoil the others.
+            if (error.Code() != UICommonMdl::ErrorNameExists)
+                throw;
+        }
         if (!optFound) {
             answer.vecFailed.push_back({sName, UICommonMdl::ErrorNotFound});
             continue;
@@ -426,6 +433,18 @@ wire::UserFailures UserService::AddDomainUsers(
     return answer;
 }
 
+bool UserService::IsInDirectory(const std::string& sName) const
+{
+    try {
+        return m_directory.Find(sName).has_value();
+    } catch (const ServiceError& error) {
+        // Several of that name: it is there, although nobody can sign in by it.
+        if (error.Code() == UICommonMdl::ErrorNameExists)
+            return true;
+        throw;
+    }
+}
+
 wire::DomainUsers UserService::QueryInvalidDomainUsers()
 {
     const std::vector<DomainUser_t> vecKnown = m_pool.Read([](Database& database) {
@@ -440,7 +459,7 @@ wire::DomainUsers UserService::QueryInvalidDomainUsers()
     if (!m_directory.IsConfigured())
         throw ServiceError(UICommonMdl::ErrorDirectoryNotConfigured);
     for (const DomainUser_t& user : vecKnown)
-        if (!m_directory.Find(user.sUserName))
+        if (!IsInDirectory(user.sUserName))
             answer.vecDomainUsers.push_back(user);
     return answer;
 }
@@ -460,7 +479,7 @@ wire::UserFailures UserService::DeleteInvalidDomainUsers(const Context& context,
         // Somebody may have come back to the directory since it was asked.
         if (!bDomain)
             answer.vecFailed.push_back({sName, UICommonMdl::ErrorNotFound});
-        else if (m_directory.Find(sName))
+        else if (IsInDirectory(sName))
             answer.vecFailed.push_back({sName, UICommonMdl::ErrorReferenced});
         else
             vecInvalid.push_back(sName);

@@ -60,6 +60,7 @@ private:
         const std::string& sName, std::vector<std::int64_t>& vecGone);
     wire::UserFailures DeleteEach(
         const Context& context, std::string_view sOperation, const std::vector<std::string>& vecNames);
+    bool IsInDirectory(const std::string& sName) const;
     void Changed();
 
     DatabasePool& m_pool;

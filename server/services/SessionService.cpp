@@ -165,7 +165,10 @@ bool SessionService::KnowsPassword(const Account& account, const std::string& sP
     try {
         const auto optUser = m_directory.Find(account.sName);
         return optUser && m_directory.CheckPassword(optUser->sDn, sPassword);
-    } catch (const ServiceError&) {
+    } catch (const ServiceError& error) {
+        // A name that the directory has several times is nobody's.
+        if (error.Code() == UICommonMdl::ErrorNameExists)
+            return false;
         Release(account);
         throw;
     }

@@ -1,0 +1,59 @@
+#include "CUserModel.h"
+
+#include "UserRules.h"
+
+#include <Trv/QSkin.h>
+
+#include <QCoreApplication>
+
+namespace PlatformConfigUI {
+
+using UserLogical::UserInfo_t;
+
+namespace {
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(CUserManagerUserCtrl)
+};
+
+QVector<Common::TableColumn> MakeColumns()
+{
+    return {{QString(), true}, {Text::tr("Username"), true}, {Text::tr("Role"), true},
+        {Text::tr("Status"), true}, {Text::tr("User Type"), true}, {Text::tr("Operation"), true}};
+}
+
+} // namespace
+
+CUserModel::CUserModel(QObject* pParent)
+    : CTableModel(MakeColumns(), UserColumnName, UserColumnCheck, pParent)
+{
+}
+
+void CUserModel::SetUsers(const std::vector<UserInfo_t>& vecUsers)
+{
+    const QIcon online = Trv::GetIcon(QStringLiteral("online"));
+    const QIcon offline = Trv::GetIcon(QStringLiteral("offline"));
+    const QIcon locked = Trv::GetIcon(QStringLiteral("locked"));
+    QVector<Row> vecRows;
+    vecRows.reserve(int(vecUsers.size()));
+    for (const UserInfo_t& user : vecUsers) {
+        const QString sName = QString::fromStdString(user.sUserName);
+        Row row{MakeItem(), MakeItem(sName), MakeItem(FromNames(user.vecRoleNames).join(QLatin1Char(','))),
+            MakeItem(GetOnlineText(user.bOnline)), MakeItem(GetUserTypeText(user.nUserType)), MakeItem()};
+        row[UserColumnStatus]->setIcon(user.bOnline ? online : offline);
+        if (user.nLockState != UserLogical::LockStateUsable) {
+            row[UserColumnName]->setIcon(locked);
+            row[UserColumnName]->setData(Text::tr("%1, locked").arg(sName), Qt::AccessibleTextRole);
+        }
+        for (QStandardItem* pItem : row) {
+            pItem->setData(sName, UserRoleName);
+            pItem->setData(user.sUserName != UserLogical::BuiltInUserName, UserRoleAllowed);
+            pItem->setData(user.nLockState, UserRoleLockState);
+        }
+        vecRows.append(row);
+    }
+    SetRows(vecRows);
+}
+
+} // namespace PlatformConfigUI

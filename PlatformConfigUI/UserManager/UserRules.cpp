@@ -1,0 +1,88 @@
+#include "UserRules.h"
+
+#include <UICommonMdl/CErrorCode.h>
+
+#include <QCoreApplication>
+#include <QLocale>
+
+#include <algorithm>
+
+namespace PlatformConfigUI {
+
+namespace {
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(UserRules)
+};
+constexpr int LongestInterval = 365;
+} // namespace
+
+bool IsMailAddress(const QString& sAddress)
+{
+    const int nAt = sAddress.indexOf(QLatin1Char('@'));
+    return nAt >= 0 && sAddress.lastIndexOf(QLatin1Char('.')) >= nAt;
+}
+
+QString CheckMacAddresses(const std::vector<std::string>& vecAddresses, bool bBound)
+{
+    if (vecAddresses.size() > std::size_t(MacAddressCount))
+        return Text::tr("The number of MAC address cannot exceed 5.");
+    if (vecAddresses.empty() && bBound)
+        return Text::tr("Please enter MAC address.");
+    const bool bWrong = std::any_of(vecAddresses.begin(), vecAddresses.end(),
+        [](const std::string& sAddress) { return sAddress.size() != std::size_t(MacAddressLength); });
+    return bWrong ? Text::tr("Invalid MAC format.") : QString();
+}
+
+QDateTime GetDefaultExpiry()
+{
+    const QDateTime now = QDateTime::currentDateTime();
+    return QDateTime(now.date().addYears(1), QTime(now.time().hour(), now.time().minute()));
+}
+
+QString GetUserTypeText(int nUserType)
+{
+    return nUserType == UserLogical::UserTypeDomain ? Text::tr("Domain User") : Text::tr("Normal User");
+}
+
+QString GetOnlineText(bool bOnline)
+{
+    return bOnline ? Text::tr("Online") : Text::tr("Offline");
+}
+
+QString GetPasswordExpirationText(bool bInterval, qint64 nChanged, int nDays)
+{
+    if (!bInterval)
+        return Text::tr("Never");
+    if (nDays < 1 || nDays > LongestInterval)
+        return QStringLiteral("-");
+    const QDateTime end = QDateTime::fromMSecsSinceEpoch(nChanged).addDays(nDays);
+    return end.toString(QStringLiteral("yyyy-MM-dd HH:mm"));
+}
+
+QStringList GetFailureLines(const std::vector<UserLogical::UserFailure_t>& vecFailed)
+{
+    QStringList listLines;
+    for (const UserLogical::UserFailure_t& failure : vecFailed)
+        listLines.append(QStringLiteral("%1: %2").arg(QString::fromStdString(failure.sUserName),
+            UICommonMdl::CErrorCode::GetErroCodeInfor(failure.nErrorCode)));
+    return listLines;
+}
+
+std::vector<std::string> ToNames(const QStringList& listNames)
+{
+    std::vector<std::string> vecNames;
+    for (const QString& sName : listNames)
+        vecNames.push_back(sName.toStdString());
+    return vecNames;
+}
+
+QStringList FromNames(const std::vector<std::string>& vecNames)
+{
+    QStringList listNames;
+    for (const std::string& sName : vecNames)
+        listNames.append(QString::fromStdString(sName));
+    return listNames;
+}
+
+} // namespace PlatformConfigUI
