@@ -43,3 +43,4 @@ std::vector<BenchResult> BenchDiscovery();
 std::vector<BenchResult> BenchPersons();
 std::vector<BenchResult> BenchPersonTree();
 std::vector<BenchResult> BenchRightsTree();
+std::vector<BenchResult> BenchAccounts();

@@ -34,7 +34,8 @@ int main(int argc, char** argv)
         std::vector<BenchResult> (*run)();
     } benchmarks[] = {{"home", &BenchHomePage}, {"device", &BenchDevicePage}, {"server", &BenchServerQueries},
         {"file", &BenchImportFile}, {"import", &BenchImport}, {"discovery", &BenchDiscovery},
-        {"persons", &BenchPersons}, {"tree", &BenchPersonTree}, {"rights", &BenchRightsTree}};
+        {"persons", &BenchPersons}, {"tree", &BenchPersonTree}, {"rights", &BenchRightsTree},
+        {"accounts", &BenchAccounts}};
     printf("name | measured | reference | ratio | bound\n");
     bool bHeld = true;
     for (const auto& benchmark : benchmarks) {

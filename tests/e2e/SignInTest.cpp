@@ -95,6 +95,34 @@ TEST_F(SignIn, WrongPasswordsLockTheAccountAndSaySo)
     EXPECT_TRUE(m_client.IsSignedIn());
 }
 
+TEST_F(SignIn, APasswordThatIsDueIsChangedWithTheSignIn)
+{
+    Open(true);
+    m_pServer->AddAccount("guard", {"001001"});
+    m_pServer->RunSql(QStringLiteral("UPDATE account SET force_change = 1 WHERE name = 'guard'"));
+    Submit(QStringLiteral("guard"), QString::fromStdString(TestServer::AdminPassword()));
+    EXPECT_FALSE(m_client.IsSignedIn());
+    ASSERT_TRUE(m_pDriver->IsShown(QStringLiteral("edtNewPassword")));
+    EXPECT_FALSE(m_pDriver->IsShown(QStringLiteral("edtPassword")));
+    m_pDriver->Screenshot(QStringLiteral("sign-in-new-password"));
+    const auto choose = [&](const char* pszPassword) {
+        m_pDriver->Type(QStringLiteral("edtNewPassword"), QLatin1String(pszPassword));
+        m_pDriver->Type(QStringLiteral("edtConfirm"), QLatin1String(pszPassword));
+        m_pDriver->Click(QStringLiteral("btnSignIn"));
+        PageDriver::WaitFor([&] { return m_client.GetOpenRequestCount() == 0; });
+        PageDriver::Settle();
+    };
+    for (const char* pszBad : {"short1", "guard", "Lantern-42"}) {
+        choose(pszBad);
+        EXPECT_FALSE(
+            m_pDriver->Find<VxGUI::VxLineEdit>(QStringLiteral("edtNewPassword"))->GetErrorHint().isEmpty())
+            << pszBad;
+        EXPECT_FALSE(m_client.IsSignedIn());
+    }
+    choose("Windmill-23");
+    EXPECT_TRUE(m_client.IsSignedIn());
+}
+
 TEST_F(SignIn, AServerThatIsDownCanBeTriedAgain)
 {
     Open(true);
@@ -180,8 +208,8 @@ TEST_F(MainWindow, EveryEntryOpensItsPageAndHomeLeadsBack)
     Open("system");
     const QStringList listTabs = Tabs();
     ASSERT_EQ(listTabs.size(), 15);
-    const QStringList listThere{
-        QStringLiteral("ResourceManagerWidget"), QStringLiteral("BasicInfoManagerUI")};
+    const QStringList listThere{QStringLiteral("ResourceManagerWidget"), QStringLiteral("BasicInfoManagerUI"),
+        QStringLiteral("UserManagerWidget")};
     for (const QString& sTab : listTabs) {
         m_pDriver->Click(sTab);
         QWidget* pPage = m_pWindow->GetShownPage();

@@ -1,4 +1,5 @@
 #include "ServerFixture.h"
+#include "Slapd.h"
 
 namespace ServerTest {
 
@@ -351,6 +352,57 @@ TEST_P(AccountTest, TheLogTellsWhoDidWhatAndNoSecret)
         }
     request.nBelowId = page.vecEntries[0].nId;
     EXPECT_EQ(pClient->Get<wire::QueryAuditPage>(request).vecEntries.at(0).sOperation, "user/modify");
+}
+
+TEST_P(AccountTest, DomainUsersComeFromTheDirectoryAndSignInAgainstIt)
+{
+    Start();
+    EXPECT_EQ(pClient->Call<wire::QueryDomainUsers>().nCode, ErrorDirectoryNotConfigured);
+    EXPECT_EQ(pClient->Call<wire::QueryInvalidDomainUsers>().nCode, ErrorDirectoryNotConfigured);
+
+    TestSupport::Slapd directory;
+    for (const char* szName : {"nora", "olaf", "system"})
+        directory.AddUser(szName, TestSupport::Slapd::UserPassword);
+    TestSupport::TestServerOptions options;
+    options.directory.sUrl = directory.Url();
+    options.directory.sBaseDn = directory.BaseDn();
+    options.directory.sBindDn = directory.ReaderDn();
+    options.directory.sBindPassword = directory.ReaderPassword();
+    Start(options);
+    const std::string sRole = AddRole("Guard", {"001001"});
+    const auto found = pClient->Get<wire::QueryDomainUsers>();
+    ASSERT_EQ(found.vecDomainUsers.size(), 2U) << "who is an account already is left out";
+    EXPECT_EQ(found.vecDomainUsers[0], (DomainUser_t{"nora", directory.UserDn("nora")}));
+    const auto failed = pClient->Get<wire::AddDomainUsers>({{"nora", "olaf", "system", "paul"}, {sRole}});
+    EXPECT_THAT(failed.vecFailed,
+        testing::UnorderedElementsAre(
+            UserFailure_t{"system", ErrorNameExists}, UserFailure_t{"paul", ErrorNotFound}));
+    EXPECT_EQ(pClient->Get<wire::QueryUserInfo>({"nora"}).nUserType, UserTypeDomain);
+
+    EXPECT_EQ(Code("nora", TestSupport::Slapd::UserPassword), 0);
+    EXPECT_EQ(Code("nora", ""), ErrorWrongPassword);
+    EXPECT_EQ(Code("nora", "Wrong-4242"), ErrorWrongPassword);
+    User_t nora = pClient->Get<wire::QueryUserInfo>({"nora"});
+    nora.sPassword = NextPassword;
+    EXPECT_EQ(pClient->Call<wire::ModifyUser>(nora).nCode, ErrorInvalidInput)
+        << "the directory has its password";
+    // A directory that is away locks nobody out.
+    directory.Stop();
+    for (int n = 0; n < 6; ++n)
+        EXPECT_EQ(Code("nora", TestSupport::Slapd::UserPassword), ErrorDirectoryUnreachable);
+    directory.Start();
+    EXPECT_EQ(Code("nora", TestSupport::Slapd::UserPassword), 0);
+
+    EXPECT_TRUE(pClient->Get<wire::QueryInvalidDomainUsers>().vecDomainUsers.empty());
+    directory.RemoveUser("olaf");
+    EXPECT_EQ(Code("olaf", TestSupport::Slapd::UserPassword), ErrorWrongPassword);
+    const auto invalid = pClient->Get<wire::QueryInvalidDomainUsers>();
+    ASSERT_EQ(invalid.vecDomainUsers.size(), 1U);
+    EXPECT_EQ(invalid.vecDomainUsers[0].sUserName, "olaf");
+    const auto kept = pClient->Get<wire::DeleteInvalidDomainUsers>({{"olaf", "nora", "system"}});
+    EXPECT_EQ(kept.vecFailed.size(), 2U) << "who is in the directory, or never was of it, stays";
+    EXPECT_EQ(pClient->Call<wire::QueryUserInfo>({"olaf"}).nCode, ErrorNotFound);
+    EXPECT_EQ(pClient->Call<wire::QueryUserInfo>({"nora"}).nCode, 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(
