@@ -154,6 +154,10 @@ void RoleDevices::ApplyOrganization(const Change& change)
         m_database.Run(
             sSql + QLatin1String(" ON CONFLICT (role_id, org_code) ") + QLatin1String(szConflict), values);
     };
+    if (change.nAuto == Change::Off)
+        m_database.Run(QLatin1String("UPDATE role_org SET auto_pass = 0 WHERE role_id = ? AND org_code IN ")
+                + QLatin1String(SubTree),
+            {role, code});
     if (change.nRight == Change::On) {
         addOrganizations(0, "DO NOTHING");
         Run("DELETE FROM role_channel WHERE role_id = ? AND device_id IN (SELECT d.id FROM device d WHERE "
@@ -164,9 +168,11 @@ void RoleDevices::ApplyOrganization(const Change& change)
             "{reached} ON CONFLICT (role_id, device_id) DO UPDATE SET whole = 1",
             "d.id", {role, code});
     } else if (change.nRight == Change::Off) {
+        // An organisation that passes on what is added keeps doing so until that is turned off.
         QVariantList values{role, code};
         QString sSql =
-            QLatin1String("DELETE FROM role_org WHERE role_id = ? AND org_code IN ") + QLatin1String(SubTree);
+            QLatin1String("DELETE FROM role_org WHERE role_id = ? AND auto_pass = 0 AND org_code IN ")
+            + QLatin1String(SubTree);
         if (!m_scope.IsAll())
             sSql += QLatin1String(" AND ") + m_scope.OwnOrganizationTerm(QStringLiteral("org_code"), values);
         m_database.Run(sSql, values);
@@ -176,10 +182,6 @@ void RoleDevices::ApplyOrganization(const Change& change)
     }
     if (change.nAuto == Change::On)
         addOrganizations(1, "DO UPDATE SET auto_pass = 1");
-    else if (change.nAuto == Change::Off)
-        m_database.Run(QLatin1String("UPDATE role_org SET auto_pass = 0 WHERE role_id = ? AND org_code IN ")
-                + QLatin1String(SubTree),
-            {role, code});
 }
 
 void RoleDevices::ApplyDevices(const std::vector<const Change*>& vecChanges)

@@ -149,7 +149,7 @@ const ClickCase Clicks[] = {
         "Root North Yard Gate Channel 1 Channel 2 Lobby South", {{Org, "001", 0, 0, Off, Keep}}},
     {"OrderOfTheList", {">North", ">Gate", "Channel 1", "Lobby", "South", "*South", "*Root"},
         "Root~ North~ Yard Gate~ Channel 1 Channel 2+ Lobby+ South+",
-        {{Org, "001", 0, 0, Keep, On}, {Org, "1002", 0, 0, On, On}, {Dev, "2", 0, 0, On, Keep},
+        {{Org, "001", 0, 0, Keep, On}, {Org, "1002", 0, 0, On, Keep}, {Dev, "2", 0, 0, On, Keep},
             {Chn, "1", ChannelVideo, 1, Off, Keep}}},
     {"SwitchTwice", {"*North", "*South", "*South"}, "Root~ North~ South", {{Org, "1001", 0, 0, Keep, Off}}},
     {"SwitchOutlivesABoxAbove", {"*South", "Root"}, "Root+ North+ South+",

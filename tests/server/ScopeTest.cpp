@@ -189,9 +189,15 @@ TEST_P(ScopeTest, AutoAuthorizationPassesOnWhatIsAdded)
     pServer->Restart();
     EXPECT_EQ(Seen(*pGuard).size(), 6U);
 
+    Change({Organization(sNorth, DeviceRightChange_t::Off)});
+    EXPECT_EQ(Seen(*pGuard), Names());
+    AddDevice("Late", sNorth);
+    EXPECT_EQ(Seen(*pGuard), Names{"Late"}) << "what is taken is taken, what comes is passed on";
+    Change({Organization(sNorth, DeviceRightChange_t::On)});
+    EXPECT_EQ(Seen(*pGuard).size(), 7U);
     Change({Organization(sNorth, DeviceRightChange_t::Keep, DeviceRightChange_t::Off)});
     AddDevice("Roof", sNorth);
-    EXPECT_EQ(Seen(*pGuard).size(), 6U) << "what is there stays, what comes does not";
+    EXPECT_EQ(Seen(*pGuard).size(), 7U) << "what is there stays, what comes does not";
     EXPECT_EQ(States("001"), (Names{"North 1"}));
 }
 
