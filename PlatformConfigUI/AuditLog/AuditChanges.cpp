@@ -110,6 +110,25 @@ QString GetValueText(const QString& sKey, const QJsonValue& value)
     return {};
 }
 
+/// Leaves in two lists what the other one lacks. Lists of the same items in another order stay as they are.
+void DropCommon(QJsonValue& before, QJsonValue& after)
+{
+    const QJsonArray old = before.toArray();
+    const QJsonArray fresh = after.toArray();
+    const auto without = [](const QJsonArray& items, const QJsonArray& others) {
+        QJsonArray left;
+        std::copy_if(items.begin(), items.end(), std::back_inserter(left),
+            [&others](const QJsonValue& item) { return !others.contains(item); });
+        return left;
+    };
+    const QJsonArray gone = without(old, fresh);
+    const QJsonArray come = without(fresh, old);
+    if (gone.isEmpty() && come.isEmpty())
+        return;
+    before = gone;
+    after = come;
+}
+
 /// The counter of a record's changes tells nothing that the change does not.
 bool IsTold(const QString& sKey)
 {
@@ -122,8 +141,8 @@ void Compare(const QString& sPath, const QJsonObject& before, const QJsonObject&
     QStringList listKeys = before.keys() + after.keys();
     listKeys.removeDuplicates();
     for (const QString& sKey : qAsConst(listKeys)) {
-        const QJsonValue old = before.value(sKey);
-        const QJsonValue fresh = after.value(sKey);
+        QJsonValue old = before.value(sKey);
+        QJsonValue fresh = after.value(sKey);
         if (old == fresh || !IsTold(sKey))
             continue;
         const QString sField = sPath + GetFieldName(sKey);
@@ -131,6 +150,8 @@ void Compare(const QString& sPath, const QJsonObject& before, const QJsonObject&
             Compare(sField + QStringLiteral(" / "), old.toObject(), fresh.toObject(), vecChanges);
             continue;
         }
+        if (old.isArray() && fresh.isArray())
+            DropCommon(old, fresh);
         const AuditChange change{sField, GetValueText(sKey, old), GetValueText(sKey, fresh)};
         if (!change.sBefore.isEmpty() || !change.sAfter.isEmpty())
             vecChanges.append(change);

@@ -1,6 +1,7 @@
 #include "RoleService.h"
 
 #include "AccountRules.h"
+#include "Channels.h"
 #include "DeviceRightTree.h"
 #include "RoleDevices.h"
 #include "ServiceError.h"
@@ -87,17 +88,51 @@ std::int64_t SourceOf(const RoleEdit_t& edit)
     return nSource;
 }
 
-/// What the log keeps of a role: its record, how much of the devices it has, and what was changed of that.
+std::string TextOf(Database& database, const QString& sSql, const QVariant& value)
+{
+    Rows rows = database.Run(sSql, {value});
+    return rows.Next() ? rows.Text(0) : std::string();
+}
+
+/// "Gate / Channel 2: given", as the log tells it.
+std::string Described(Database& database, const UserLogical::DeviceRightChange_t& change)
+{
+    using Change = UserLogical::DeviceRightChange_t;
+    std::string sText = change.nKind == UserLogical::DeviceNodeOrganization
+        ? TextOf(
+            database, QStringLiteral("SELECT name FROM organization WHERE code = ?"), TextValue(change.sId))
+        : TextOf(database, QStringLiteral("SELECT name FROM device WHERE id = ?"),
+            DeviceRecords::NumberOf(change.sId).value_or(0));
+    for (const ChannelColumn& column : ChannelColumns)
+        if (change.nKind == UserLogical::DeviceNodeChannel && column.nKind == change.nChannelKind)
+            sText.append(" / ").append(column.szName).append(" ").append(std::to_string(change.nChannel));
+    sText.append(":");
+    if (change.nRight != Change::Keep)
+        sText.append(change.nRight == Change::On ? " given" : " taken");
+    if (change.nAuto != Change::Keep)
+        sText.append(change.nAuto == Change::On ? " auto authorization on" : " auto authorization off");
+    return sText;
+}
+
+/// What the log keeps of a role: its record with the names of its rights, how much of the devices it has, and
+/// what was changed of that.
 nlohmann::json LogRecord(Database& database, const Role_t& role, const RoleEdit_t* pEdit)
 {
     nlohmann::json record = role;
+    for (const char* szRights : {"vecMenuRights", "vecFuncRights"})
+        for (nlohmann::json& code : record[szRights])
+            code = TextOf(database, QStringLiteral("SELECT name FROM right_code WHERE code = ?"),
+                TextValue(code.get<std::string>()));
     record["nDevices"] = RoleDevices::CountDevices(database, AccountRules::RoleNumber(role.sRoleId));
     if (pEdit) {
         const auto itEnd = pEdit->vecChanges.begin()
             + static_cast<std::ptrdiff_t>(std::min(pEdit->vecChanges.size(), AuditedChanges));
-        record["vecDeviceChanges"] =
-            std::vector<UserLogical::DeviceRightChange_t>(pEdit->vecChanges.begin(), itEnd);
-        record["nDeviceChanges"] = pEdit->vecChanges.size();
+        nlohmann::json changes = nlohmann::json::array();
+        std::for_each(pEdit->vecChanges.begin(), itEnd,
+            [&](const auto& change) { changes.push_back(Described(database, change)); });
+        if (pEdit->vecChanges.size() > AuditedChanges)
+            changes.push_back("and " + std::to_string(pEdit->vecChanges.size() - AuditedChanges) + " more");
+        record["vecDeviceChanges"] = std::move(changes);
     }
     return record;
 }

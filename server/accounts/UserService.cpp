@@ -42,6 +42,18 @@ QVariantList Values(const User_t& user)
         TextValue(user.sRemark), user.bBindMac ? 1 : 0};
 }
 
+/// What the log keeps of a user: the names of his roles instead of their numbers.
+nlohmann::json LogRecord(Database& database, const User_t& user)
+{
+    nlohmann::json record = user;
+    nlohmann::json roles = nlohmann::json::array();
+    for (const std::string& sRoleId : user.vecRoleIds)
+        roles.push_back(RoleService::Read(database, AccountRules::RoleNumber(sRoleId)).sName);
+    record.erase("vecRoleIds");
+    record["vecRoles"] = std::move(roles);
+    return record;
+}
+
 /// The built-in account keeps what lets somebody in at any time.
 void CheckBuiltIn(const User_t& user, const std::vector<std::string>& vecOldRoles)
 {
@@ -206,8 +218,8 @@ void UserService::InsertAccount(Database& database, const Context& context, std:
                        "email, remark, bind_mac) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
         values + Values(user));
     WriteParts(database, context, nId, user, {});
-    m_audit.Write(
-        database, context, sOperation, user.sUserName, nullptr, Read(database, user.sUserName).user);
+    m_audit.Write(database, context, sOperation, user.sUserName, nullptr,
+        LogRecord(database, Read(database, user.sUserName).user));
 }
 
 User_t UserService::Add(const Context& context, const User_t& user)
@@ -252,6 +264,7 @@ User_t UserService::Modify(const Context& context, const User_t& user)
         if (nId == BuiltInId)
             CheckBuiltIn(wanted, before.user.vecRoleIds);
         AccountRules::CheckNotAbove(database, context, nId);
+        const nlohmann::json logBefore = LogRecord(database, before.user);
         const QVariant id = static_cast<qlonglong>(nId);
         database.Run(
             QStringLiteral("UPDATE account SET multi_login = ?, force_change = ?, password_days = ?, "
@@ -270,10 +283,10 @@ User_t UserService::Modify(const Context& context, const User_t& user)
         WriteParts(database, context, nId, wanted, before.user.vecRoleIds);
         AccountRules::CheckManagerLeft(database, 0);
         User_t after = Read(database, wanted.sUserName).user;
-        nlohmann::json logged = after;
+        nlohmann::json logged = LogRecord(database, after);
         if (!sHash.empty())
             logged["bPasswordChanged"] = true;
-        m_audit.Write(database, context, wire::ModifyUser::Name, after.sUserName, before.user, logged);
+        m_audit.Write(database, context, wire::ModifyUser::Name, after.sUserName, logBefore, logged);
         return after;
     });
     if (!sHash.empty() && nId != context.nAccountId)
@@ -330,8 +343,9 @@ void UserService::DeleteOne(Database& database, const Context& context, std::str
         throw ServiceError(UICommonMdl::ErrorOwnAccount);
     AccountRules::CheckNotAbove(database, context, account.nId);
     AccountRules::CheckManagerLeft(database, account.nId);
+    const nlohmann::json logged = LogRecord(database, account.user);
     database.Run(QStringLiteral("DELETE FROM account WHERE id = ?"), {static_cast<qlonglong>(account.nId)});
-    m_audit.Write(database, context, sOperation, account.user.sUserName, account.user, nullptr);
+    m_audit.Write(database, context, sOperation, account.user.sUserName, logged, nullptr);
     vecGone.push_back(account.nId);
 }
 

@@ -43,6 +43,8 @@ TEST(AuditRules, OnlyWhatChangedIsTold)
             "Role / Name: a → b"},
         {R"({"vecCards":[{"sCardNo":"0A","bMain":true}]})", R"({"vecCards":[]})",
             "Cards: (Main: Yes, Card No.: 0A) → (empty)"},
+        {R"({"vecRoles":["A","B"]})", R"({"vecRoles":["B","C"]})", "Roles: A → C"},
+        {R"({"vecRoles":["A","B"]})", R"({"vecRoles":["B","A"]})", "Roles: A, B → B, A"},
         {R"({"nLockState":1})", R"({"nLockState":2})", "Lock State: Usable → Locked"},
         {"", R"({"nErrorCode":21})", "Refused: (empty) → User name or password is wrong."},
         {R"({"sPassword":"***","nBig":4503599627370497})", R"({"sPassword":"***","nBig":4503599627370496})",
