@@ -8,6 +8,7 @@
 #include <UICommonMdl/CInterfaceSetManager.h>
 #include <UserLogical/IUserManager.h>
 #include <VxGUI/TextLayout.h>
+#include <VxGUI/VxEmptyState.h>
 #include <common/StyleSheet.h>
 
 namespace ResourceManagerUI {
@@ -17,6 +18,12 @@ constexpr const char* RightDeviceManager = "001001001";
 constexpr const char* RightDeviceConfig = "001001002";
 constexpr int MsgRightsChanged = 7;
 constexpr int NavigationTextWidth = 96;
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(CResourceManager)
+};
+
 } // namespace
 
 CResourceManager::CResourceManager(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
@@ -24,6 +31,7 @@ CResourceManager::CResourceManager(UICommonMdl::CInterfaceSetManager* pInterface
     , m_pInterfaceSet(pInterfaceSet)
     , m_pUi(std::make_unique<Ui::CResourceManager>())
     , m_pDeviceManager(new CDeviceManagerCtrl(pInterfaceSet))
+    , m_pNoRight(new VxGUI::VxEmptyState)
 {
     m_pUi->setupUi(this);
     setObjectName(QStringLiteral("CResourceManager"));
@@ -37,6 +45,10 @@ CResourceManager::CResourceManager(UICommonMdl::CInterfaceSetManager* pInterface
     pConfigPage->setObjectName(QStringLiteral("pageDeviceConfig"));
     m_pUi->stackPages->addWidget(pDevicePage);
     m_pUi->stackPages->addWidget(pConfigPage);
+    m_pNoRight->setObjectName(QStringLiteral("pageNoRight"));
+    m_pNoRight->SetState(
+        VxGUI::VxEmptyState::Kind::NoPermission, Text::tr("You do not have the right to use these pages."));
+    m_pUi->stackPages->addWidget(m_pNoRight);
     SetUpEntry(m_pUi->btnDeviceManager, QStringLiteral("ResourceManagerUI/DeviceManager"),
         QStringLiteral("DeviceManager"), pDevicePage);
     SetUpEntry(m_pUi->btnDeviceConfig, QStringLiteral("ResourceManagerUI/ResourceConfig"),
@@ -81,11 +93,16 @@ void CResourceManager::ApplyRights()
     const bool bConfig = HasRight(RightDeviceConfig);
     m_pUi->btnDeviceManager->setVisible(bManager);
     m_pUi->btnDeviceConfig->setVisible(bConfig);
-    m_pUi->stackPages->setVisible(bManager || bConfig);
+    m_pUi->wgtNavigation->setVisible(bManager || bConfig);
+    if (!bManager && !bConfig) {
+        m_pUi->stackPages->setCurrentWidget(m_pNoRight);
+        return;
+    }
     const bool bConfigChosen = m_pUi->btnDeviceConfig->isChecked();
     QToolButton* pChosen =
         (bConfigChosen && bConfig) || !bManager ? m_pUi->btnDeviceConfig : m_pUi->btnDeviceManager;
     pChosen->setChecked(true);
+    m_pUi->stackPages->setCurrentIndex(pChosen == m_pUi->btnDeviceManager ? 0 : 1);
 }
 
 bool CResourceManager::OnMsg(int nMsg, QVariant*, void*)

@@ -14,6 +14,10 @@ namespace UICommonMdl {
 class CInterfaceSetManager;
 }
 
+namespace VxGUI {
+class VxEmptyState;
+}
+
 namespace ResourceManagerUI {
 
 class CDeviceManagerCtrl;
@@ -42,6 +46,7 @@ private:
     UICommonMdl::CInterfaceSetManager* m_pInterfaceSet;
     std::unique_ptr<Ui::CResourceManager> m_pUi;
     CDeviceManagerCtrl* m_pDeviceManager;
+    VxGUI::VxEmptyState* m_pNoRight; ///< in place of the pages for who has neither right
 };
 
 } // namespace ResourceManagerUI

@@ -185,9 +185,9 @@ void AddObstacles(DeviceWriter& writer, const std::vector<qlonglong>& vecIds)
 void AddOperator(Database& database)
 {
     database.Run(QStringLiteral("INSERT INTO role (id, name, name_key) VALUES (2, 'Operator', 'operator')"));
-    database.Run(
-        QStringLiteral("INSERT INTO role_right (role_id, code) VALUES (2, '001'), (2, '001001'), (2, '002'), "
-                       "(2, '002001'), (2, '002002')"));
+    database.Run(QStringLiteral("INSERT INTO role_right (role_id, code) VALUES (2, '001'), (2, '001001'), "
+                                "(2, '001001001'), (2, '002'), "
+                                "(2, '002001'), (2, '002002')"));
     // Without a password nobody can sign in by it.
     database.Run(
         QStringLiteral("INSERT INTO account (id, name, name_key) VALUES (2, 'operator', 'operator')"));

@@ -63,7 +63,7 @@ Migration RolesAndScopes(bool bPostgres)
             {S::Both,
                 "UPDATE right_code SET name = CASE code "
                 "WHEN '001' THEN 'Basic Configuration' WHEN '001001' THEN 'Device' "
-                "WHEN '001001001' THEN 'Device Management' WHEN '001001002' THEN 'Resource Configuration' "
+                "WHEN '001001001' THEN 'Add Device' WHEN '001001002' THEN 'Device Configuration' "
                 "WHEN '001002' THEN 'User' WHEN '001002001' THEN 'User Management' "
                 "WHEN '001002002' THEN 'Role Management' WHEN '001002003' THEN 'Audit Log' "
                 "WHEN '001003' THEN 'Storage' WHEN '002' THEN 'Applications' WHEN '002001' THEN 'Event' "
