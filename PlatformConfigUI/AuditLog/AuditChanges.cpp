@@ -66,7 +66,7 @@ QString GetNumberText(const QString& sKey, double dValue)
     const qint64 nUnit = TimeUnits().value(sKey);
     if (nUnit > 0)
         return dValue == 0 ? QString() : GetTimeText(qint64(dValue) * nUnit);
-    const QString sMeaning = GetMeaning(sKey, int(dValue));
+    QString sMeaning = GetMeaning(sKey, int(dValue));
     if (!sMeaning.isEmpty())
         return sMeaning;
     return dValue == std::floor(dValue) ? QString::number(dValue, 'f', 0) : QString::number(dValue);

@@ -172,6 +172,7 @@ std::vector<DeviceRightChange_t> CRightTreeItem::GetChanges() const
         return std::pair(left.change.nKind, left.nDepth) < std::pair(right.change.nKind, right.nDepth);
     });
     std::vector<DeviceRightChange_t> vecChanges;
+    vecChanges.reserve(vecFound.size());
     for (const Found& found : vecFound)
         vecChanges.push_back(found.change);
     return vecChanges;

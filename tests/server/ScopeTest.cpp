@@ -201,6 +201,39 @@ TEST_P(ScopeTest, AutoAuthorizationPassesOnWhatIsAdded)
     EXPECT_EQ(States("001"), (Names{"North 1"}));
 }
 
+TEST_P(ScopeTest, AnImportKeepsToWhatTheRoleReaches)
+{
+    StartSite();
+    Change({Organization(sNorth, DeviceRightChange_t::On, DeviceRightChange_t::On)});
+    const auto row = [](int nLine, const std::string& sName, const std::string& sOrganization) {
+        GroupLogical::ImportRow_t device;
+        device.nLine = nLine;
+        device.sName = sName;
+        device.sConnect = "1";
+        device.sAddress = "127.9.8." + std::to_string(nLine);
+        device.sPort = "37777";
+        device.sUserName = "admin";
+        device.sPassword = "Device-17";
+        device.sOrganization = sOrganization;
+        return device;
+    };
+    auto hidden = row(4, "Dock", sNorth);
+    hidden.sAddress = "127.9.9.3"; // that of a device that is not reached
+    hidden.sPort = "80";
+    const auto job = pGuard->Get<wire::BeginImport>({"001", "xml"});
+    pGuard->Get<wire::AddImportRows>(
+        {job.sJob, {row(1, "Porch", sNorth), row(2, "Quay", sSouth), row(3, "Hall", ""), hidden}});
+    pGuard->Get<wire::RunImport>({job.sJob, false, false});
+    std::map<int, int> mapFailed;
+    for (const auto& item : pGuard->Finish(job).items) {
+        const auto failure = item.get<GroupLogical::ImportFailure_t>();
+        mapFailed[failure.nLine] = failure.nErrorCode;
+    }
+    EXPECT_EQ(
+        mapFailed, (std::map<int, int>{{2, ErrorNotFound}, {3, ErrorNotFound}, {4, ErrorAddressExists}}));
+    EXPECT_EQ(Seen(*pGuard), (Names{"Gate", "Lobby", "Porch"}));
+}
+
 TEST_P(ScopeTest, ChangesApplyFromTheRootDownAndShowInTheTree)
 {
     StartSite();
