@@ -52,8 +52,7 @@ public:
     void SetUp(const QString& sPassword);
     /// sNewPassword takes the place of the password from now on, where the server asks for that
     /// (ErrorPasswordChangeNeeded).
-    void SignIn(
-        const QString& sUserName, const QString& sPassword, const QString& sNewPassword = QString());
+    void SignIn(const QString& sUserName, const QString& sPassword, const QString& sNewPassword = QString());
     /// Ends the session on the server as far as it can be reached, and here at once.
     void SignOut();
     bool IsSignedIn() const;

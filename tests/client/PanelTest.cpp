@@ -1,10 +1,10 @@
 #include "PageDriver.h"
 
+#include "fakes/FakeUserManager.h"
 #include <UICommonMdl/CBasePanel.h>
 #include <UICommonMdl/CInterfaceSetManager.h>
 #include <UICommonMdl/CPluginPanel.h>
 #include <VxPluginAPI/IAbstractWidget.h>
-#include "fakes/FakeUserManager.h"
 
 #include <QVBoxLayout>
 
