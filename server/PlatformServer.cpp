@@ -401,7 +401,7 @@ void PlatformServer::Private::PublishStates(const wire::DeviceStates& states)
     hub.PublishEach(wire::event::DeviceStates, [&](std::int64_t nAccountId) {
         const RightsService::Rights pOwn = pRights->RightsOf(nAccountId);
         if (pOwn->scope.IsAll())
-            return sAll;
+            return std::string(sAll);
         std::vector<std::int64_t> vecIds;
         for (const auto& state : states.vecStates)
             vecIds.push_back(std::stoll(state.sDeviceId));

@@ -204,6 +204,7 @@ std::vector<std::string> DeviceRightTree::RoleTexts(const std::set<std::int64_t>
     std::set<std::int64_t> setAll = m_setEverything;
     setAll.insert(setRoles.begin(), setRoles.end());
     std::vector<std::string> vecIds;
+    vecIds.reserve(setAll.size());
     for (const std::int64_t nRole : setAll)
         vecIds.push_back(std::to_string(nRole));
     return vecIds;

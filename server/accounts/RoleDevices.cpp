@@ -127,6 +127,7 @@ void RoleDevices::Apply(const std::vector<Change>& vecChanges)
     for (const auto& [nLevel, pChange] : vecOrganizations)
         ApplyOrganization(*pChange);
     std::vector<const Change*> vecDevices;
+    vecDevices.reserve(mapDevices.size());
     for (const auto& [sId, pChange] : mapDevices)
         vecDevices.push_back(pChange);
     ApplyDevices(vecDevices);

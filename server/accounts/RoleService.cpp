@@ -263,7 +263,7 @@ Role_t RoleService::Add(const Context& context, const RoleEdit_t& edit)
         if (const std::int64_t nSource = SourceOf(edit); nSource != 0)
             devices.CopyFrom(nSource);
         devices.Apply(edit.vecChanges);
-        const Role_t role = Read(database, nId);
+        Role_t role = Read(database, nId);
         m_audit.Write(
             database, context, wire::AddRole::Name, role.sName, nullptr, LogRecord(database, role, &edit));
         return role;
@@ -295,7 +295,7 @@ Role_t RoleService::Modify(const Context& context, const RoleEdit_t& edit)
             devices.CopyFrom(nSource);
         devices.Apply(edit.vecChanges);
         AccountRules::CheckManagerLeft(database, 0);
-        const Role_t role = Read(database, nId);
+        Role_t role = Read(database, nId);
         m_audit.Write(
             database, context, wire::ModifyRole::Name, role.sName, logged, LogRecord(database, role, &edit));
         return role;

@@ -82,7 +82,7 @@ std::string EscapeFilterValue(const std::string& sValue)
 
 LdapConnection::LdapConnection(const DirectoryOptions& options)
     : m_options(options)
-    , m_timeOut{options.nTimeoutMs / 1000, options.nTimeoutMs % 1000 * 1000}
+    , m_timeOut{options.nTimeoutMs / 1000, options.nTimeoutMs % 1000 * 1000L}
 {
     LDAP* pLdap = nullptr;
     const int nResult = ldap_initialize(&pLdap, options.sUrl.c_str());
