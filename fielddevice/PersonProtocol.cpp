@@ -17,11 +17,6 @@ std::int64_t NowMs()
     return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
 }
 
-Answer Fail(int nStatus, const char* szError, const std::string& sMessage)
-{
-    return {nStatus, json{{"error", szError}, {"message", sMessage}}.dump()};
-}
-
 std::string Base64(const std::string& sBytes)
 {
     static constexpr char Letters[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";

@@ -9,11 +9,6 @@ namespace {
 using nlohmann::json;
 constexpr int MaxOffset = 14 * 60;
 
-Answer Fail(int nStatus, const char* szError, const std::string& sMessage)
-{
-    return {nStatus, json{{"error", szError}, {"message", sMessage}}.dump()};
-}
-
 /// The answer to a setting.
 Answer Done(const Refusal& refusal)
 {

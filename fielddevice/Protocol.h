@@ -24,6 +24,12 @@ struct Answer
     bool bStale = false; ///< the nonce was right, but too old
 };
 
+/// The answer of the JSON protocol to a request that fails; szError is for programs, sMessage for people.
+inline Answer Fail(int nStatus, const char* szError, const std::string& sMessage)
+{
+    return {nStatus, nlohmann::json{{"error", szError}, {"message", sMessage}}.dump()};
+}
+
 class DigestGate;
 class TokenGate;
 

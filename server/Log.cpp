@@ -13,19 +13,29 @@ namespace {
 
 std::atomic<bool> s_bQuiet{false};
 
+std::string Quoted(std::string_view sText)
+{
+    return nlohmann::json(sText).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+}
+
 void Write(
     std::string_view sLevel, std::string_view sComponent, std::string_view sMessage, Log::Fields fields)
 {
-    nlohmann::ordered_json record;
-    record["time"] = QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs).toStdString();
-    record["level"] = sLevel;
-    record["component"] = sComponent;
-    record["message"] = sMessage;
+    std::string sLine =
+        "{\"time\":" + Quoted(QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs).toStdString());
+    const auto add = [&sLine](std::string_view sName, std::string_view sText) {
+        sLine += ',';
+        sLine += Quoted(sName);
+        sLine += ':';
+        sLine += Quoted(sText);
+    };
+    add("level", sLevel);
+    add("component", sComponent);
+    add("message", sMessage);
     for (const auto& [sName, sValue] : fields)
-        record[std::string(sName)] = sValue;
+        add(sName, sValue);
     // One call a record, so that records of different threads do not mix.
-    const std::string sLine =
-        record.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + '\n';
+    sLine += "}\n";
     std::fwrite(sLine.data(), 1, sLine.size(), stderr);
 }
 

@@ -25,6 +25,17 @@ private:
     int m_nCode; ///< UICommonMdl::ErrorCode
 };
 
+/// Throws ErrorInvalidInput with the field's name when a request's page (counted from 1) or its size (1 to
+/// 1,000 rows) cannot be answered.
+inline void CheckPage(int nPage, int nPageSize)
+{
+    constexpr int PageSizeLimit = 1000;
+    if (nPage < 1)
+        throw ServiceError(UICommonMdl::ErrorInvalidInput, "nPage");
+    if (nPageSize < 1 || nPageSize > PageSizeLimit)
+        throw ServiceError(UICommonMdl::ErrorInvalidInput, "nPageSize");
+}
+
 /// How the server program ends.
 enum ExitCode : int
 {

@@ -7,8 +7,6 @@
 #include <RemoteConfigLogical/RemoteConfigRecords.h>
 #include <UserLogical/UserRecords.h>
 
-#include <algorithm>
-
 // Records that pages see: declared in host/, coded here.
 
 namespace GroupLogical {
@@ -498,25 +496,8 @@ struct AccessRecords
 WIRE_RECORD(AccessRecords, vecRecords, nTotal)
 
 /// The detail of a failure ErrorPersonDuplicate: a line a clash.
-inline std::string ClashText(const std::vector<AccessControlLogical::PersonClash_t>& vecClashes)
-{
-    std::string sText;
-    for (const AccessControlLogical::PersonClash_t& clash : vecClashes)
-        sText += std::to_string(clash.nKind) + ':' + clash.sValue + '\n';
-    return sText;
-}
-
+std::string ClashText(const std::vector<AccessControlLogical::PersonClash_t>& vecClashes);
 /// The clashes of such a detail; lines of another form are left out.
-inline std::vector<AccessControlLogical::PersonClash_t> ClashesOf(const std::string& sText)
-{
-    std::vector<AccessControlLogical::PersonClash_t> vecClashes;
-    for (std::size_t nFrom = 0; nFrom < sText.size();) {
-        const std::size_t nEnd = std::min(sText.find('\n', nFrom), sText.size());
-        if (nEnd - nFrom >= 2 && sText[nFrom + 1] == ':')
-            vecClashes.push_back({sText[nFrom] - '0', sText.substr(nFrom + 2, nEnd - nFrom - 2)});
-        nFrom = nEnd + 1;
-    }
-    return vecClashes;
-}
+std::vector<AccessControlLogical::PersonClash_t> ClashesOf(const std::string& sText);
 
 } // namespace wire

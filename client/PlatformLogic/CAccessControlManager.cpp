@@ -13,8 +13,6 @@ using RecordResult = IAccessControlManagerObserver;
 
 namespace {
 
-/// For answers without data.
-constexpr auto TakeNothing = [](auto&, wire::Nothing&&) {};
 constexpr auto TakeDepartment = [](DepartmentResult::Param& param, Department_t&& department) {
     if (param.nErrorCode == UICommonMdl::ErrorNone)
         param.vecDepartments.push_back(std::move(department));
@@ -23,7 +21,7 @@ constexpr auto TakePerson = [](PersonResult::Param& param, Person_t&& person) {
     if (param.nErrorCode == UICommonMdl::ErrorNone)
         param.optPerson = std::move(person);
 };
-constexpr auto TakeFailed = [](PersonResult::Param& param, wire::PersonBatchAnswer&& answer) {
+constexpr auto TakeFailedPersons = [](PersonResult::Param& param, wire::PersonBatchAnswer&& answer) {
     param.vecFailed = std::move(answer.vecFailed);
 };
 
@@ -211,7 +209,7 @@ int CAccessControlManager::ModifyPerson(const Person_t& person)
 int CAccessControlManager::DeletePersons(const std::vector<std::string>& vecPersonIds)
 {
     return Call<wire::DeletePersons, PersonParam>(
-        PersonResult::ResultDeletePersons, {vecPersonIds}, TakeFailed);
+        PersonResult::ResultDeletePersons, {vecPersonIds}, TakeFailedPersons);
 }
 
 int CAccessControlManager::DeleteAllPersons(const std::string& sGroupCode, bool bSubGroups)
@@ -224,7 +222,7 @@ int CAccessControlManager::MovePersons(
     const std::vector<std::string>& vecPersonIds, const std::string& sGroupCode)
 {
     return Call<wire::MovePersons, PersonParam>(
-        PersonResult::ResultMovePersons, {vecPersonIds, sGroupCode}, TakeFailed);
+        PersonResult::ResultMovePersons, {vecPersonIds, sGroupCode}, TakeFailedPersons);
 }
 
 int CAccessControlManager::IssueCards(
@@ -237,8 +235,8 @@ int CAccessControlManager::IssueCards(
 int CAccessControlManager::AuthorizePersons(const std::vector<std::string>& vecPersonIds,
     const std::vector<std::string>& vecAccessGroups, const std::vector<std::string>& vecFaceGroups)
 {
-    return Call<wire::AuthorizePersons, PersonParam>(
-        PersonResult::ResultAuthorizePersons, {vecPersonIds, vecAccessGroups, vecFaceGroups}, TakeFailed);
+    return Call<wire::AuthorizePersons, PersonParam>(PersonResult::ResultAuthorizePersons,
+        {vecPersonIds, vecAccessGroups, vecFaceGroups}, TakeFailedPersons);
 }
 
 int CAccessControlManager::ReissuePersonRight(const std::string& sPersonId)

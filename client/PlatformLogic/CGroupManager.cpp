@@ -10,8 +10,6 @@ using GroupLogical::IGroupManagerObserver;
 
 namespace {
 
-/// For answers without data.
-constexpr auto TakeNothing = [](IGroupManagerObserver::Param&, wire::Nothing&&) {};
 constexpr auto TakeOrganization = [](IGroupManagerObserver::Param& param,
                                       GroupLogical::Organization_t&& organization) {
     param.vecOrganizations.push_back(std::move(organization));
@@ -23,7 +21,7 @@ constexpr auto TakeDevice = [](IGroupManagerObserver::Param& param, GroupLogical
 constexpr auto TakePage = [](IGroupManagerObserver::Param& param, GroupLogical::DevicePage_t&& page) {
     param.devicePage = std::move(page);
 };
-constexpr auto TakeFailed = [](IGroupManagerObserver::Param& param, wire::BatchAnswer&& answer) {
+constexpr auto TakeFailedDevices = [](IGroupManagerObserver::Param& param, wire::BatchAnswer&& answer) {
     param.vecFailed = std::move(answer.vecFailed);
 };
 
@@ -138,13 +136,13 @@ int CGroupManager::QueryDeviceReferences(const std::string& sDeviceId)
 int CGroupManager::DeleteDevice(const std::vector<std::string>& vecDeviceIds, int nMode)
 {
     return Call<wire::DeleteDevice>(
-        IGroupManagerObserver::ResultDeleteDevice, {vecDeviceIds, nMode}, TakeFailed);
+        IGroupManagerObserver::ResultDeleteDevice, {vecDeviceIds, nMode}, TakeFailedDevices);
 }
 
 int CGroupManager::MoveDevice(const std::vector<std::string>& vecDeviceIds, const std::string& sOrgCode)
 {
     return Call<wire::MoveDevice>(
-        IGroupManagerObserver::ResultMoveDevice, {vecDeviceIds, sOrgCode}, TakeFailed);
+        IGroupManagerObserver::ResultMoveDevice, {vecDeviceIds, sOrgCode}, TakeFailedDevices);
 }
 
 int CGroupManager::QueryDeviceTypes()

@@ -4,8 +4,8 @@ namespace PlatformLogic {
 
 namespace {
 constexpr std::size_t ChunkSize = 1000;
-constexpr int RetryMs = 1000;
-constexpr int RetryLimit = 30;
+constexpr int ImportRetryMs = 1000;
+constexpr int ImportRetryLimit = 30;
 } // namespace
 
 CImportSender::CImportSender(
@@ -68,12 +68,12 @@ void CImportSender::Run(CServerConnection& connection, const wire::RunImportRequ
                 || (nAttempt > 0 && answer.nErrorCode == UICommonMdl::ErrorInvalidInput);
             if (bRuns)
                 FollowJob(connection, request.sJob, nSequence, handler);
-            else if (bLost && nAttempt < RetryLimit)
+            else if (bLost && nAttempt < ImportRetryLimit)
                 Run(connection, request, nSequence, handler, nAttempt + 1);
             else
                 handler({nSequence, answer.nErrorCode, answer.sDetail, true, {}});
         },
-        nAttempt == 0 ? 0 : RetryMs);
+        nAttempt == 0 ? 0 : ImportRetryMs);
 }
 
 int CImportSender::StartUploaded(

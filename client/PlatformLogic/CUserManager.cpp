@@ -9,7 +9,6 @@ using Result = IUserManagerObserve;
 
 namespace {
 
-constexpr auto TakeNothing = [](auto&, wire::Nothing&&) {};
 constexpr auto TakeUser = [](Result::Param& param, User_t&& user) {
     if (param.nErrorCode == UICommonMdl::ErrorNone)
         param.optUser = std::move(user);
@@ -21,7 +20,7 @@ constexpr auto TakeRole = [](Result::Param& param, Role_t&& role) {
 constexpr auto TakeRoles = [](Result::Param& param, wire::Roles&& answer) {
     param.vecRoles = std::move(answer.vecRoles);
 };
-constexpr auto TakeFailed = [](Result::Param& param, wire::UserFailures&& answer) {
+constexpr auto TakeFailedUsers = [](Result::Param& param, wire::UserFailures&& answer) {
     param.vecFailed = std::move(answer.vecFailed);
 };
 constexpr auto TakeRights = [](Result::Param& param, wire::RightNodes&& answer) {
@@ -195,7 +194,7 @@ int CUserManager::UnlockUser(const std::string& sUserName)
 
 int CUserManager::DeleteUsers(const std::vector<std::string>& vecUserNames)
 {
-    return Call<wire::DeleteUsers>(Result::ResultDeleteUsers, {vecUserNames}, TakeFailed);
+    return Call<wire::DeleteUsers>(Result::ResultDeleteUsers, {vecUserNames}, TakeFailedUsers);
 }
 
 int CUserManager::QueryUserRole(const std::string& sUserName)
@@ -225,7 +224,7 @@ int CUserManager::ModifyRole(const RoleEdit_t& edit)
 
 int CUserManager::DeleteRoles(const std::vector<std::string>& vecRoleIds)
 {
-    return Call<wire::DeleteRoles>(Result::ResultDeleteRoles, {vecRoleIds}, TakeFailed);
+    return Call<wire::DeleteRoles>(Result::ResultDeleteRoles, {vecRoleIds}, TakeFailedUsers);
 }
 
 int CUserManager::QueryMenuRightList()
@@ -258,7 +257,8 @@ int CUserManager::QueryDomainUsers(const std::string& sSearchText)
 int CUserManager::AddDomainUsers(
     const std::vector<std::string>& vecUserNames, const std::vector<std::string>& vecRoleIds)
 {
-    return Call<wire::AddDomainUsers>(Result::ResultAddDomainUsers, {vecUserNames, vecRoleIds}, TakeFailed);
+    return Call<wire::AddDomainUsers>(
+        Result::ResultAddDomainUsers, {vecUserNames, vecRoleIds}, TakeFailedUsers);
 }
 
 int CUserManager::QueryInvalidDomainUsers()
@@ -269,7 +269,7 @@ int CUserManager::QueryInvalidDomainUsers()
 int CUserManager::DeleteInvalidDomainUsers(const std::vector<std::string>& vecUserNames)
 {
     return Call<wire::DeleteInvalidDomainUsers>(
-        Result::ResultDeleteInvalidDomainUsers, {vecUserNames}, TakeFailed);
+        Result::ResultDeleteInvalidDomainUsers, {vecUserNames}, TakeFailedUsers);
 }
 
 int CUserManager::QueryAuditPage(const AuditRequest_t& request)

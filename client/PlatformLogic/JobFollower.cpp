@@ -6,8 +6,8 @@ namespace PlatformLogic {
 
 namespace {
 
-constexpr int RetryMs = 1000;
-constexpr int RetryLimit = 120;
+constexpr int JobRetryMs = 1000;
+constexpr int JobRetryLimit = 120;
 
 class Follower : public std::enable_shared_from_this<Follower>
 {
@@ -34,9 +34,9 @@ private:
     {
         const bool bLost = answer.nErrorCode == UICommonMdl::ErrorDisconnected
             || answer.nErrorCode == UICommonMdl::ErrorTimeOut;
-        if (bLost && ++m_nRetries <= RetryLimit) {
+        if (bLost && ++m_nRetries <= JobRetryLimit) {
             // The work goes on without the client.
-            Ask(RetryMs);
+            Ask(JobRetryMs);
             return;
         }
         if (answer.nErrorCode != UICommonMdl::ErrorNone) {

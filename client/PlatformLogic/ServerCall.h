@@ -17,6 +17,9 @@ struct TypedAnswer
     Answer data;
 };
 
+/// For answers without data.
+constexpr auto TakeNothing = [](auto&, wire::Nothing&&) {};
+
 /// Sends one operation; the handler is called once, on the network thread. Answers the request's number
 /// (above 0), which is sent after nDelayMs. Text that is not UTF-8 is replaced, never sent as it is.
 template <class Op, class Handler>

@@ -18,7 +18,6 @@ using namespace UserLogical;
 
 namespace {
 
-constexpr int PageSizeLimit = 1000;
 constexpr std::int64_t BuiltInId = 1;
 
 std::vector<std::string> RoleIdsOf(Database& database, std::int64_t nAccountId)
@@ -77,8 +76,7 @@ UserService::UserService(DatabasePool& pool, EventHub& hub, const AuditService& 
 
 UserPage_t UserService::QueryPage(const UserPageRequest_t& request)
 {
-    if (request.nPage < 1 || request.nPageSize < 1 || request.nPageSize > PageSizeLimit)
-        throw ServiceError(UICommonMdl::ErrorInvalidInput, "nPage");
+    CheckPage(request.nPage, request.nPageSize);
     const std::set<std::int64_t> setOnline = m_hub.Accounts();
     return m_pool.Read([&](Database& database) {
         QString sWhere = QStringLiteral(" WHERE a.name_key LIKE ? ESCAPE '\\'");

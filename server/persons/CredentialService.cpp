@@ -13,7 +13,6 @@ namespace {
 
 constexpr const char* QrPrefix = "P1:";
 constexpr std::size_t ExtractLimit = 1000;
-constexpr int PageSizeLimit = 1000;
 
 /// Runs what talks to a device; its faults become the job's.
 template <class Work>
@@ -128,8 +127,7 @@ wire::RecordTotal CredentialService::CountRecords(
 wire::AccessRecords CredentialService::QueryRecords(
     const Context& context, const AccessRecordRequest_t& request)
 {
-    if (request.nPage < 1 || request.nPageSize < 1 || request.nPageSize > PageSizeLimit)
-        throw ServiceError(UICommonMdl::ErrorInvalidInput, "nPage");
+    CheckPage(request.nPage, request.nPageSize);
     wire::AccessRecords answer;
     answer.nTotal = CountRecords(context, request).nTotal;
     m_pool.Read([&](Database& database) {

@@ -18,7 +18,7 @@ constexpr TreeTable Tree("person_group");
 constexpr std::size_t NameLimit = 50;
 constexpr std::size_t RemarkLimit = 255;
 
-Department_t ReadRow(const Rows& rows)
+Department_t ReadDepartment(const Rows& rows)
 {
     return {rows.Text(0), rows.Text(1), rows.Text(2), rows.Text(3), rows.Big(4)};
 }
@@ -30,7 +30,7 @@ Department_t Find(Database& database, const std::string& sCode)
         {TextValue(sCode)});
     if (!rows.Next())
         throw ServiceError(UICommonMdl::ErrorNotFound);
-    return ReadRow(rows);
+    return ReadDepartment(rows);
 }
 
 Department_t Checked(Department_t department)
@@ -75,7 +75,7 @@ wire::Departments DepartmentService::Query()
                            "JOIN person_group_ancestor a ON a.code = g.code AND a.ancestor = '001' "
                            "ORDER BY a.distance, g.name_key"));
         while (rows.Next())
-            answer.vecDepartments.push_back(ReadRow(rows));
+            answer.vecDepartments.push_back(ReadDepartment(rows));
         return answer;
     });
 }

@@ -15,8 +15,6 @@ using namespace AccessControlLogical;
 
 namespace {
 
-constexpr int PageSizeLimit = 1000;
-
 const char* const Columns =
     "SELECT p.id, p.name, p.gender, p.person_type, p.group_code, g.name, p.telephone, p.photo, "
     "(SELECT COUNT(*) FROM person_card c WHERE c.person_id = p.id), "
@@ -168,10 +166,7 @@ PersonPage_t PersonPages::FirstPage(
 
 PersonPage_t PersonPages::Page(Database& database, const PersonPageRequest_t& request)
 {
-    if (request.nPage < 1)
-        throw ServiceError(UICommonMdl::ErrorInvalidInput, "nPage");
-    if (request.nPageSize < 1 || request.nPageSize > PageSizeLimit)
-        throw ServiceError(UICommonMdl::ErrorInvalidInput, "nPageSize");
+    CheckPage(request.nPage, request.nPageSize);
     Filter filter(request);
     const PageIndex::Stamp stamp{m_generations.persons, 0};
     std::optional<PageIndex::Known> optKnown = m_index.Find(filter.CacheKey(), stamp);

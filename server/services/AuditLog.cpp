@@ -15,8 +15,6 @@ using UserLogical::AuditRequest_t;
 
 namespace {
 
-constexpr int PageSizeLimit = 1000;
-
 /// " WHERE …" (or nothing) of a request, with its values.
 QString Where(const DeviceScope& scope, const AuditRequest_t& request, QVariantList& values)
 {
@@ -67,8 +65,7 @@ AuditLog::AuditLog(DatabasePool& pool)
 
 AuditPage_t AuditLog::Query(const Context& context, const AuditRequest_t& request)
 {
-    if (request.nPage < 1 || request.nPageSize < 1 || request.nPageSize > PageSizeLimit)
-        throw ServiceError(UICommonMdl::ErrorInvalidInput, "nPage");
+    CheckPage(request.nPage, request.nPageSize);
     return m_pool.Read([&](Database& database) {
         QVariantList values;
         const QString sWhere = Where(context.Scope(), request, values);

@@ -17,8 +17,6 @@ using GroupLogical::DevicePageRequest_t;
 
 namespace {
 
-constexpr int PageSizeLimit = 1000;
-
 const char* const Columns = "d.id, d.name, d.address, d.port, d.category, d.model, d.org_code, o.name, "
                             "d.online_state, d.offline_reason, d.manufacturer, d.protocol, d.version, ";
 
@@ -180,10 +178,7 @@ std::vector<DeviceInfo_t> DevicePages::Read(
 DevicePage_t DevicePages::Page(
     Database& database, const DeviceScope& scope, const DevicePageRequest_t& request)
 {
-    if (request.nPage < 1)
-        throw ServiceError(UICommonMdl::ErrorInvalidInput, "nPage");
-    if (request.nPageSize < 1 || request.nPageSize > PageSizeLimit)
-        throw ServiceError(UICommonMdl::ErrorInvalidInput, "nPageSize");
+    CheckPage(request.nPage, request.nPageSize);
     const Filter filter(request, scope);
     const std::string sKey = filter.CacheKey();
     const PageIndex::Stamp stamp = StampOf(filter);

@@ -11,7 +11,7 @@ using GroupLogical::DeviceAddInfo_t;
 
 namespace {
 
-// One list for reading and writing; Values() and ReadRow() follow its order.
+// One list for reading and writing; Values() and ReadDevice() follow its order.
 #define DEVICE_COLUMNS                                                                                       \
     "name, address, port, category, model, org_code, manufacturer, protocol, access_direction, "             \
     "serial_number, user_name, remark, video_channels, alarm_inputs, alarm_outputs, add_mode, register_id, " \
@@ -36,7 +36,7 @@ QVariantList Values(const DeviceAddInfo_t& device)
         TextValue(DeviceSearchKey(device.sName, sAddress))};
 }
 
-DeviceAddInfo_t ReadRow(const Rows& rows)
+DeviceAddInfo_t ReadDevice(const Rows& rows)
 {
     DeviceAddInfo_t device;
     device.sName = rows.Text(0);
@@ -93,7 +93,7 @@ std::optional<DeviceAddInfo_t> Find(Database& database, const std::string& sDevi
     Rows rows = database.Run(QStringLiteral("SELECT " DEVICE_COLUMNS " FROM device WHERE id = ?"), {*optId});
     if (!rows.Next())
         return std::nullopt;
-    DeviceAddInfo_t device = ReadRow(rows);
+    DeviceAddInfo_t device = ReadDevice(rows);
     device.sDeviceId = sDeviceId;
     return device;
 }

@@ -21,7 +21,7 @@ namespace {
 constexpr std::size_t NameLimit = 50;
 constexpr std::size_t RemarkLimit = 255;
 
-Organization_t ReadRow(const Rows& rows)
+Organization_t ReadOrganization(const Rows& rows)
 {
     Organization_t organization;
     organization.sCode = rows.Text(0);
@@ -33,7 +33,7 @@ Organization_t ReadRow(const Rows& rows)
     return organization;
 }
 
-Organization_t Find(Database& database, const std::string& sCode)
+Organization_t FindOrganization(Database& database, const std::string& sCode)
 {
     Rows rows = database.Run(
         QStringLiteral(
@@ -41,7 +41,7 @@ Organization_t Find(Database& database, const std::string& sCode)
         {TextValue(sCode)});
     if (!rows.Next())
         throw ServiceError(UICommonMdl::ErrorNotFound);
-    return ReadRow(rows);
+    return ReadOrganization(rows);
 }
 
 constexpr TreeTable Tree("organization");
@@ -92,7 +92,7 @@ wire::Organizations OrganizationService::Query(const Context& context)
                 QLatin1String(" WHERE ") + context.Scope().OrganizationTerm(QStringLiteral("o.code"), values);
         Rows rows = database.Run(sSql + QLatin1String(" ORDER BY a.distance, o.sort, o.name_key"), values);
         while (rows.Next())
-            answer.vecOrganizations.push_back(ReadRow(rows));
+            answer.vecOrganizations.push_back(ReadOrganization(rows));
         return answer;
     });
 }
@@ -104,7 +104,7 @@ Organization_t OrganizationService::Add(const Context& context, const Organizati
     added.nVersion = 1;
     m_pool.Write([&](Database& database) {
         context.Scope().CheckOrganization(database, added.sParentCode);
-        Find(database, added.sParentCode);
+        FindOrganization(database, added.sParentCode);
         Tree.CheckChild(database, added.sParentCode, SessionService::OrganizationLevelLimit);
         added.sCode = std::to_string(database.NextNumber(QStringLiteral("organization")));
         Tree.CheckSiblings(database, added.sParentCode, added.sName, added.sCode);
@@ -125,7 +125,7 @@ Organization_t OrganizationService::Modify(const Context& context, const Organiz
     const Organization_t wanted = Checked(organization);
     Organization_t changed = m_pool.Write([&](Database& database) {
         context.Scope().CheckOrganization(database, wanted.sCode);
-        const Organization_t before = Find(database, wanted.sCode);
+        const Organization_t before = FindOrganization(database, wanted.sCode);
         if (before.nVersion != wanted.nVersion)
             throw ServiceError(UICommonMdl::ErrorVersionConflict);
         Organization_t after = before;
@@ -150,11 +150,11 @@ void OrganizationService::Delete(const Context& context, const wire::Code& code)
         throw ServiceError(UICommonMdl::ErrorOrganizationRoot);
     m_pool.Write([&](Database& database) {
         context.Scope().CheckOrganization(database, code.sCode);
-        Find(database, code.sCode);
+        FindOrganization(database, code.sCode);
         CheckEmpty(database, code.sCode);
         for (const std::string& sCode : Tree.Below(database, code.sCode)) {
             context.Scope().CheckOrganization(database, sCode);
-            const Organization_t gone = Find(database, sCode);
+            const Organization_t gone = FindOrganization(database, sCode);
             Tree.Remove(database, sCode);
             m_audit.Write(database, context, wire::DeleteOrganization::Name, sCode, gone, nullptr);
         }
@@ -169,8 +169,8 @@ void OrganizationService::Move(const Context& context, const wire::MoveOrganizat
     m_pool.Write([&](Database& database) {
         context.Scope().CheckOrganization(database, request.sCode);
         context.Scope().CheckOrganization(database, request.sNewParentCode);
-        const Organization_t before = Find(database, request.sCode);
-        Find(database, request.sNewParentCode);
+        const Organization_t before = FindOrganization(database, request.sCode);
+        FindOrganization(database, request.sNewParentCode);
         Organization_t after = before;
         after.sParentCode = request.sNewParentCode;
         ++after.nVersion;

@@ -2,6 +2,8 @@
 
 #include "ServiceError.h"
 
+#include <future>
+
 namespace Platform {
 
 namespace {
@@ -53,6 +55,35 @@ void DatabasePool::StartThread(Queue& queue, const DatabaseAddress& address)
         Serve(queue, *pDatabase);
     });
     opened.get_future().get();
+}
+
+void DatabasePool::RunReading(const Job& job)
+{
+    RunAndWait(m_readQueue, job);
+}
+
+void DatabasePool::RunWriting(const Job& job)
+{
+    RunAndWait(m_writeQueue, [&job](Database& database) {
+        Transaction transaction(database);
+        job(database);
+        transaction.Commit();
+    });
+}
+
+void DatabasePool::RunWritingBare(const Job& job)
+{
+    RunAndWait(m_writeQueue, job);
+}
+
+void DatabasePool::RunAndWait(Queue& queue, const Job& job)
+{
+    // Shared: the waiting caller may be gone before the thread has left the task.
+    auto pTask =
+        std::make_shared<std::packaged_task<void(Database&)>>([&job](Database& database) { job(database); });
+    std::future<void> done = pTask->get_future();
+    Submit(queue, [pTask](Database& database) { (*pTask)(database); });
+    done.get();
 }
 
 void DatabasePool::Submit(Queue& queue, Job job)

@@ -5,8 +5,8 @@
 #include <condition_variable>
 #include <deque>
 #include <functional>
-#include <future>
 #include <mutex>
+#include <optional>
 #include <thread>
 #include <type_traits>
 #include <vector>
@@ -33,32 +33,21 @@ public:
     template <class Work>
     auto Read(Work&& work)
     {
-        return RunOn(m_readQueue, std::forward<Work>(work));
+        return RunOn(&DatabasePool::RunReading, work);
     }
 
     /// work(Database&) in one transaction, committed when it returns and rolled back when it throws.
     template <class Work>
     auto Write(Work&& work)
     {
-        using Result = std::invoke_result_t<Work, Database&>;
-        return RunOn(m_writeQueue, [&work](Database& database) -> Result {
-            Transaction transaction(database);
-            if constexpr (std::is_void_v<Result>) {
-                work(database);
-                transaction.Commit();
-            } else {
-                Result result = work(database);
-                transaction.Commit();
-                return result;
-            }
-        });
+        return RunOn(&DatabasePool::RunWriting, work);
     }
 
     /// work(Database&) on the writing connection without a transaction.
     template <class Work>
     auto WriteBare(Work&& work)
     {
-        return RunOn(m_writeQueue, std::forward<Work>(work));
+        return RunOn(&DatabasePool::RunWritingBare, work);
     }
 
 private:
@@ -70,17 +59,25 @@ private:
         bool bEnding = false;
     };
 
+    /// Runs work by one of the Run functions below and answers what it answers.
     template <class Work>
-    auto RunOn(Queue& queue, Work&& work)
+    auto RunOn(void (DatabasePool::*run)(const Job&), Work& work)
     {
-        using Result = std::invoke_result_t<Work, Database&>;
-        // Shared: the waiting caller may be gone before the thread has left the task.
-        auto pTask = std::make_shared<std::packaged_task<Result(Database&)>>(std::ref(work));
-        std::future<Result> result = pTask->get_future();
-        Submit(queue, [pTask](Database& database) { (*pTask)(database); });
-        return result.get();
+        using Result = std::invoke_result_t<Work&, Database&>;
+        if constexpr (std::is_void_v<Result>) {
+            (this->*run)([&work](Database& database) { work(database); });
+        } else {
+            std::optional<Result> result;
+            (this->*run)([&work, &result](Database& database) { result.emplace(work(database)); });
+            return Result(std::move(*result));
+        }
     }
-    void Submit(Queue& queue, Job job);
+    void RunReading(const Job& job);
+    void RunWriting(const Job& job);
+    void RunWritingBare(const Job& job);
+    /// Waits until the job is done and throws what it throws.
+    static void RunAndWait(Queue& queue, const Job& job);
+    static void Submit(Queue& queue, Job job);
     void StartThread(Queue& queue, const DatabaseAddress& address);
     static void Serve(Queue& queue, Database& database);
     void End();

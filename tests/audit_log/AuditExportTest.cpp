@@ -52,7 +52,7 @@ TEST_F(AuditExportTest, ReadsTheWholeLogPieceByPiece)
     EXPECT_EQ(sheet.count("<row "), 2501);
     EXPECT_TRUE(sheet.contains("Name: Gate, Port: 37777"));
     EXPECT_TRUE(sheet.contains("Client Address"));
-    EXPECT_FALSE(WaitDialog());
+    EXPECT_TRUE(PageDriver::WaitFor([&] { return !WaitDialog(); }));
 }
 
 TEST_F(AuditExportTest, StopsAtTheLimitAndSaysSo)
@@ -81,8 +81,7 @@ TEST_F(AuditExportTest, CanBeCancelledBetweenPieces)
     ASSERT_EQ(Pieces().size(), 2U);
     Screenshot(WaitDialog(), "audit-export");
     QTest::keyClick(WaitDialog(), Qt::Key_Escape);
-    PageDriver::Settle();
-    EXPECT_FALSE(WaitDialog());
+    EXPECT_TRUE(PageDriver::WaitFor([&] { return !WaitDialog(); }));
     m_host.user.users.Answer(
         Pieces().back(), [](const FakeCall&, Param& param) { Fill(Request(), 5, param); });
     PageDriver::Settle();

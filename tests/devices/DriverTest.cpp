@@ -183,13 +183,13 @@ TEST_P(DriverTest, MovesToAnotherAddressAndIsFoundThere)
 TEST_P(DriverTest, AnAddressThatTheDeviceCannotTakeIsRefused)
 {
     Start();
-    for (const auto& [sAddress, sMask] : {std::pair<std::string, std::string>{"192.0.2.1", "255.255.255.0"},
+    for (const auto& place : {std::pair<std::string, std::string>{"192.0.2.1", "255.255.255.0"},
              {Loopback(9), "255.0.255.0"}, {Loopback(9), "nonsense"}}) {
         EXPECT_EQ(CodeOf([&] {
-            driver->SetAddress(Access(), {sAddress, sMask, {}});
+            driver->SetAddress(Access(), {place.first, place.second, {}});
         }),
             ErrorDeviceRefused)
-            << sAddress << ' ' << sMask;
+            << place.first << ' ' << place.second;
     }
     EXPECT_EQ(IdentifyCode(), 0);
 }

@@ -146,6 +146,8 @@ bool PageDriver::WaitFor(const std::function<bool()>& condition, int nDeadlineMs
             return false;
         }
         QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
+        // Outside of an event loop nobody else does.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
     return true;
 }
