@@ -1,37 +1,11 @@
-#include "PlatformServer.h"
+#include "PlatformServerPrivate.h"
 
 #include "Log.h"
 #include "ServiceError.h"
-#include "accounts/RoleService.h"
-#include "accounts/UserService.h"
-#include "devices/Drivers.h"
 #include "devices/FieldDeviceDriver.h"
 #include "devices/OnvifDriver.h"
-#include "devices/Prober.h"
 #include "devices/TcpReachability.h"
-#include "http/Dispatcher.h"
-#include "http/FileRoutes.h"
-#include "http/HttpFront.h"
-#include "import/ImportService.h"
-#include "persons/AuthorizationService.h"
-#include "persons/CredentialService.h"
-#include "persons/DepartmentService.h"
-#include "persons/PersonService.h"
-#include "persons/PhotoStore.h"
 #include "seed/Seeds.h"
-#include "services/AuditLog.h"
-#include "services/Catalog.h"
-#include "services/ChannelReader.h"
-#include "services/CloudService.h"
-#include "services/DeviceService.h"
-#include "services/FieldService.h"
-#include "services/JobService.h"
-#include "services/OrganizationService.h"
-#include "services/RightsService.h"
-#include "services/SecretBox.h"
-#include "services/SessionService.h"
-#include "services/TimeZones.h"
-#include "store/DatabasePool.h"
 #include "store/Migrations.h"
 
 #include <wire/Operations.h>
@@ -41,68 +15,8 @@
 #include <QFile>
 
 #include <algorithm>
-#include <mutex>
-#include <thread>
 
 namespace Platform {
-
-struct PlatformServer::Private
-{
-    explicit Private(ServerOptions serverOptions)
-        : options(std::move(serverOptions))
-        , hub(StreamLimit)
-        , audit(options.clock)
-        , directory(options.directory)
-    {
-    }
-
-    void PrepareDataDir() const;
-    void OpenStore();
-    void MakeServices();
-    void Register();
-    void RegisterDevices();
-    void RegisterField();
-    void RegisterPersons();
-    void RegisterAccounts();
-    void RegisterFiles();
-    void PublishStates(const wire::DeviceStates& states);
-    void AddressesChanged(const std::vector<std::string>& vecDeviceIds);
-    void Close();
-
-    static constexpr int StreamLimit = 256;
-
-    ServerOptions options;
-    EventHub hub;
-    Generations generations;
-    AuditService audit;
-    std::unique_ptr<DatabasePool> pPool;
-    Directory directory;
-    std::unique_ptr<RightsService> pRights;
-    std::unique_ptr<SessionService> pSessions;
-    std::unique_ptr<RoleService> pRoles;
-    std::unique_ptr<UserService> pUsers;
-    std::unique_ptr<AuditLog> pAuditLog;
-    std::unique_ptr<OrganizationService> pOrganizations;
-    std::unique_ptr<SecretBox> pBox;
-    Drivers drivers;
-    std::unique_ptr<DeviceService> pDevices;
-    std::unique_ptr<CloudService> pCloud;
-    std::unique_ptr<JobService> pJobs;
-    std::unique_ptr<FieldService> pField;
-    std::unique_ptr<ImportService> pImport;
-    std::unique_ptr<ChannelReader> pChannels;
-    std::unique_ptr<PhotoStore> pPhotos;
-    std::unique_ptr<std::jthread> pPhotoSweep; ///< removes what an earlier stop has left
-    std::unique_ptr<AuthorizationService> pAuthorization;
-    std::unique_ptr<DepartmentService> pDepartments;
-    std::unique_ptr<PersonService> pPersons;
-    std::unique_ptr<CredentialService> pCredentials;
-    std::unique_ptr<Dispatcher> pDispatcher;
-    std::unique_ptr<FileRoutes> pFiles;
-    std::unique_ptr<HttpFront> pHttp;
-    std::mutex proberMutex; ///< guards pProber while it is made and ended
-    std::unique_ptr<Prober> pProber;
-};
 
 void PlatformServer::Private::PrepareDataDir() const
 {
@@ -160,241 +74,6 @@ void PlatformServer::Private::MakeServices()
     pCredentials = std::make_unique<CredentialService>(*pPool, *pJobs, *pBox, drivers, options.clock);
 }
 
-void PlatformServer::Private::Register()
-{
-    Dispatcher& table = *pDispatcher;
-    SessionService& sessions = *pSessions;
-    OrganizationService& organizations = *pOrganizations;
-    using namespace wire;
-    using C = Context;
-
-    table.Register<GetServerState>([&](const C&, const auto&) { return sessions.State(); });
-    table.Register<SetUp>([&](const C& context, const auto& request) {
-        sessions.SetUp(context, request);
-        return Nothing{};
-    });
-    table.Register<SignIn>(
-        [&](const C& context, const auto& request) { return sessions.SignIn(context, request); });
-    table.Register<SignOut>([&](const C& context, const auto&) {
-        sessions.SignOut(context);
-        return Nothing{};
-    });
-    table.Register<GetSession>([&](const C& context, const auto&) { return sessions.Get(context); });
-    table.Register<GetDictionary>([](const C&, const auto&) { return Catalog::Dictionary(); });
-
-    table.Register<QueryOrganizations>(
-        [&](const C& context, const auto&) { return organizations.Query(context); });
-    table.Register<AddOrganization>(
-        [&](const C& context, const auto& request) { return organizations.Add(context, request); });
-    table.Register<ModifyOrganization>(
-        [&](const C& context, const auto& request) { return organizations.Modify(context, request); });
-    table.Register<DeleteOrganization>([&](const C& context, const auto& request) {
-        organizations.Delete(context, request);
-        return Nothing{};
-    });
-    table.Register<MoveOrganization>([&](const C& context, const auto& request) {
-        organizations.Move(context, request);
-        return Nothing{};
-    });
-    RegisterDevices();
-    RegisterField();
-    RegisterPersons();
-    RegisterAccounts();
-    RegisterFiles();
-}
-
-void PlatformServer::Private::RegisterDevices()
-{
-    Dispatcher& table = *pDispatcher;
-    DeviceService& devices = *pDevices;
-    using namespace wire;
-    using C = Context;
-
-    table.Register<QueryDevicePage>(
-        [&](const C& context, const auto& request) { return devices.QueryPage(context, request); });
-    table.Register<ExportDevice>(
-        [&](const C& context, const auto& request) { return devices.Export(context, request); });
-    table.Register<QueryDeviceDetail>(
-        [&](const C& context, const auto& request) { return devices.QueryDetail(context, request); });
-    table.Register<QueryDeviceReferences>(
-        [&](const C& context, const auto& request) { return devices.QueryReferences(context, request); });
-    table.Register<DeleteDevice>(
-        [&](const C& context, const auto& request) { return devices.Delete(context, request); });
-    table.Register<MoveDevice>(
-        [&](const C& context, const auto& request) { return devices.Move(context, request); });
-    table.Register<QueryDeviceTypes>(
-        [&](const C& context, const auto&) { return devices.QueryTypes(context); });
-    table.Register<AddDevice>(
-        [&](const C& context, const auto& request) { return devices.Add(context, request); });
-    table.Register<ModifyDevice>(
-        [&](const C& context, const auto& request) { return devices.Modify(context, request); });
-}
-
-void PlatformServer::Private::RegisterField()
-{
-    Dispatcher& table = *pDispatcher;
-    FieldService& field = *pField;
-    JobService& jobs = *pJobs;
-    ImportService& imports = *pImport;
-    using C = Context;
-
-    table.Register<wire::GetFeatures>([&](const C&, const auto&) {
-        RemoteConfigLogical::Features_t features;
-        features.bCloudAccount = pCloud->IsConfigured();
-        features.sCloudService = pCloud->Name();
-        features.sTemplateUrl = std::string(FileRoutes::DownloadPrefix) + "device-template?kind=device";
-        features.sIntercomTemplateUrl =
-            std::string(FileRoutes::DownloadPrefix) + "device-template?kind=intercom";
-        features.sUploadUrl = std::string(FileRoutes::UploadPrefix) + "device-sheet?format=sheet";
-        return features;
-    });
-    table.Register<wire::QueryVideoServers>(
-        [](const C&, const auto&) { return wire::VideoServers{Catalog::VideoServers()}; });
-    table.Register<wire::GetTimeZone>([](const C&, const auto&) { return TimeZones::Platform(); });
-    table.Register<wire::SearchOnlineDevice>(
-        [&](const C& context, const auto& request) { return field.Search(context, request); });
-    table.Register<wire::InitializeDevice>(
-        [&](const C& context, const auto& request) { return field.Initialize(context, request); });
-    table.Register<wire::ModifyAddress>(
-        [&](const C& context, const auto& request) { return field.ModifyAddress(context, request); });
-    table.Register<wire::ModifyDevicePassword>(
-        [&](const C& context, const auto& request) { return field.ModifyPassword(context, request); });
-    table.Register<wire::SetDeviceTimeZone>(
-        [&](const C& context, const auto& request) { return field.SetTimeZone(context, request); });
-    table.Register<wire::WaitJob>(
-        [&](const C& context, const auto& request) { return jobs.Wait(context, request); });
-    table.Register<wire::CancelJob>([&](const C& context, const auto& request) {
-        jobs.Cancel(context, request);
-        return wire::Nothing{};
-    });
-    table.Register<wire::BeginImport>(
-        [&](const C& context, const auto& request) { return imports.Begin(context, request); });
-    table.Register<wire::AddImportRows>([&](const C& context, const auto& request) {
-        imports.AddRows(context, request);
-        return wire::Nothing{};
-    });
-    table.Register<wire::RunImport>([&](const C& context, const auto& request) {
-        imports.Run(context, request);
-        return wire::Nothing{};
-    });
-    table.Register<wire::QueryCloudDevices>(
-        [&](const C&, const auto& request) { return pCloud->Query(request); });
-}
-
-void PlatformServer::Private::RegisterPersons()
-{
-    Dispatcher& table = *pDispatcher;
-    DepartmentService& departments = *pDepartments;
-    PersonService& persons = *pPersons;
-    AuthorizationService& authorization = *pAuthorization;
-    CredentialService& credentials = *pCredentials;
-    using namespace wire;
-    using C = Context;
-
-    table.Register<QueryDepartmentTree>([&](const C&, const auto&) { return departments.Query(); });
-    table.Register<AddDepartment>(
-        [&](const C& context, const auto& request) { return departments.Add(context, request); });
-    table.Register<ModifyDepartment>(
-        [&](const C& context, const auto& request) { return departments.Modify(context, request); });
-    table.Register<wire::DeleteDepartment>([&](const C& context, const auto& request) {
-        persons.DeleteDepartment(context, departments, request);
-        return Nothing{};
-    });
-    table.Register<QueryPersonList>(
-        [&](const C&, const auto& request) { return persons.QueryPage(request); });
-    table.Register<QueryPersonDetail>(
-        [&](const C&, const auto& request) { return persons.QueryDetail(request); });
-    table.Register<AddPerson>(
-        [&](const C& context, const auto& request) { return persons.Add(context, request); });
-    table.Register<ModifyPerson>(
-        [&](const C& context, const auto& request) { return persons.Modify(context, request); });
-    table.Register<DeletePersons>(
-        [&](const C& context, const auto& request) { return persons.Delete(context, request); });
-    table.Register<DeleteAllPersons>([&](const C& context, const auto& request) {
-        persons.DeleteAll(context, request);
-        return Nothing{};
-    });
-    table.Register<MovePersons>(
-        [&](const C& context, const auto& request) { return persons.Move(context, request); });
-    table.Register<IssueCards>([&](const C& context, const auto& request) {
-        persons.IssueCards(context, request);
-        return Nothing{};
-    });
-    table.Register<AuthorizePersons>(
-        [&](const C& context, const auto& request) { return persons.Authorize(context, request); });
-    table.Register<ReissuePersonRight>(
-        [&](const C& context, const auto& request) { return authorization.Reissue(context, request); });
-    table.Register<QueryAuthorizeException>(
-        [&](const C& context, const auto& request) { return authorization.Exceptions(context, request); });
-    table.Register<QueryPermissionChoices>(
-        [&](const C& context, const auto&) { return persons.QueryChoices(context); });
-    table.Register<QueryResidenceScenario>([&](const C&, const auto&) { return persons.QueryResidence(); });
-    table.Register<QueryQrCode>([&](const C&, const auto& request) { return credentials.QrCode(request); });
-    table.Register<CaptureFingerprint>(
-        [&](const C& context, const auto& request) { return credentials.Capture(context, request); });
-    table.Register<ExtractPersons>(
-        [&](const C& context, const auto& request) { return credentials.Extract(context, request); });
-    table.Register<QueryRecordTotal>(
-        [&](const C& context, const auto& request) { return credentials.CountRecords(context, request); });
-    table.Register<QueryRecords>(
-        [&](const C& context, const auto& request) { return credentials.QueryRecords(context, request); });
-}
-
-void PlatformServer::Private::RegisterAccounts()
-{
-    Dispatcher& table = *pDispatcher;
-    UserService& users = *pUsers;
-    RoleService& roles = *pRoles;
-    AuditLog& log = *pAuditLog;
-    using namespace wire;
-    using C = Context;
-
-    table.Register<QueryUserPage>([&](const C&, const auto& request) { return users.QueryPage(request); });
-    table.Register<QueryUserInfo>([&](const C&, const auto& request) { return users.Info(request); });
-    table.Register<QueryUserRole>([&](const C&, const auto& request) { return users.RolesOf(request); });
-    table.Register<wire::AddUser>(
-        [&](const C& context, const auto& request) { return users.Add(context, request); });
-    table.Register<ModifyUser>(
-        [&](const C& context, const auto& request) { return users.Modify(context, request); });
-    table.Register<LockUser>([&](const C& context, const auto& request) {
-        users.Lock(context, request);
-        return Nothing{};
-    });
-    table.Register<UnlockUser>([&](const C& context, const auto& request) {
-        users.Unlock(context, request);
-        return Nothing{};
-    });
-    table.Register<DeleteUsers>(
-        [&](const C& context, const auto& request) { return users.Delete(context, request); });
-    table.Register<QueryDomainUsers>(
-        [&](const C&, const auto& request) { return users.QueryDomainUsers(request); });
-    table.Register<AddDomainUsers>(
-        [&](const C& context, const auto& request) { return users.AddDomainUsers(context, request); });
-    table.Register<QueryInvalidDomainUsers>(
-        [&](const C&, const auto&) { return users.QueryInvalidDomainUsers(); });
-    table.Register<DeleteInvalidDomainUsers>([&](const C& context, const auto& request) {
-        return users.DeleteInvalidDomainUsers(context, request);
-    });
-    table.Register<QueryRoleList>([&](const C&, const auto&) { return roles.List(); });
-    table.Register<QueryRoleInfo>([&](const C&, const auto& request) { return roles.Info(request); });
-    table.Register<AddRole>(
-        [&](const C& context, const auto& request) { return roles.Add(context, request); });
-    table.Register<ModifyRole>(
-        [&](const C& context, const auto& request) { return roles.Modify(context, request); });
-    table.Register<DeleteRoles>(
-        [&](const C& context, const auto& request) { return roles.Delete(context, request); });
-    table.Register<QueryMenuRightList>([&](const C&, const auto&) { return roles.MenuRights(); });
-    table.Register<QueryFuncRightList>([&](const C&, const auto&) { return roles.FuncRights(); });
-    table.Register<QueryDeviceRights>(
-        [&](const C& context, const auto& request) { return roles.DeviceRights(context, request); });
-    table.Register<QueryDeviceAccess>(
-        [&](const C& context, const auto& request) { return roles.DeviceAccess(context, request); });
-    table.Register<QueryAuditPage>(
-        [&](const C& context, const auto& request) { return log.Query(context, request); });
-    table.Register<ExportAudit>(
-        [&](const C& context, const auto& request) { return log.Query(context, request); });
-}
-
 void PlatformServer::Private::PublishStates(const wire::DeviceStates& states)
 {
     const std::string sAll = nlohmann::json(states).dump();
@@ -413,37 +92,6 @@ void PlatformServer::Private::PublishStates(const wire::DeviceStates& states)
                 own.vecStates.push_back(state);
         return own.vecStates.empty() ? std::string() : nlohmann::json(own).dump();
     });
-}
-
-void PlatformServer::Private::RegisterFiles()
-{
-    FileRoutes& files = *pFiles;
-    ImportService& imports = *pImport;
-    const std::string sRight(wire::BeginImport::Right);
-    const auto valueOf = [](const FileRoutes::Query& mapQuery, const char* szKey) {
-        const auto it = mapQuery.find(szKey);
-        return it == mapQuery.end() ? std::string() : it->second;
-    };
-    const auto asResponse = [](const ImportService::File& file) {
-        return FileResponse{200, file.baContent.toStdString(), file.sType, file.sName};
-    };
-    files.AddDownload("device-template", sRight, [=](const Context&, const auto& mapQuery) {
-        return asResponse(ImportService::Template(valueOf(mapQuery, "kind")));
-    });
-    files.AddDownload("import-failures", sRight, [=, &imports](const Context& context, const auto& mapQuery) {
-        return asResponse(imports.FailureList(context, valueOf(mapQuery, "job")));
-    });
-    files.AddDownload("person-photo", std::string(wire::QueryPersonList::Right),
-        [=, &persons = *pPersons](const Context&, const auto& mapQuery) {
-            return FileResponse{200,
-                persons.Photo(valueOf(mapQuery, "person"), valueOf(mapQuery, "photo")).toStdString(),
-                "image/jpeg", {}};
-        });
-    files.AddUpload("device-sheet", sRight,
-        [=, &imports](const Context& context, const auto& mapQuery, const std::string& sBody) {
-            return nlohmann::json(
-                imports.Upload(context, QByteArray::fromStdString(sBody), valueOf(mapQuery, "org")));
-        });
 }
 
 void PlatformServer::Private::AddressesChanged(const std::vector<std::string>& vecDeviceIds)
@@ -567,13 +215,12 @@ void PlatformServer::Stop()
     Log::Info("server", "Stopped");
 }
 
-void PlatformServer::Abort()
+void PlatformServer::Cut()
 {
+    if (m_pPrivate->pHttp)
+        m_pPrivate->pHttp->Cut();
     if (m_pPrivate->pJobs)
         m_pPrivate->pJobs->End();
-    if (m_pPrivate->pHttp)
-        m_pPrivate->pHttp->Abort();
-    Stop();
 }
 
 std::string PlatformServer::Url() const

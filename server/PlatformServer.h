@@ -64,8 +64,8 @@ public:
     void Start();
     /// Ends event streams, finishes the requests under way, closes the store.
     void Stop();
-    /// As Stop, but the answers of requests under way are lost, as after a crash.
-    void Abort();
+    /// From now on the answers of requests under way are lost, as after a crash; Stop comes next.
+    void Cut();
 
     /// "http://127.0.0.1:8420"
     std::string Url() const;

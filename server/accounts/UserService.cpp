@@ -20,6 +20,13 @@ namespace {
 
 constexpr std::int64_t BuiltInId = 1;
 
+bool HasAccount(Database& database, const std::string& sUserName)
+{
+    return database
+        .Run(QStringLiteral("SELECT 1 FROM account WHERE name_key = ?"), {TextValue(FoldCase(sUserName))})
+        .Next();
+}
+
 std::vector<std::string> RoleIdsOf(Database& database, std::int64_t nAccountId)
 {
     std::vector<std::string> vecIds;
@@ -231,9 +238,7 @@ User_t UserService::Add(const Context& context, const User_t& user)
     added.sDomainUser.clear();
     const std::string sHash = Password::Hash(added.sPassword);
     added = m_pool.Write([&](Database& database) {
-        if (Rows rows = database.Run(QStringLiteral("SELECT 1 FROM account WHERE name_key = ?"),
-                {TextValue(FoldCase(added.sUserName))});
-            rows.Next())
+        if (HasAccount(database, added.sUserName))
             throw ServiceError(UICommonMdl::ErrorNameExists, "sUserName");
         InsertAccount(database, context, wire::AddUser::Name, added, sHash);
         return Read(database, added.sUserName).user;
@@ -384,9 +389,7 @@ wire::DomainUsers UserService::QueryDomainUsers(const wire::SearchText& text)
         wire::DomainUsers answer;
         answer.bTruncated = found.bTruncated;
         for (const DirectoryUser& user : found.vecUsers) {
-            Rows rows = database.Run(QStringLiteral("SELECT 1 FROM account WHERE name_key = ?"),
-                {TextValue(FoldCase(user.sName))});
-            if (!rows.Next())
+            if (!HasAccount(database, user.sName))
                 answer.vecDomainUsers.push_back({user.sName, user.sDn});
         }
         return answer;
@@ -426,9 +429,7 @@ wire::UserFailures UserService::AddDomainUsers(
         for (const User_t& user : vecUsers) {
             try {
                 const User_t checked = AccountRules::Checked(user);
-                if (Rows rows = database.Run(QStringLiteral("SELECT 1 FROM account WHERE name_key = ?"),
-                        {TextValue(FoldCase(checked.sUserName))});
-                    rows.Next())
+                if (HasAccount(database, checked.sUserName))
                     throw ServiceError(UICommonMdl::ErrorNameExists);
                 for (const std::string& sRoleId : checked.vecRoleIds)
                     AccountRules::CheckRoleGivable(database, context, AccountRules::RoleNumber(sRoleId));

@@ -12,6 +12,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 namespace Platform {
@@ -53,6 +54,32 @@ public:
             [handler = std::move(handler)](const Context& context, const nlohmann::json& body) {
                 return nlohmann::json(handler(context, Decode<typename Op::Request>(body))).dump();
             });
+    }
+
+    /// Register with a method of a service that takes the context and the request, either, or neither, and
+    /// answers an Op::Answer, or nothing for an operation without data. The service outlives the table.
+    template <class Op, class Service, class Method>
+    void Bind(Service& service, Method method)
+    {
+        using Request = typename Op::Request;
+        Register<Op>([&service, method](const Context& context, const Request& request) {
+            const auto call = [&]() -> decltype(auto) {
+                if constexpr (std::is_invocable_v<Method, Service&, const Context&, const Request&>)
+                    return std::invoke(method, service, context, request);
+                else if constexpr (std::is_invocable_v<Method, Service&, const Context&>)
+                    return std::invoke(method, service, context);
+                else if constexpr (std::is_invocable_v<Method, Service&, const Request&>)
+                    return std::invoke(method, service, request);
+                else
+                    return std::invoke(method, service);
+            };
+            if constexpr (std::is_void_v<decltype(call())>) {
+                call();
+                return typename Op::Answer{};
+            } else {
+                return call();
+            }
+        });
     }
 
     RawResponse Handle(const RawRequest& request) const;

@@ -366,10 +366,9 @@ void HttpFront::Stop()
     m_pPrivate->thread.join();
 }
 
-void HttpFront::Abort()
+void HttpFront::Cut()
 {
     m_pPrivate->bCut = true;
-    Stop();
 }
 
 std::string HttpFront::Url() const

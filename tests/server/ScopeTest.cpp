@@ -1,5 +1,7 @@
 #include "ServerFixture.h"
 
+#include <server/import/SheetFile.h>
+
 namespace ServerTest {
 
 using namespace UICommonMdl;
@@ -232,6 +234,26 @@ TEST_P(ScopeTest, AnImportKeepsToWhatTheRoleReaches)
     EXPECT_EQ(
         mapFailed, (std::map<int, int>{{2, ErrorNotFound}, {3, ErrorNotFound}, {4, ErrorAddressExists}}));
     EXPECT_EQ(Seen(*pGuard), (Names{"Gate", "Lobby", "Porch"}));
+}
+
+TEST_P(ScopeTest, AnImportOverwritesOnlyWhatTheRoleReaches)
+{
+    StartSite();
+    Change({Organization(sNorth, DeviceRightChange_t::On, DeviceRightChange_t::On)});
+    const QByteArray baSheet = Platform::SheetFile::Write("x",
+        {{"Intercom Device Name", "IP Address", "Port", "User Name", "Password"},
+            {"Gate Station", "127.9.9.1", "80", "admin", "Device-18"},
+            {"Dock Station", "127.9.9.3", "80", "admin", "Device-18"}});
+    const auto sheet = pGuard->Upload("/api/v1/upload/device-sheet?org=" + sNorth, baSheet.toStdString())
+                           .data.get<wire::UploadedSheet>();
+    pGuard->Get<wire::RunImport>({sheet.sJob, false, true});
+    std::vector<GroupLogical::ImportFailure_t> vecFailed;
+    for (const auto& item : pGuard->Finish({sheet.sJob}).items)
+        vecFailed.push_back(item.get<GroupLogical::ImportFailure_t>());
+    ASSERT_EQ(vecFailed.size(), 1U);
+    EXPECT_EQ(vecFailed[0].sName, "Dock Station");
+    EXPECT_EQ(vecFailed[0].nErrorCode, ErrorNoRight);
+    EXPECT_EQ(Seen(*pClient), (Names{"Dock", "Gate Station", "Lobby"}));
 }
 
 TEST_P(ScopeTest, ChangesApplyFromTheRootDownAndShowInTheTree)

@@ -121,9 +121,8 @@ void TestServer::Kill()
 {
     if (!m_pServer)
         return;
-    m_pHooks->ReleaseAll();
-    m_pServer->Abort();
-    m_pServer.reset();
+    m_pServer->Cut();
+    Stop();
 }
 
 void TestServer::Restart()
