@@ -2,18 +2,12 @@
 
 #include "CPersonModel.h"
 
-#include <QTreeView>
-
-namespace Common {
-class CFilterHeaderView;
-class CRowButtonDelegate;
-} // namespace Common
+#include <common/CListView.h>
 
 namespace BasicInfoManagerUI {
 
-/// The list of persons with its row operations, keys and context menu. It asks for operations by its signals,
-/// each with the ID of the person. User-interface thread.
-class CPersonnelListView : public QTreeView
+/// The list of persons with their operations. User-interface thread.
+class CPersonnelListView : public Common::CListView
 {
     Q_OBJECT
 
@@ -34,25 +28,20 @@ public:
     explicit CPersonnelListView(QWidget* pParent = nullptr);
 
     CPersonModel* GetPersons() const { return m_pModel; }
-    /// Replaces the rows; what was checked, selected and in view stays so.
     void SetPersons(const std::vector<AccessControlLogical::PersonInfo_t>& vecPersons);
 
 Q_SIGNALS:
     /// nRole: a RowRole other than RoleAbnormal.
     void SignalOperation(int nRole, const QString& sPersonId);
     void SignalBtnAbnormalClicked(const QString& sPersonId, const QString& sPersonName);
-    void SignalChecksChanged();
+
+protected:
+    bool IsOffered(const QModelIndex& index, int nRole) const override;
+    void RaiseOperation(int nRole, const QModelIndex& index) override;
+    void OpenRow(const QModelIndex& index) override;
 
 private:
-    void SetUpKeys();
-    void RaiseOperation(int nRole, const QModelIndex& index);
-    void OnContextMenu(const QPoint& pos);
-    void OnToggleChecks();
-    void OnChecksChanged();
-
     CPersonModel* m_pModel;
-    Common::CFilterHeaderView* m_pHeader;
-    Common::CRowButtonDelegate* m_pRowButtons;
 };
 
 } // namespace BasicInfoManagerUI

@@ -1,21 +1,15 @@
 #pragma once
 
 #include <UserLogical/UserRecords.h>
-
-#include <QTreeView>
-
-namespace Common {
-class CRowButtonDelegate;
-}
+#include <common/CListView.h>
 
 namespace PlatformConfigUI {
 
 class CUserListHeader;
 class CUserModel;
 
-/// The list of users with its row operations, keys and context menu. It asks for operations by its signal.
-/// User-interface thread.
-class CUserListView : public QTreeView
+/// The list of users with their operations. User-interface thread.
+class CUserListView : public Common::CListView
 {
     Q_OBJECT
 
@@ -34,7 +28,6 @@ public:
 
     CUserModel* GetUsers() const { return m_pModel; }
     CUserListHeader* GetHeader() const { return m_pHeader; }
-    /// Replaces the rows; what was checked, current and in view stays so.
     void SetUsers(const std::vector<UserLogical::UserInfo_t>& vecUsers);
     /// Whether users may be changed; otherwise rows offer to be looked at only.
     void SetChangeable(bool bChangeable);
@@ -42,21 +35,16 @@ public:
 Q_SIGNALS:
     /// nRole: a RowRole.
     void SignalOperation(int nRole, const QString& sUserName);
-    void SignalChecksChanged();
+
+protected:
+    bool IsOffered(const QModelIndex& index, int nRole) const override;
+    bool IsInMenu(const QModelIndex& index, int nRole) const override;
+    void RaiseOperation(int nRole, const QModelIndex& index) override;
+    void OpenRow(const QModelIndex& index) override;
 
 private:
-    void SetUpColumns();
-    void SetUpKeys();
-    bool IsOffered(const QModelIndex& index, int nRole) const;
-    void RaiseOperation(int nRole, const QModelIndex& index);
-    void OpenUser(const QModelIndex& index);
-    void OnContextMenu(const QPoint& pos);
-    void OnToggleChecks();
-    void OnChecksChanged();
-
     CUserModel* m_pModel;
     CUserListHeader* m_pHeader;
-    Common::CRowButtonDelegate* m_pRowButtons;
     bool m_bChangeable = true;
 };
 

@@ -36,7 +36,8 @@ public:
     void Start();
     /// Takes no new connection, ends the event streams and waits for the requests under way.
     void Stop();
-    /// From now on the answers of requests under way are lost; Stop, which comes next, cuts their connections.
+    /// From now on the answers of requests under way are lost; Stop, which comes next, cuts their
+    /// connections.
     void Cut();
     /// Beginning of every address: "http://127.0.0.1:8420".
     std::string Url() const;
