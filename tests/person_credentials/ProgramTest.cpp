@@ -43,10 +43,10 @@ TEST_F(PcscReader, EachCardIsReadOnceAndTheNextOneAfterIt)
 {
     ASSERT_TRUE(m_daemon.Start());
     CardIssuer issuer;
-    ASSERT_TRUE(issuer.FindReadCardDevice(TypePcsc()));
+    ASSERT_TRUE(PageDriver::WaitFor([&] { return issuer.FindReadCardDevice(TypePcsc()); }));
     EXPECT_EQ(issuer.GetReaderNames().first(), FirstReader);
     EXPECT_FALSE(issuer.OpenReadCardDevice(QStringLiteral("No such reader")));
-    ASSERT_TRUE(issuer.OpenReadCardDevice());
+    ASSERT_TRUE(PageDriver::WaitFor([&] { return issuer.OpenReadCardDevice(); }));
     m_daemon.PutCard("04a1b2c3");
     EXPECT_EQ(Next(issuer), "04A1B2C3");
     m_daemon.PutCard("04112233445566778899");
