@@ -5,6 +5,25 @@
 
 namespace wire {
 
+void AppendJson(std::string& sJson, const std::string& sText)
+{
+    static constexpr char Digits[] = "0123456789abcdef";
+    sJson += '"';
+    for (const char c : sText) {
+        if (c == '"' || c == '\\') {
+            sJson += '\\';
+            sJson += c;
+        } else if (static_cast<unsigned char>(c) < ' ') {
+            sJson += "\\u00";
+            sJson += Digits[c >> 4];
+            sJson += Digits[c & 0x0F];
+        } else {
+            sJson += c;
+        }
+    }
+    sJson += '"';
+}
+
 std::string ClashText(const std::vector<AccessControlLogical::PersonClash_t>& vecClashes)
 {
     std::string sText;

@@ -116,6 +116,10 @@ inline void to_json(nlohmann::json& json, const Nothing&)
     json = nlohmann::json::object();
 }
 inline void from_json(const nlohmann::json&, Nothing&) { }
+inline void AppendJson(std::string& sJson, const Nothing&)
+{
+    sJson += "{}";
+}
 
 struct ServerState
 {

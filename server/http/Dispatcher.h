@@ -52,7 +52,9 @@ public:
     {
         Add({std::string(Op::Name), Op::AccessRule, std::string(Op::Right)},
             [handler = std::move(handler)](const Context& context, const nlohmann::json& body) {
-                return nlohmann::json(handler(context, Decode<typename Op::Request>(body))).dump();
+                std::string sAnswer;
+                AppendJson(sAnswer, handler(context, Decode<typename Op::Request>(body)));
+                return sAnswer;
             });
     }
 

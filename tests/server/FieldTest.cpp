@@ -22,7 +22,6 @@ protected:
         options.nDiscoveryPort = pDevices->DiscoveryPort();
         options.nOnvifDiscoveryPort = pDevices->OnvifDiscoveryPort();
         options.nProbeIntervalSeconds = nProbeSeconds;
-        options.nDeviceTimeoutMs = 500;
         Start(options);
     }
     std::string Manage(int nDevice)
