@@ -39,7 +39,7 @@ endfunction()
 #   PCH       headers to precompile
 #   PCH_FROM  library whose precompiled headers serve here too (same dependencies)
 #   TOGETHER  sources whose headers cost more than they do themselves: with PRODUCT_UNITY ten of them are compiled as one,
-#             which takes a fifth of the time. What they keep in unnamed namespaces needs names of its own then.
+#             which takes a fraction of the time. What they keep in unnamed namespaces needs names of its own then.
 function(product_library name kind)
     cmake_parse_arguments(A "TOGETHER" "PCH_FROM" "SOURCES;HEADERS;DEPENDS;PRIVATE_DEPENDS;PCH" ${ARGN})
     add_library(${name} ${kind} ${A_SOURCES} ${A_HEADERS})

@@ -46,7 +46,7 @@ void AppendJson(std::string& sJson, const std::vector<Item>& vecItems)
 
 /// WIRE_RECORD(Type, fields …) is the one line that a record's codec takes, in the record's own namespace. A
 /// field that is missing keeps its default; a field of a wrong type is an error (nlohmann::json::exception).
-/// AppendJson writes what to_json makes a tree of, without the tree: a fifth of the time for a page of rows.
+/// AppendJson writes what to_json makes a tree of, without the tree.
 /// The codecs are compiled once, by the source that defines WIRE_DEFINE_RECORDS; everybody else sees that
 /// they are there.
 #ifdef WIRE_DEFINE_RECORDS
