@@ -4,10 +4,6 @@
 #include "RoleManager/CRoleManagerCtrl.h"
 #include "UserManager/CUserManagerUserCtrl.h"
 
-#include <UICommonMdl/CInterfaceSetManager.h>
-#include <UserLogical/IUserManager.h>
-#include <common/StyleSheet.h>
-
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QVBoxLayout>
@@ -26,11 +22,9 @@ struct Text
 } // namespace
 
 CUserManagerPage::CUserManagerPage(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
-    : QWidget(pParent)
-    , m_pInterfaceSet(pInterfaceSet)
+    : CPage(pInterfaceSet, QStringLiteral("PlatformConfigUI/UserManagerUI"), pParent)
     , m_pTabs(new QTabBar)
     , m_pStack(new QStackedWidget)
-    , m_login(pInterfaceSet->GetUserManager())
 {
     setObjectName(QStringLiteral("CUserManagerPage"));
     m_pTabs->setObjectName(QStringLiteral("tabPages"));
@@ -46,43 +40,21 @@ CUserManagerPage::CUserManagerPage(UICommonMdl::CInterfaceSetManager* pInterface
     AddPage<CUserManagerUserCtrl>(Text::tr("User"));
     AddPage<CRoleManagerCtrl>(Text::tr("Role"));
     AddPage<CAuditLogCtrl>(Text::tr("Audit Log"));
-    ShowPagesByRight();
-    connect(&m_login, &Common::CLoginManagerAdapter::SignalState, this, &CUserManagerPage::ShowPagesByRight,
-        Qt::QueuedConnection);
+    OnRightsChanged();
     connect(m_pTabs, &QTabBar::currentChanged, m_pStack, &QStackedWidget::setCurrentIndex);
-    Common::LoadStyleSheet(this, QStringLiteral("PlatformConfigUI/UserManagerUI"));
 }
 
 template <class Page>
 void CUserManagerPage::AddPage(const QString& sTitle)
 {
-    auto* const pPage = new Page(m_pInterfaceSet, m_pStack);
+    auto* const pPage = new Page(GetInterfaceSet(), m_pStack);
     m_pStack->addWidget(pPage);
-    m_vecPages.push_back(pPage);
     m_pTabs->addTab(sTitle);
 }
 
-void CUserManagerPage::ShowPagesByRight()
+void CUserManagerPage::OnRightsChanged()
 {
-    UserLogical::IUserManager* const pManager = m_pInterfaceSet->GetUserManager();
-    UserLogical::IUserRight* const pRight = pManager ? pManager->GetUserRight() : nullptr;
-    // Without a session nothing is known of rights; what stands there stays.
-    if (pRight)
-        m_pTabs->setTabVisible(m_pTabs->count() - 1, pRight->HasRight(RightAuditLog));
-}
-
-bool CUserManagerPage::OnMsg(int nMsg, QVariant* pValue, void* pArgument)
-{
-    bool bTaken = false;
-    for (Common::IConfigPage* pPage : m_vecPages)
-        bTaken = pPage->OnMsg(nMsg, pValue, pArgument) || bTaken;
-    return bTaken;
-}
-
-void CUserManagerPage::UninitUI()
-{
-    for (Common::IConfigPage* pPage : m_vecPages)
-        pPage->UninitUI();
+    m_pTabs->setTabVisible(m_pTabs->count() - 1, HasRight(RightAuditLog));
 }
 
 } // namespace PlatformConfigUI

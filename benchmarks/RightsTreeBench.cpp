@@ -8,7 +8,7 @@
 #include <RoleManager/CMenuRightSortFilterProxyModel.h>
 #include <RoleManager/CRightTreeView.h>
 #include <common/CTreeFilterProxyModel.h>
-#include <tests/support/fakes/FakeUserManager.h>
+#include <tests/support/fakes/FakeHost.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -156,8 +156,9 @@ private:
 
     int m_nNext; ///< the first that is not loaded
     int m_nOrganizations;
-    FakeUserManager m_manager;
-    CDeviceRightModel m_model{&m_manager, true};
+    FakeHost m_host;
+    FakeUserManager& m_manager = m_host.user;
+    CDeviceRightModel m_model{&m_host.interfaceSet, true};
     Common::CTreeFilterProxyModel m_filter;
     CRightTreeView m_view;
 };

@@ -16,21 +16,12 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CAuditExport)
 };
 
-enum RequestKind : int
-{
-    KindPiece = 1
-};
-
 } // namespace
 
-CAuditExport::CAuditExport(UserLogical::IUserManager* pManager, QObject* pParent)
+CAuditExport::CAuditExport(const UICommonMdl::CInterfaceSetManager* pInterfaceSet, QObject* pParent)
     : QObject(pParent)
-    , m_pManager(pManager)
-    , m_adapter(pManager)
+    , m_calls(pInterfaceSet, this)
 {
-    connect(
-        &m_adapter, &Common::CUserManagerAdapter::SignalState, this,
-        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
     connect(this, &CAuditExport::SignalWritten, this, &CAuditExport::OnWritten, Qt::QueuedConnection);
 }
 
@@ -39,7 +30,7 @@ CAuditExport::~CAuditExport()
     m_future.waitForFinished();
 }
 
-bool CAuditExport::Start(const UserLogical::AuditRequest_t& request, const QString& sPath)
+void CAuditExport::Start(const UserLogical::AuditRequest_t& request, const QString& sPath)
 {
     m_request = request;
     m_request.nPage = 1;
@@ -48,19 +39,19 @@ bool CAuditExport::Start(const UserLogical::AuditRequest_t& request, const QStri
     m_sPath = sPath;
     m_vecEntries.clear();
     m_nFound = 0;
-    return QueryPiece();
+    QueryPiece();
 }
 
 void CAuditExport::Cancel()
 {
-    m_requests.Clear();
+    m_calls.ForgetAll();
     m_vecEntries.clear();
 }
 
-bool CAuditExport::QueryPiece()
+void CAuditExport::QueryPiece()
 {
-    const int nSequence = m_pManager ? m_pManager->ExportAudit(m_request) : 0;
-    return m_requests.Supersede(nSequence, KindPiece, [this](const Param& param) { OnPiece(param); });
+    m_calls.Latest<&UserLogical::IUserManager::ExportAudit>(
+        m_request, [this](const Param& param) { OnPiece(param); });
 }
 
 void CAuditExport::OnPiece(const Param& param)
@@ -85,8 +76,7 @@ void CAuditExport::OnPiece(const Param& param)
         return;
     }
     m_request.nBelowId = vecPiece.back().nId;
-    if (!QueryPiece())
-        Q_EMIT SignalFinished(UICommonMdl::ErrorNotSignedIn, QString(), 0, m_nFound);
+    QueryPiece();
 }
 
 void CAuditExport::Write()

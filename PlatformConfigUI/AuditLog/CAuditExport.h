@@ -1,8 +1,6 @@
 #pragma once
 
-#include <UserLogical/IUserManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
 
 #include <QFuture>
 
@@ -18,13 +16,13 @@ public:
     static constexpr int PieceSize = 1000;
     static constexpr int Limit = 100000; ///< of one file
 
-    /// pManager is borrowed; null: the export is refused.
-    explicit CAuditExport(UserLogical::IUserManager* pManager, QObject* pParent = nullptr);
+    /// pInterfaceSet is borrowed.
+    explicit CAuditExport(const UICommonMdl::CInterfaceSetManager* pInterfaceSet, QObject* pParent = nullptr);
     /// Waits for a file that is being written.
     ~CAuditExport() override;
 
-    /// The entries that the filters of the request find. False when the request is refused.
-    bool Start(const UserLogical::AuditRequest_t& request, const QString& sPath);
+    /// The entries that the filters of the request find.
+    void Start(const UserLogical::AuditRequest_t& request, const QString& sPath);
     /// Gives the reading up; nothing is written and no signal comes any more.
     void Cancel();
 
@@ -41,19 +39,17 @@ Q_SIGNALS:
 
 private:
     using Param = UserLogical::IUserManagerObserve::Param;
-    bool QueryPiece();
+    void QueryPiece();
     void OnPiece(const Param& param);
     void Write();
     void OnWritten(const QString& sError);
 
-    UserLogical::IUserManager* m_pManager;
     UserLogical::AuditRequest_t m_request;
     QString m_sPath;
     std::vector<UserLogical::AuditEntry_t> m_vecEntries;
     int m_nFound = 0;
     QFuture<void> m_future;
-    Common::CRequests<Param> m_requests;
-    Common::CUserManagerAdapter m_adapter;
+    Common::CCalls<UserLogical::IUserManagerObserve> m_calls;
 };
 
 } // namespace PlatformConfigUI

@@ -6,9 +6,6 @@
 #include "ui_CAuditLogCtrl.h"
 
 #include <UICommonMdl/CErrorCode.h>
-#include <VxGUI/VxNotification.h>
-#include <common/Prompt.h>
-#include <common/StyleSheet.h>
 
 namespace PlatformConfigUI {
 
@@ -20,21 +17,14 @@ struct Text
 };
 
 constexpr std::int64_t MsPerSecond = 1000;
-const QString SkinFolder = QStringLiteral("PlatformConfigUI/AuditLog");
 
 } // namespace
 
 void CAuditLogCtrl::showEvent(QShowEvent* pEvent)
 {
-    QWidget::showEvent(pEvent);
-    Common::LoadStyleSheet(this, SkinFolder);
-    if (m_bConnected && !m_bReleased && !pEvent->spontaneous())
+    CPage::showEvent(pEvent);
+    if (IsConnected() && !pEvent->spontaneous())
         QueryPage();
-}
-
-bool CAuditLogCtrl::OnMsg(int, QVariant*, void*)
-{
-    return false;
 }
 
 void CAuditLogCtrl::OnPeriodChanged()
@@ -64,7 +54,7 @@ void CAuditLogCtrl::OnReset()
 void CAuditLogCtrl::OnSearch()
 {
     UserLogical::AuditRequest_t request;
-    if (!m_bConnected || !ReadFilters(request))
+    if (!IsConnected() || !ReadFilters(request))
         return;
     m_request = request;
     m_pUi->m_pPageCtrl->SetCurrentPage(1);
@@ -82,8 +72,7 @@ bool CAuditLogCtrl::ReadFilters(UserLogical::AuditRequest_t& request)
         // The second that is entered belongs to the range.
         request.nTo = m_pUi->m_dtTo->dateTime().toSecsSinceEpoch() * MsPerSecond + MsPerSecond;
         if (request.nFrom >= request.nTo) {
-            VxGUI::VxNotification::Show(this, Text::tr("The start time must be before the end time."),
-                VxGUI::NotificationKind::Warning);
+            Notify(Text::tr("The start time must be before the end time."), VxGUI::NotificationKind::Warning);
             m_pUi->m_dtFrom->setFocus();
             return false;
         }
@@ -99,12 +88,9 @@ void CAuditLogCtrl::QueryPage()
 {
     m_request.nPage = qMax(1, m_pUi->m_pPageCtrl->GetCurrentPage());
     m_request.nPageSize = m_pUi->m_pPageCtrl->GetPageSize();
-    const int nSequence = m_pManager ? m_pManager->QueryAuditPage(m_request) : 0;
-    if (!m_requests.Supersede(nSequence, KindAuditPage, [this](const Param& param) { OnPage(param); })) {
-        VxGUI::VxNotification::Show(this, Text::tr("Failed to get the audit log"));
-        if (m_pModel->rowCount() == 0)
-            ShowListState(UICommonMdl::ErrorInternal);
-    } else if (m_pModel->rowCount() == 0) {
+    m_calls.Latest<&UserLogical::IUserManager::QueryAuditPage>(
+        m_request, [this](const Param& param) { OnPage(param); });
+    if (m_pModel->rowCount() == 0) {
         m_pUi->wgtListState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading the audit log"));
         m_pUi->stackList->setCurrentWidget(m_pUi->wgtListState);
     }
@@ -114,11 +100,12 @@ void CAuditLogCtrl::QueryPage()
 void CAuditLogCtrl::OnPage(const Param& param)
 {
     if (param.nErrorCode != UICommonMdl::ErrorNone) {
-        VxGUI::VxNotification::Show(
-            this, Common::FailureText(Text::tr("Failed to get the audit log"), param.nErrorCode));
+        NotifyFailure(Text::tr("Failed to get the audit log"), param.nErrorCode);
         // While the connection is lost the rows of before stay.
-        if (param.nErrorCode == UICommonMdl::ErrorDisconnected && m_pModel->rowCount() > 0)
+        if (param.nErrorCode == UICommonMdl::ErrorDisconnected && m_pModel->rowCount() > 0) {
+            UpdateButtons();
             return;
+        }
     }
     m_pModel->SetEntries(param.auditPage.vecEntries);
     m_pUi->m_pPageCtrl->SetTotalCount(param.auditPage.nTotal);
@@ -161,26 +148,19 @@ void CAuditLogCtrl::ShowDetails(const QModelIndex& index)
         (new CAuditDetailsDlg(*pEntry, this))->open();
 }
 
-void CAuditLogCtrl::OnDisconnectCms()
+void CAuditLogCtrl::OnRightsChanged()
 {
-    SetConnected(false);
+    UpdateButtons();
 }
 
-void CAuditLogCtrl::OnReconnectCms()
+void CAuditLogCtrl::OnConnectionChanged(bool bConnected)
 {
-    SetConnected(true);
-    if (isVisible())
-        QueryPage();
-}
-
-void CAuditLogCtrl::SetConnected(bool bConnected)
-{
-    m_bConnected = bConnected;
-    m_pUi->lbConnection->setVisible(!bConnected);
     m_pUi->wgtListState->setEnabled(bConnected);
     m_pUi->m_pPageCtrl->setEnabled(bConnected);
     if (!bConnected && m_pModel->rowCount() == 0)
         ShowListState(UICommonMdl::ErrorDisconnected);
+    if (bConnected && isVisible())
+        QueryPage();
     UpdateButtons();
 }
 

@@ -41,10 +41,7 @@ void CAuditLogCtrl::OnExport()
         return;
     if (!sPath.endsWith(QStringLiteral(".xlsx"), Qt::CaseInsensitive))
         sPath += QStringLiteral(".xlsx");
-    if (!m_pExport->Start(m_request, sPath)) {
-        VxGUI::VxNotification::Show(this, Text::tr("Failed to export the audit log"));
-        return;
-    }
+    m_pExport->Start(m_request, sPath);
     m_pWaitDialog = new VxGUI::VxWaitDialog(Text::tr("Exporting the audit log"), this);
     m_pWaitDialog->setAttribute(Qt::WA_DeleteOnClose);
     m_pWaitDialog->SetProgress(0);
@@ -62,14 +59,14 @@ void CAuditLogCtrl::OnExportFinished(int nErrorCode, const QString& sError, int 
     EndExport();
     const QString sFailed = Text::tr("Failed to export the audit log");
     if (nErrorCode != UICommonMdl::ErrorNone)
-        VxGUI::VxNotification::Show(this, Common::FailureText(sFailed, nErrorCode));
+        NotifyFailure(sFailed, nErrorCode);
     else if (!sError.isEmpty())
-        VxGUI::VxNotification::Show(this, sFailed + QStringLiteral(": ") + sError);
+        Notify(sFailed + QStringLiteral(": ") + sError, Kind::Error);
     else if (nWritten < nFound)
-        VxGUI::VxNotification::Show(this,
+        Notify(
             Text::tr("The newest %1 of %2 entries are exported.").arg(nWritten).arg(nFound), Kind::Warning);
     else
-        VxGUI::VxNotification::Show(this, Text::tr("The audit log is exported."), Kind::Success);
+        Notify(Text::tr("The audit log is exported."), Kind::Success);
 }
 
 void CAuditLogCtrl::EndExport()

@@ -5,8 +5,6 @@
 #include "ui_CAuditLogCtrl.h"
 
 #include <Trv/QSkin.h>
-#include <UICommonMdl/CInterfaceSetManager.h>
-#include <common/StyleSheet.h>
 
 #include <QHeaderView>
 #include <QShortcut>
@@ -25,42 +23,24 @@ constexpr const char* RightExportAudit = "004003";
 } // namespace
 
 CAuditLogCtrl::CAuditLogCtrl(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
-    : QWidget(pParent)
-    , m_pManager(pInterfaceSet->GetUserManager())
-    , m_pRemoteManager(pInterfaceSet->GetRemoteConfigManager())
+    : CPage(pInterfaceSet, QStringLiteral("PlatformConfigUI/AuditLog"), pParent)
     , m_pUi(std::make_unique<Ui::CAuditLogCtrl>())
     , m_pModel(new CAuditModel(this))
-    , m_pExport((Common::RegisterSignalTypes(), new CAuditExport(m_pManager, this)))
-    , m_userAdapter(m_pManager)
-    , m_loginAdapter(m_pManager)
-    , m_systemAdapter(m_pRemoteManager)
+    , m_pExport(new CAuditExport(pInterfaceSet, this))
+    , m_calls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
-    setObjectName(QStringLiteral("CAuditLogCtrl"));
+    m_pUi->lbConnection->Watch(GetSession());
     SetUpFilters();
     SetUpButtons();
     SetUpList();
     SetUpShortcuts();
     SetUpExport();
-    SetUpObservers();
     ReadFilters(m_request);
-    Common::LoadStyleSheet(this, QStringLiteral("PlatformConfigUI/AuditLog"));
-    SetConnected(!m_pRemoteManager || m_pRemoteManager->IsServerConnected());
+    OnConnectionChanged(IsConnected());
 }
 
 CAuditLogCtrl::~CAuditLogCtrl() = default;
-
-void CAuditLogCtrl::UninitUI()
-{
-    m_bReleased = true;
-    for (QObject* pAdapter :
-        std::initializer_list<QObject*>{&m_userAdapter, &m_loginAdapter, &m_systemAdapter})
-        pAdapter->disconnect(this);
-    m_requests.Clear();
-    m_pExport->Cancel();
-    EndExport();
-    SetConnected(false);
-}
 
 void CAuditLogCtrl::SetUpFilters()
 {
@@ -134,40 +114,13 @@ void CAuditLogCtrl::SetUpShortcuts()
     });
 }
 
-void CAuditLogCtrl::SetUpObservers()
-{
-    connect(
-        &m_userAdapter, &Common::CUserManagerAdapter::SignalState, this,
-        [this](const Param& param) {
-            m_requests.Answer(param);
-            UpdateButtons();
-        },
-        Qt::QueuedConnection);
-    connect(
-        &m_loginAdapter, &Common::CLoginManagerAdapter::SignalState, this, [this] { UpdateButtons(); },
-        Qt::QueuedConnection);
-    connect(
-        &m_systemAdapter, &Common::CSystemConfigAdapter::SignalState, this,
-        [this](const RemoteConfigLogical::ISystemConfigObserver::Param& param) {
-            using Observer = RemoteConfigLogical::ISystemConfigObserver;
-            if (param.nResultCode == Observer::ResultServerDisconnected)
-                Q_EMIT SignalDisconnectCms();
-            else if (param.nResultCode == Observer::ResultServerReconnected)
-                Q_EMIT SignalReconnectCms();
-        },
-        Qt::QueuedConnection);
-    connect(this, &CAuditLogCtrl::SignalDisconnectCms, this, &CAuditLogCtrl::OnDisconnectCms);
-    connect(this, &CAuditLogCtrl::SignalReconnectCms, this, &CAuditLogCtrl::OnReconnectCms);
-}
-
 void CAuditLogCtrl::UpdateButtons()
 {
-    UserLogical::IUserRight* const pRight = m_pManager ? m_pManager->GetUserRight() : nullptr;
-    const bool bMayExport = pRight && pRight->HasRight(RightExportAudit);
-    m_pUi->btnSearch->setEnabled(m_bConnected);
-    m_pUi->btnReset->setEnabled(m_bConnected);
-    m_pUi->btnRefresh->setEnabled(m_bConnected && !m_requests.HasKind(KindAuditPage));
-    m_pUi->btnExport->setEnabled(m_bConnected && bMayExport && m_pModel->rowCount() > 0);
+    const bool bMayExport = HasRight(RightExportAudit);
+    m_pUi->btnSearch->setEnabled(IsConnected());
+    m_pUi->btnReset->setEnabled(IsConnected());
+    m_pUi->btnRefresh->setEnabled(IsConnected() && !m_calls.IsPending());
+    m_pUi->btnExport->setEnabled(IsConnected() && bMayExport && m_pModel->rowCount() > 0);
     m_pUi->btnExport->setToolTip(
         bMayExport ? QString() : Text::tr("You do not have the right to export the audit log."));
 }

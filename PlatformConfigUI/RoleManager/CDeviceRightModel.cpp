@@ -15,12 +15,6 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CDeviceRightModel)
 };
 
-enum RequestKind : int
-{
-    KindRoot = 1,
-    KindBranch
-};
-
 Qt::CheckState ToCheck(int nState)
 {
     if (nState == UserLogical::RightStateNone)
@@ -30,15 +24,12 @@ Qt::CheckState ToCheck(int nState)
 
 } // namespace
 
-CDeviceRightModel::CDeviceRightModel(UserLogical::IUserManager* pManager, bool bEditable, QObject* pParent)
+CDeviceRightModel::CDeviceRightModel(
+    const UICommonMdl::CInterfaceSetManager* pInterfaceSet, bool bEditable, QObject* pParent)
     : QAbstractItemModel(pParent)
-    , m_pManager(pManager)
     , m_bEditable(bEditable)
-    , m_adapter((Common::RegisterSignalTypes(), pManager))
+    , m_calls(pInterfaceSet, this)
 {
-    connect(
-        &m_adapter, &Common::CUserManagerAdapter::SignalState, this,
-        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
 }
 
 CDeviceRightModel::~CDeviceRightModel() = default;
@@ -59,7 +50,7 @@ void CDeviceRightModel::ShowRoles(const std::vector<UserLogical::Role_t>& vecRol
 void CDeviceRightModel::QueryRoot()
 {
     // Branches of the tree of before that are still on their way are nobody's.
-    m_requests.Clear();
+    m_calls.ForgetAll();
     beginResetModel();
     m_pRoot.reset();
     endResetModel();
@@ -67,16 +58,16 @@ void CDeviceRightModel::QueryRoot()
         SetState(State::Loaded, UICommonMdl::ErrorNone);
         return;
     }
-    if (m_requests.Add(SendQuery(UserLogical::DeviceNodeOrganization, std::string()), KindRoot,
-            [this](const Param& param) { OnRoot(param); }))
-        SetState(State::Loading, UICommonMdl::ErrorNone);
-    else
-        SetState(State::Failed, UICommonMdl::ErrorDisconnected);
+    SendQuery(
+        UserLogical::DeviceNodeOrganization, std::string(), [this](const Param& param) { OnRoot(param); });
+    SetState(State::Loading, UICommonMdl::ErrorNone);
 }
 
-int CDeviceRightModel::SendQuery(int nKind, const std::string& sId)
+void CDeviceRightModel::SendQuery(
+    int nKind, const std::string& sId, std::function<void(const Param&)> handler)
 {
-    return m_pManager ? m_pManager->QueryDeviceRights({nKind, sId, m_vecRoleIds}) : 0;
+    m_calls.Each<&UserLogical::IUserManager::QueryDeviceRights>(
+        UserLogical::DeviceRightQuery_t{nKind, sId, m_vecRoleIds}, std::move(handler));
 }
 
 void CDeviceRightModel::OnRoot(const Param& param)
@@ -118,12 +109,8 @@ void CDeviceRightModel::OnItemExpanded(const QModelIndex& index)
     CRightTreeItem* const pItem = ItemOf(index);
     if (!pItem || !canFetchMore(index) || pItem->GetLoad() == CRightTreeItem::Load::Running)
         return;
-    const int nSequence = SendQuery(pItem->GetNode().nKind, pItem->GetNode().sId);
-    if (!m_requests.Add(
-            nSequence, KindBranch, [this, pItem](const Param& param) { OnBranch(pItem, param); })) {
-        Q_EMIT SignalBranchFailed(index, UICommonMdl::ErrorNone);
-        return;
-    }
+    SendQuery(pItem->GetNode().nKind, pItem->GetNode().sId,
+        [this, pItem](const Param& param) { OnBranch(pItem, param); });
     pItem->SetLoad(CRightTreeItem::Load::Running);
     Q_EMIT dataChanged(index, index, {Qt::DecorationRole});
 }

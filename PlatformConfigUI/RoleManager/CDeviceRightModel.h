@@ -3,8 +3,7 @@
 #include "RightTreeItems.h"
 
 #include <UserLogical/IUserManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
 
 #include <QAbstractItemModel>
 #include <QHash>
@@ -48,8 +47,9 @@ public:
     };
     using Param = UserLogical::IUserManagerObserve::Param;
 
-    /// The manager is borrowed and may be null: then every query is refused.
-    CDeviceRightModel(UserLogical::IUserManager* pManager, bool bEditable, QObject* pParent = nullptr);
+    /// pInterfaceSet is borrowed.
+    CDeviceRightModel(
+        const UICommonMdl::CInterfaceSetManager* pInterfaceSet, bool bEditable, QObject* pParent = nullptr);
     ~CDeviceRightModel() override;
 
     /// Asks for the root of the tree with the rights of these roles together; changes are given up.
@@ -91,7 +91,7 @@ private:
     using Nodes = std::vector<UserLogical::DeviceRightNode_t>;
     CRightTreeItem* ItemOf(const QModelIndex& index) const;
     QModelIndex IndexOf(const CRightTreeItem* pItem, int nColumn = ColumnName) const;
-    int SendQuery(int nKind, const std::string& sId);
+    void SendQuery(int nKind, const std::string& sId, std::function<void(const Param&)> handler);
     void OnRoot(const Param& param);
     void OnBranch(CRightTreeItem* pItem, const Param& param);
     Nodes Shown(const Nodes& vecNodes) const;
@@ -102,7 +102,6 @@ private:
     QString GetRoleNames(const CRightTreeItem& item) const;
     QVariant GetDecoration(const CRightTreeItem& item) const;
 
-    UserLogical::IUserManager* m_pManager;
     bool m_bEditable;
     State m_state = State::Loading;
     int m_nError = 0;
@@ -110,8 +109,7 @@ private:
     QHash<QString, QString> m_mapRoleNames;
     std::unique_ptr<CRightTreeItem> m_pRoot; ///< null: not there yet, or the roles give nothing
     mutable QHash<QString, QIcon> m_mapIcons;
-    Common::CRequests<Param> m_requests;
-    Common::CUserManagerAdapter m_adapter;
+    Common::CCalls<UserLogical::IUserManagerObserve> m_calls;
 };
 
 } // namespace PlatformConfigUI

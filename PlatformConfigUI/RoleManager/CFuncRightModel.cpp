@@ -2,24 +2,10 @@
 
 namespace PlatformConfigUI {
 
-CFuncRightModel::CFuncRightModel(UserLogical::IUserManager* pManager, bool bEditable, QObject* pParent)
-    : CRightModel(pManager, bEditable, pParent)
+void CFuncRightModel::SendQuery(Calls& calls)
 {
-}
-
-int CFuncRightModel::SendQuery()
-{
-    return GetManager()->QueryFuncRightList();
-}
-
-void CFuncRightModel::HandleResult(const Param& param)
-{
-    HandleQueryFuncRightListResult(param);
-}
-
-void CFuncRightModel::HandleQueryFuncRightListResult(const Param& param)
-{
-    TakeRightList(param);
+    calls.Latest<&UserLogical::IUserManager::QueryFuncRightList>(
+        [this](const Param& param) { TakeRightList(param); });
 }
 
 const std::vector<std::string>& CFuncRightModel::RightsOf(const UserLogical::Role_t& role) const

@@ -10,15 +10,11 @@ class CFuncRightModel : public CRightModel
     Q_OBJECT
 
 public:
-    CFuncRightModel(UserLogical::IUserManager* pManager, bool bEditable, QObject* pParent = nullptr);
+    using CRightModel::CRightModel;
 
 protected:
-    int SendQuery() override;
-    void HandleResult(const Param& param) override;
+    void SendQuery(Calls& calls) override;
     const std::vector<std::string>& RightsOf(const UserLogical::Role_t& role) const override;
-
-private:
-    void HandleQueryFuncRightListResult(const Param& param);
 };
 
 } // namespace PlatformConfigUI

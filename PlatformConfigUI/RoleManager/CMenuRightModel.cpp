@@ -2,24 +2,10 @@
 
 namespace PlatformConfigUI {
 
-CMenuRightModel::CMenuRightModel(UserLogical::IUserManager* pManager, bool bEditable, QObject* pParent)
-    : CRightModel(pManager, bEditable, pParent)
+void CMenuRightModel::SendQuery(Calls& calls)
 {
-}
-
-int CMenuRightModel::SendQuery()
-{
-    return GetManager()->QueryMenuRightList();
-}
-
-void CMenuRightModel::HandleResult(const Param& param)
-{
-    HandleQueryMenuRightListResult(param);
-}
-
-void CMenuRightModel::HandleQueryMenuRightListResult(const Param& param)
-{
-    TakeRightList(param);
+    calls.Latest<&UserLogical::IUserManager::QueryMenuRightList>(
+        [this](const Param& param) { TakeRightList(param); });
 }
 
 const std::vector<std::string>& CMenuRightModel::RightsOf(const UserLogical::Role_t& role) const

@@ -20,28 +20,20 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CRightModel)
 };
 
-constexpr int KindList = 1;
-
 } // namespace
 
-CRightModel::CRightModel(UserLogical::IUserManager* pManager, bool bEditable, QObject* pParent)
+CRightModel::CRightModel(
+    const UICommonMdl::CInterfaceSetManager* pInterfaceSet, bool bEditable, QObject* pParent)
     : QAbstractItemModel(pParent)
-    , m_pManager(pManager)
     , m_bEditable(bEditable)
-    , m_adapter((Common::RegisterSignalTypes(), pManager))
+    , m_calls(pInterfaceSet, this)
 {
-    connect(
-        &m_adapter, &Common::CUserManagerAdapter::SignalState, this,
-        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
 }
 
 void CRightModel::Query()
 {
-    const int nSequence = m_pManager ? SendQuery() : 0;
-    if (m_requests.Supersede(nSequence, KindList, [this](const Param& param) { HandleResult(param); }))
-        SetState(State::Loading, UICommonMdl::ErrorNone);
-    else
-        SetState(State::Failed, UICommonMdl::ErrorDisconnected);
+    SendQuery(m_calls);
+    SetState(State::Loading, UICommonMdl::ErrorNone);
 }
 
 void CRightModel::TakeRightList(const Param& param)
@@ -72,7 +64,8 @@ void CRightModel::Fill(const std::vector<UserLogical::RightNode_t>& vecRights)
         m_vecRoles.front().setRights = setGiven;
         m_vecRoles.front().bAll = false;
     }
-    UserLogical::IUserRight* const pRight = m_pManager ? m_pManager->GetUserRight() : nullptr;
+    UserLogical::IUserManager* const pManager = m_calls.GetManager();
+    UserLogical::IUserRight* const pRight = pManager ? pManager->GetUserRight() : nullptr;
     beginResetModel();
     m_vecNodes.clear();
     m_vecNodes.reserve(vecRights.size());

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <UserLogical/IUserManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
 
 #include <QAbstractItemModel>
 #include <QHash>
@@ -39,8 +37,9 @@ public:
     };
     using Param = UserLogical::IUserManagerObserve::Param;
 
-    /// The manager is borrowed and may be null: then every query is refused.
-    CRightModel(UserLogical::IUserManager* pManager, bool bEditable, QObject* pParent);
+    /// pInterfaceSet is borrowed.
+    CRightModel(
+        const UICommonMdl::CInterfaceSetManager* pInterfaceSet, bool bEditable, QObject* pParent = nullptr);
 
     /// Asks for the platform's rights; what roles give stays as it is meanwhile.
     void Query();
@@ -84,11 +83,11 @@ Q_SIGNALS:
     void SignalEdited();
 
 protected:
-    virtual int SendQuery() = 0;
-    virtual void HandleResult(const Param& param) = 0;
+    using Calls = Common::CCalls<UserLogical::IUserManagerObserve>;
+    /// Asks for the rights; the answer goes to TakeRightList.
+    virtual void SendQuery(Calls& calls) = 0;
     virtual const std::vector<std::string>& RightsOf(const UserLogical::Role_t& role) const = 0;
 
-    UserLogical::IUserManager* GetManager() const { return m_pManager; }
     /// Shows the answer; a failed one is logged.
     void TakeRightList(const Param& param);
 
@@ -128,7 +127,6 @@ private:
     void TellBelow(int nNode);
     void SetState(State state, int nError);
 
-    UserLogical::IUserManager* m_pManager;
     bool m_bEditable;
     int m_nMode = 2;
     State m_state = State::Loading;
@@ -137,8 +135,7 @@ private:
     std::vector<int> m_vecTop;
     QHash<QString, int> m_mapCodes;
     std::vector<Shown> m_vecRoles;
-    Common::CRequests<Param> m_requests;
-    Common::CUserManagerAdapter m_adapter;
+    Calls m_calls;
 };
 
 } // namespace PlatformConfigUI

@@ -36,25 +36,31 @@ const QKeySequence AutoKey(Qt::Key_F4);
 
 } // namespace
 
-CRightsView::CRightsView(UserLogical::IUserManager* pManager, Mode mode, QWidget* pParent)
+CRightsView::CRightsView(const UICommonMdl::CInterfaceSetManager* pInterfaceSet, Mode mode, QWidget* pParent)
     : QWidget(pParent)
-    , m_pManager(pManager)
     , m_mode(mode)
     , m_pUi(std::make_unique<Ui::CRightsView>())
-    , m_pDevices(new CDeviceRightModel(pManager, mode == Mode::Edit, this))
+    , m_pDevices(new CDeviceRightModel(pInterfaceSet, mode == Mode::Edit, this))
     , m_pDeviceFilter(new Common::CTreeFilterProxyModel(this))
+    , m_session(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
-    m_menu = {new CMenuRightModel(pManager, mode == Mode::Edit, this),
+    m_menu = {new CMenuRightModel(pInterfaceSet, mode == Mode::Edit, this),
         new CMenuRightSortFilterProxyModel(this), m_pUi->treeMenu, m_pUi->editSearchMenu, m_pUi->stackMenu,
         m_pUi->wgtStateMenu};
-    m_func = {new CFuncRightModel(pManager, mode == Mode::Edit, this),
+    m_func = {new CFuncRightModel(pInterfaceSet, mode == Mode::Edit, this),
         new CFuncRightSortFilterProxyModel(this), m_pUi->treeFunc, m_pUi->editSearchFunc, m_pUi->stackFunc,
         m_pUi->wgtStateFunc};
-    SetUpRights(m_menu);
-    SetUpRights(m_func);
+    UserLogical::IUserManager* const pUsers = pInterfaceSet->GetUserManager();
+    const int nMode = GetRightFilterMode(pUsers ? pUsers->GetUserTypeText() : std::string());
+    SetUpRights(m_menu, nMode);
+    SetUpRights(m_func, nMode);
     SetUpDevices();
     m_pUi->tabRights->setCurrentIndex(0);
+    connect(&m_session, &Common::CSession::SignalConnectionChanged, this, [this](bool bConnected) {
+        if (bConnected)
+            QueryFailed();
+    });
     Common::LoadStyleSheet(this, QStringLiteral("PlatformConfigUI/RoleManager"));
     m_menu.pModel->Query();
     m_func.pModel->Query();
@@ -62,9 +68,8 @@ CRightsView::CRightsView(UserLogical::IUserManager* pManager, Mode mode, QWidget
 
 CRightsView::~CRightsView() = default;
 
-void CRightsView::SetUpRights(const RightTab& tab)
+void CRightsView::SetUpRights(const RightTab& tab, int nMode)
 {
-    const int nMode = GetRightFilterMode(m_pManager ? m_pManager->GetUserTypeText() : std::string());
     tab.pModel->SetMode(nMode);
     tab.pProxy->SetMode(nMode);
     tab.pProxy->SetGivenOnly(m_mode == Mode::ReadOnly);
@@ -137,10 +142,8 @@ void CRightsView::ShowRoles(const std::vector<UserLogical::Role_t>& vecRoles)
     m_pDevices->ShowRoles(vecRoles);
 }
 
-void CRightsView::SetConnected(bool bConnected)
+void CRightsView::QueryFailed()
 {
-    if (!bConnected)
-        return;
     for (const RightTab* pTab : {&m_menu, &m_func}) {
         if (pTab->pModel->GetState() == CRightModel::State::Failed)
             pTab->pModel->Query();

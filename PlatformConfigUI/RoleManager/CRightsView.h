@@ -1,6 +1,6 @@
 #pragma once
 
-#include <UserLogical/IUserManager.h>
+#include <common/CSession.h>
 
 #include <QWidget>
 
@@ -37,14 +37,13 @@ public:
         Edit,
         ReadOnly
     };
-    /// The manager is borrowed and may be null.
-    CRightsView(UserLogical::IUserManager* pManager, Mode mode, QWidget* pParent = nullptr);
+    /// pInterfaceSet is borrowed.
+    CRightsView(
+        const UICommonMdl::CInterfaceSetManager* pInterfaceSet, Mode mode, QWidget* pParent = nullptr);
     ~CRightsView() override;
 
     /// Shows the rights of these roles together (as QueryRoleInfo and QueryUserRole answer them).
     void ShowRoles(const std::vector<UserLogical::Role_t>& vecRoles);
-    /// What cannot work without the server waits until it is back.
-    void SetConnected(bool bConnected);
 
     /// The rights as they are now, sorted.
     std::vector<std::string> GetMenuRights() const;
@@ -69,23 +68,25 @@ private:
         QStackedWidget* pStack;
         VxGUI::VxEmptyState* pState;
     };
-    void SetUpRights(const RightTab& tab);
+    void SetUpRights(const RightTab& tab, int nMode);
     void SetUpDevices();
     void SetUpDeviceKeys();
     void UpdateRights(const RightTab& tab);
     void UpdateDevices();
+    /// The server is back: asks for what did not come.
+    void QueryFailed();
     void ShowFailed(VxGUI::VxEmptyState* pState, int nErrorCode);
     void OnBranchFailed(const QModelIndex& source, int nErrorCode);
     void OnDeviceMenu(const QPoint& pos);
     void OnToggleAuto(const QModelIndex& index);
 
-    UserLogical::IUserManager* m_pManager;
     Mode m_mode;
     std::unique_ptr<Ui::CRightsView> m_pUi;
     RightTab m_menu;
     RightTab m_func;
     CDeviceRightModel* m_pDevices;
     Common::CTreeFilterProxyModel* m_pDeviceFilter;
+    Common::CSession m_session;
 };
 
 } // namespace PlatformConfigUI

@@ -14,6 +14,7 @@
 
 namespace PlatformConfigUI {
 
+using UserLogical::IUserManager;
 using UserLogical::Role_t;
 
 namespace {
@@ -24,13 +25,6 @@ struct Text
 };
 
 constexpr const char* RightChangeRoles = "001002002";
-
-enum RequestKind : int
-{
-    KindRoleList = 1,
-    KindSave,
-    KindDelete
-};
 
 QStringList FailureLines(const std::vector<UserLogical::UserFailure_t>& vecFailed)
 {
@@ -43,48 +37,13 @@ QStringList FailureLines(const std::vector<UserLogical::UserFailure_t>& vecFaile
 
 } // namespace
 
-void CRoleManagerCtrl::OnNotifyUserManagerState(const UserParam& param)
+void CRoleManagerCtrl::OnConnectionChanged(bool bConnected)
 {
-    Q_EMIT SignalNotifyUserManagerState(param);
-}
-
-void CRoleManagerCtrl::OnNotifyLoginManagerState(const LoginParam& param)
-{
-    Q_EMIT SignalNotifyLoginManagerState(param);
-}
-
-void CRoleManagerCtrl::OnUserState(const UserParam& param)
-{
-    if (param.nSequence > 0)
-        m_requests.Answer(param);
-    else if (param.nResultCode == ResultRolesChanged && m_bConnected && !m_bReleased
-        && !m_queryTimer.isActive())
-        m_queryTimer.start();
-}
-
-void CRoleManagerCtrl::OnLoginState(const LoginParam& param)
-{
-    if (param.nResultCode == ResultDisconnected)
-        SetConnected(false);
-    else if (param.nResultCode == ResultReconnected)
-        SetConnected(true);
-    else if (param.nResultCode == ResultRightsChanged)
-        UpdateRights();
-}
-
-void CRoleManagerCtrl::SetConnected(bool bConnected)
-{
-    if (m_bReleased)
-        return;
-    m_bConnected = bConnected;
-    m_pUi->lbConnection->setVisible(!bConnected);
     m_pUi->stackList->setEnabled(bConnected);
     m_pUi->btnRefresh->setEnabled(bConnected);
     UpdateButtons();
-    if (m_pDialog)
-        m_pDialog->SetConnected(bConnected);
     if (bConnected) {
-        UpdateRights();
+        OnRightsChanged();
         QueryRoles();
         return;
     }
@@ -93,10 +52,9 @@ void CRoleManagerCtrl::SetConnected(bool bConnected)
         ShowListState(UICommonMdl::ErrorDisconnected);
 }
 
-void CRoleManagerCtrl::UpdateRights()
+void CRoleManagerCtrl::OnRightsChanged()
 {
-    UserLogical::IUserRight* const pRight = m_pManager ? m_pManager->GetUserRight() : nullptr;
-    m_bMayChange = pRight && pRight->HasRight(RightChangeRoles);
+    m_bMayChange = HasRight(RightChangeRoles);
     const QString sReason =
         m_bMayChange ? QString() : Text::tr("You have no permission to add, change or delete roles.");
     m_pUi->btnAdd->setToolTip(sReason);
@@ -107,8 +65,8 @@ void CRoleManagerCtrl::UpdateRights()
 
 void CRoleManagerCtrl::UpdateButtons()
 {
-    m_pUi->btnAdd->setEnabled(m_bConnected && m_bMayChange);
-    m_pUi->btnDelete->setEnabled(m_bConnected && m_bMayChange);
+    m_pUi->btnAdd->setEnabled(IsConnected() && m_bMayChange);
+    m_pUi->btnDelete->setEnabled(IsConnected() && m_bMayChange);
     m_pHeader->SetCheckState(m_pModel->GetSummary());
     m_pUi->lbStatus->setText(
         Text::tr("Roles: %1, checked: %2").arg(m_pModel->rowCount()).arg(m_pModel->GetCheckedRoles().size()));
@@ -116,16 +74,7 @@ void CRoleManagerCtrl::UpdateButtons()
 
 void CRoleManagerCtrl::QueryRoles()
 {
-    if (m_bReleased)
-        return;
-    const int nSequence = m_pManager ? m_pManager->QueryRoleList() : 0;
-    if (!m_requests.Supersede(
-            nSequence, KindRoleList, [this](const UserParam& param) { OnRoleList(param); })) {
-        ShowFailure(Text::tr("Failed to get role list"), UICommonMdl::ErrorNone);
-        if (m_vecRoles.empty())
-            ShowListState(UICommonMdl::ErrorDisconnected);
-        return;
-    }
+    m_calls.Latest<&IUserManager::QueryRoleList>([this](const UserParam& param) { OnRoleList(param); });
     if (!m_vecRoles.empty())
         return;
     m_pUi->wgtListState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading roles"));
@@ -142,7 +91,7 @@ void CRoleManagerCtrl::OnRoleList(const UserParam& param)
         return;
     }
     if (param.nErrorCode != UICommonMdl::ErrorNoRight)
-        ShowFailure(Text::tr("Failed to get role list"), param.nErrorCode);
+        NotifyFailure(Text::tr("Failed to get role list"), param.nErrorCode);
     // While the connection is lost the rows of before stay, with their checks.
     if (param.nErrorCode == UICommonMdl::ErrorDisconnected && !m_vecRoles.empty())
         return;
@@ -235,7 +184,7 @@ void CRoleManagerCtrl::OnContextMenu(const QPoint& pos)
 void CRoleManagerCtrl::OnOperation(int nRole, const QString& sId)
 {
     // The role may be gone, and the right with it, by the time that the choice is made.
-    if (!m_bConnected || !IsOffered(sId, nRole))
+    if (!IsConnected() || !IsOffered(sId, nRole))
         return;
     if (nRole == RoleDelete) {
         DeleteRoles({sId});
@@ -250,7 +199,7 @@ void CRoleManagerCtrl::OnOperation(int nRole, const QString& sId)
 
 CRoleManagerEditDlg* CRoleManagerCtrl::MakeDialog()
 {
-    m_pDialog = new CRoleManagerEditDlg(m_pManager, this);
+    m_pDialog = new CRoleManagerEditDlg(GetInterfaceSet(), this);
     m_pDialog->SetRoles(m_vecRoles);
     connect(m_pDialog, &CRoleManagerEditDlg::SignalSave, this, &CRoleManagerCtrl::OnSave);
     m_pDialog->open();
@@ -264,33 +213,30 @@ void CRoleManagerCtrl::OnBtnAddClicked()
 
 void CRoleManagerCtrl::OnSave(const UserLogical::RoleEdit_t& edit)
 {
-    int nSequence = 0;
-    if (m_pManager)
-        nSequence = edit.role.sRoleId.empty() ? m_pManager->AddRole(edit) : m_pManager->ModifyRole(edit);
     const QPointer<CRoleManagerEditDlg> pDialog = m_pDialog;
-    const bool bSent = m_requests.Add(nSequence, KindSave, [this, pDialog](const UserParam& param) {
+    const auto onSaved = [this, pDialog](const UserParam& param) {
         QueryRoles();
         if (param.nErrorCode == UICommonMdl::ErrorNone)
-            VxGUI::VxNotification::Show(
-                this, Text::tr("The role is saved."), VxGUI::NotificationKind::Success);
+            Notify(Text::tr("The role is saved."), VxGUI::NotificationKind::Success);
         else if (!pDialog)
-            ShowFailure(Text::tr("Failed to modify role"), param.nErrorCode);
+            NotifyFailure(Text::tr("Failed to modify role"), param.nErrorCode);
         // Last: the page may be gone when a question is answered.
         if (pDialog && param.nErrorCode == UICommonMdl::ErrorNone)
             pDialog->OnSaved();
         else if (pDialog)
             pDialog->OnSaveFailed(param.nErrorCode, QString::fromStdString(param.sErrorDetail));
-    });
-    if (!bSent && pDialog)
-        pDialog->OnSaveFailed(UICommonMdl::ErrorNone, QString());
+    };
+    if (edit.role.sRoleId.empty())
+        m_calls.Each<&IUserManager::AddRole>(edit, onSaved);
+    else
+        m_calls.Each<&IUserManager::ModifyRole>(edit, onSaved);
 }
 
 void CRoleManagerCtrl::OnBtnDeleteClicked()
 {
     const QStringList listIds = m_pModel->GetCheckedRoles();
     if (listIds.isEmpty())
-        VxGUI::VxNotification::Show(this, Text::tr("Please select one or more roles to be deleted."),
-            VxGUI::NotificationKind::Warning);
+        Notify(Text::tr("Please select one or more roles to be deleted."), VxGUI::NotificationKind::Warning);
     else
         DeleteRoles(listIds);
 }
@@ -303,9 +249,8 @@ void CRoleManagerCtrl::DeleteRoles(const QStringList& listIds)
     std::vector<std::string> vecIds;
     for (const QString& sId : listIds)
         vecIds.push_back(sId.toStdString());
-    const int nSequence = m_pManager ? m_pManager->DeleteRoles(vecIds) : 0;
-    if (!m_requests.Add(nSequence, KindDelete, [this](const UserParam& param) { OnDeleteAnswer(param); }))
-        ShowFailure(Text::tr("Failed to delete role"), UICommonMdl::ErrorNone);
+    m_calls.Each<&IUserManager::DeleteRoles>(
+        vecIds, [this](const UserParam& param) { OnDeleteAnswer(param); });
 }
 
 void CRoleManagerCtrl::OnDeleteAnswer(const UserParam& param)
@@ -313,14 +258,11 @@ void CRoleManagerCtrl::OnDeleteAnswer(const UserParam& param)
     QueryRoles();
     // Last: the page may be gone when the message is closed.
     if (!param.vecFailed.empty())
-        Common::ShowFailures(this, Text::tr("Failed to delete role"), FailureLines(param.vecFailed));
+        WhenShown([this, listLines = FailureLines(param.vecFailed)] {
+            Common::ShowFailures(this, Text::tr("Failed to delete role"), listLines);
+        });
     else if (param.nErrorCode != UICommonMdl::ErrorNone)
-        ShowFailure(Text::tr("Failed to delete role"), param.nErrorCode);
-}
-
-void CRoleManagerCtrl::ShowFailure(const QString& sPrefix, int nErrorCode)
-{
-    VxGUI::VxNotification::Show(this, Common::FailureText(sPrefix, nErrorCode));
+        NotifyFailure(Text::tr("Failed to delete role"), param.nErrorCode);
 }
 
 } // namespace PlatformConfigUI

@@ -3,13 +3,10 @@
 #include "CRoleModel.h"
 #include "ui_CRoleManagerCtrl.h"
 
-#include <RemoteConfigLogical/IRemoteConfigManager.h>
 #include <Trv/QSkin.h>
-#include <UICommonMdl/CInterfaceSetManager.h>
 #include <common/CCheckDelegate.h>
 #include <common/CFilterHeaderView.h>
 #include <common/CRowButtonDelegate.h>
-#include <common/StyleSheet.h>
 
 #include <QShortcut>
 
@@ -23,53 +20,35 @@ struct Text
 };
 
 constexpr int PushDelayMs = 200;
-const QString SkinFolder = QStringLiteral("PlatformConfigUI/RoleManager");
 
 } // namespace
 
 CRoleManagerCtrl::CRoleManagerCtrl(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
-    : QWidget(pParent)
-    , m_pManager(pInterfaceSet->GetUserManager())
+    : CPage(pInterfaceSet, QStringLiteral("PlatformConfigUI/RoleManager"), pParent)
     , m_pUi(std::make_unique<Ui::CRoleManagerCtrl>())
     , m_pModel(new CRoleModel(this))
-    , m_userRegistration((Common::RegisterSignalTypes(), m_pManager), this)
-    , m_loginRegistration(m_pManager, this)
+    , m_calls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
+    m_pUi->lbConnection->Watch(GetSession());
     SetUpToolBar();
     SetUpList();
     SetUpKeys();
-    SetUpObservers();
-    Common::LoadStyleSheet(this, SkinFolder);
-    UpdateRights();
-    RemoteConfigLogical::IRemoteConfigManager* const pRemote = pInterfaceSet->GetRemoteConfigManager();
-    if (pRemote && !pRemote->IsServerConnected())
-        SetConnected(false);
-    else
+    m_queryTimer.setSingleShot(true);
+    m_queryTimer.setInterval(PushDelayMs);
+    connect(&m_queryTimer, &QTimer::timeout, this, &CRoleManagerCtrl::QueryRoles);
+    m_calls.OnPush(UserLogical::IUserManagerObserve::ResultRolesChanged, [this](const UserParam&) {
+        if (IsConnected() && !m_queryTimer.isActive())
+            m_queryTimer.start();
+    });
+    OnRightsChanged();
+    if (IsConnected())
         QueryRoles();
+    else
+        OnConnectionChanged(false);
 }
 
 CRoleManagerCtrl::~CRoleManagerCtrl() = default;
-
-bool CRoleManagerCtrl::OnMsg(int, QVariant*, void*)
-{
-    return false;
-}
-
-void CRoleManagerCtrl::UninitUI()
-{
-    m_bReleased = true;
-    m_userRegistration.Release();
-    m_loginRegistration.Release();
-    m_requests.Clear();
-    m_queryTimer.stop();
-}
-
-void CRoleManagerCtrl::showEvent(QShowEvent* pEvent)
-{
-    QWidget::showEvent(pEvent);
-    Common::LoadStyleSheet(this, SkinFolder);
-}
 
 void CRoleManagerCtrl::SetUpToolBar()
 {
@@ -157,17 +136,6 @@ void CRoleManagerCtrl::SetUpKeys()
     auto* const pFind =
         new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
     connect(pFind, &QShortcut::activated, m_pUi->editSearch, [this] { m_pUi->editSearch->setFocus(); });
-}
-
-void CRoleManagerCtrl::SetUpObservers()
-{
-    connect(this, &CRoleManagerCtrl::SignalNotifyUserManagerState, this, &CRoleManagerCtrl::OnUserState,
-        Qt::QueuedConnection);
-    connect(this, &CRoleManagerCtrl::SignalNotifyLoginManagerState, this, &CRoleManagerCtrl::OnLoginState,
-        Qt::QueuedConnection);
-    m_queryTimer.setSingleShot(true);
-    m_queryTimer.setInterval(PushDelayMs);
-    connect(&m_queryTimer, &QTimer::timeout, this, &CRoleManagerCtrl::QueryRoles);
 }
 
 } // namespace PlatformConfigUI

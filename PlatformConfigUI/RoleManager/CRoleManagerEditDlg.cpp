@@ -15,6 +15,7 @@
 
 namespace PlatformConfigUI {
 
+using UserLogical::IUserManager;
 using UserLogical::Role_t;
 
 namespace {
@@ -27,12 +28,6 @@ struct Text
 constexpr int NameLimit = 50;
 constexpr int RemarkLimit = 255;
 
-enum RequestKind : int
-{
-    KindRole = 1,
-    KindCopy
-};
-
 Role_t Sorted(Role_t role)
 {
     std::sort(role.vecMenuRights.begin(), role.vecMenuRights.end());
@@ -42,16 +37,18 @@ Role_t Sorted(Role_t role)
 
 } // namespace
 
-CRoleManagerEditDlg::CRoleManagerEditDlg(UserLogical::IUserManager* pManager, QWidget* pParent)
+CRoleManagerEditDlg::CRoleManagerEditDlg(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
     : QDialog(pParent)
-    , m_pManager(pManager)
+    , m_pInterfaceSet(pInterfaceSet)
     , m_pUi(std::make_unique<Ui::CRoleManagerEditDlg>())
-    , m_adapter((Common::RegisterSignalTypes(), pManager))
+    , m_session(pInterfaceSet, this)
+    , m_calls(pInterfaceSet, this)
+    , m_copyCalls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);
-    m_pUi->lbConnection->hide();
+    m_pUi->lbConnection->Watch(m_session);
     m_pUi->lbBusy->hide();
     SetUpFields();
     connect(m_pUi->btnEdit, &QAbstractButton::clicked, this, [this] { BeginModify(m_sRoleId); });
@@ -60,9 +57,8 @@ CRoleManagerEditDlg::CRoleManagerEditDlg(UserLogical::IUserManager* pManager, QW
     connect(m_pUi->cmbCopyFrom, QOverload<int>::of(&QComboBox::activated), this,
         &CRoleManagerEditDlg::OnCopyChosen);
     connect(m_pUi->wgtRoleState, &VxGUI::VxEmptyState::SignalAction, this, &CRoleManagerEditDlg::QueryRole);
-    connect(
-        &m_adapter, &Common::CUserManagerAdapter::SignalState, this,
-        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
+    connect(&m_session, &Common::CSession::SignalConnectionChanged, this,
+        &CRoleManagerEditDlg::OnConnectionChanged);
     Common::LoadStyleSheet(this, QStringLiteral("PlatformConfigUI/RoleManager"));
 }
 
@@ -136,7 +132,8 @@ void CRoleManagerEditDlg::Begin(Purpose purpose, const QString& sRoleId)
     m_pUi->lbCopyFrom->setVisible(!bDetails);
     m_pUi->cmbCopyFrom->setVisible(!bDetails);
     delete m_pRights;
-    m_pRights = new CRightsView(m_pManager, bDetails ? CRightsView::Mode::ReadOnly : CRightsView::Mode::Edit);
+    m_pRights =
+        new CRightsView(m_pInterfaceSet, bDetails ? CRightsView::Mode::ReadOnly : CRightsView::Mode::Edit);
     m_pUi->layPermissions->addWidget(m_pRights);
     setTabOrder(bDetails ? static_cast<QWidget*>(m_pUi->editRemark) : m_pUi->cmbCopyFrom, m_pRights);
     setTabOrder(m_pRights, m_pUi->btnEdit);
@@ -146,16 +143,11 @@ void CRoleManagerEditDlg::Begin(Purpose purpose, const QString& sRoleId)
 
 void CRoleManagerEditDlg::QueryRole()
 {
-    const int nSequence = m_pManager ? m_pManager->QueryRoleInfo(m_sRoleId.toStdString()) : 0;
+    m_copyCalls.ForgetAll();
+    m_calls.Latest<&IUserManager::QueryRoleInfo>(
+        m_sRoleId.toStdString(), [this](const Param& param) { OnRoleInfo(param); });
+    m_pUi->wgtRoleState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading role"));
     m_pUi->stackRole->setCurrentWidget(m_pUi->wgtRoleState);
-    m_requests.Clear();
-    if (m_requests.Add(nSequence, KindRole, [this](const Param& param) { OnRoleInfo(param); })) {
-        m_pUi->wgtRoleState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading role"));
-        return;
-    }
-    Param refused;
-    refused.nErrorCode = UICommonMdl::ErrorDisconnected;
-    OnRoleInfo(refused);
 }
 
 void CRoleManagerEditDlg::OnRoleInfo(const Param& param)
@@ -193,21 +185,17 @@ void CRoleManagerEditDlg::ShowRecord()
 void CRoleManagerEditDlg::OnCopyChosen(int nIndex)
 {
     const QString sRoleId = m_pUi->cmbCopyFrom->itemData(nIndex).toString();
-    if (sRoleId == m_sCopyFrom && !m_requests.HasKind(KindCopy))
+    if (sRoleId == m_sCopyFrom && !m_copyCalls.IsPending())
         return;
     if (sRoleId.isEmpty()) {
-        m_requests.Clear();
+        m_copyCalls.ForgetAll();
         m_sCopyFrom.clear();
         m_pRights->ShowRoles({m_loaded});
         UpdateButtons();
         return;
     }
-    const int nSequence = m_pManager ? m_pManager->QueryRoleInfo(sRoleId.toStdString()) : 0;
-    if (!m_requests.Supersede(
-            nSequence, KindCopy, [this, sRoleId](const Param& param) { OnCopyInfo(sRoleId, param); })) {
-        VxGUI::VxNotification::Show(this, Text::tr("Failed to get role info."));
-        ShowRoles();
-    }
+    m_copyCalls.Latest<&IUserManager::QueryRoleInfo>(
+        sRoleId.toStdString(), [this, sRoleId](const Param& param) { OnCopyInfo(sRoleId, param); });
     UpdateButtons();
 }
 
@@ -329,26 +317,21 @@ bool CRoleManagerEditDlg::AskCancel()
     return Common::AskPrompt(this, Text::tr("Are you sure to cancel?")) && guard;
 }
 
-void CRoleManagerEditDlg::SetConnected(bool bConnected)
+void CRoleManagerEditDlg::OnConnectionChanged(bool bConnected)
 {
-    m_bConnected = bConnected;
-    m_pUi->lbConnection->setVisible(!bConnected);
     UpdateButtons();
-    if (!bConnected)
-        return;
-    m_pRights->SetConnected(true);
-    if (!m_bLoaded && !m_requests.HasKind(KindRole))
+    if (bConnected && !m_bLoaded && !m_calls.IsPending())
         QueryRole();
 }
 
 void CRoleManagerEditDlg::UpdateButtons()
 {
     const bool bDetails = m_purpose == Purpose::Details;
-    const bool bReady = m_bConnected && m_bLoaded && !m_bSaving;
+    const bool bReady = m_session.IsConnected() && m_bLoaded && !m_bSaving;
     m_pUi->btnEdit->setVisible(bDetails && m_bMayEdit);
     m_pUi->btnEdit->setEnabled(bReady);
     m_pUi->btnOk->setVisible(!bDetails);
-    m_pUi->btnOk->setEnabled(bReady && !m_requests.HasKind(KindCopy));
+    m_pUi->btnOk->setEnabled(bReady && !m_copyCalls.IsPending());
     m_pUi->cmbCopyFrom->setEnabled(bReady);
     m_pUi->lbBusy->setVisible(m_bSaving);
     m_pUi->pageForm->setEnabled(!m_bSaving);

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <UserLogical/IUserManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
+#include <common/CSession.h>
 
 #include <QDialog>
 
@@ -24,8 +23,8 @@ class CRoleManagerEditDlg : public QDialog
     Q_OBJECT
 
 public:
-    /// pManager is borrowed; null: every query is refused.
-    CRoleManagerEditDlg(UserLogical::IUserManager* pManager, QWidget* pParent);
+    /// pInterfaceSet is borrowed and outlives the dialog's work.
+    CRoleManagerEditDlg(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent);
     ~CRoleManagerEditDlg() override;
 
     /// The roles that can be copied from, with the host's list.
@@ -34,12 +33,10 @@ public:
     void BeginModify(const QString& sRoleId);
     /// bMayEdit: the button "Edit" goes on to changing the role.
     void BeginDetails(const QString& sRoleId, bool bMayEdit);
-    void SetConnected(bool bConnected);
 
     /// The record of SignalSave was taken: closes.
     void OnSaved();
-    /// It was refused. nErrorCode as the answer has it, ErrorNone when it was not even sent; sDetail: the
-    /// answer's detail.
+    /// It was refused, or could not be sent; both as the answer has them.
     void OnSaveFailed(int nErrorCode, const QString& sDetail);
 
     void accept() override;
@@ -73,9 +70,10 @@ private:
     bool AskCancel();
     void CloseBecauseGone();
     void OfferReload();
+    void OnConnectionChanged(bool bConnected);
     void UpdateButtons();
 
-    UserLogical::IUserManager* m_pManager;
+    UICommonMdl::CInterfaceSetManager* m_pInterfaceSet;
     std::unique_ptr<Ui::CRoleManagerEditDlg> m_pUi;
     CRightsView* m_pRights = nullptr;
     Purpose m_purpose = Purpose::Add;
@@ -86,9 +84,9 @@ private:
     bool m_bMayEdit = false;
     bool m_bLoaded = false;
     bool m_bSaving = false;
-    bool m_bConnected = true;
-    Common::CRequests<Param> m_requests;
-    Common::CUserManagerAdapter m_adapter;
+    Common::CSession m_session;
+    Common::CCalls<UserLogical::IUserManagerObserve> m_calls; ///< the role itself
+    Common::CCalls<UserLogical::IUserManagerObserve> m_copyCalls; ///< the role to copy from
 };
 
 } // namespace PlatformConfigUI

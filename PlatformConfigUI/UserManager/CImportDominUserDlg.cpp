@@ -14,17 +14,13 @@
 
 namespace PlatformConfigUI {
 
+using UserLogical::IUserManager;
+
 namespace {
 
 struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(CImportDominUserDlg)
-};
-
-enum RequestKind : int
-{
-    KindQuery = 1,
-    KindAdd
 };
 
 /// The directory's server may take its time.
@@ -39,18 +35,19 @@ void MarkStep(QWidget* pStep, bool bCurrent)
 
 } // namespace
 
-CImportDominUserDlg::CImportDominUserDlg(UserLogical::IUserManager* pManager, QWidget* pParent)
+CImportDominUserDlg::CImportDominUserDlg(
+    const UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
     : QDialog(pParent)
     , m_pUi(std::make_unique<Ui::CImportDominUserDlg>())
-    , m_pManager(pManager)
-    , m_pPermission(new CUserDetailPermission(pManager))
-    , m_adapter((Common::RegisterSignalTypes(), pManager))
+    , m_pPermission(new CUserDetailPermission(pInterfaceSet))
+    , m_session(pInterfaceSet, this)
+    , m_calls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);
-    m_requests.SetTimeOut(AddTimeOut);
-    m_pUi->lbConnection->hide();
+    m_calls.SetLimit(AddTimeOut);
+    m_pUi->lbConnection->Watch(m_session);
     m_pUi->lbTruncated->hide();
     m_pUi->edtSearchDomain->SetBackgroundText(Text::tr("Username"));
     m_pUi->tableDomain->SetCheckable();
@@ -68,9 +65,8 @@ CImportDominUserDlg::CImportDominUserDlg(UserLogical::IUserManager* pManager, QW
     connect(m_pUi->btnPrevious, &QAbstractButton::clicked, this, [this] { ShowStep(m_pUi->pageUsers); });
     connect(m_pUi->btnNext, &QAbstractButton::clicked, this, &CImportDominUserDlg::OnNextClicked);
     connect(m_pUi->btnCancel, &QAbstractButton::clicked, this, &CImportDominUserDlg::reject);
-    connect(
-        &m_adapter, &Common::CUserManagerAdapter::SignalState, this,
-        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
+    connect(&m_session, &Common::CSession::SignalConnectionChanged, this,
+        &CImportDominUserDlg::OnConnectionChanged);
     Common::LoadStyleSheet(this, QStringLiteral("PlatformConfigUI/UserManagerUI"));
     ShowStep(m_pUi->pageUsers);
     UpdateTicks();
@@ -87,14 +83,10 @@ void CImportDominUserDlg::Start()
 
 void CImportDominUserDlg::Query()
 {
-    const int nSequence = m_pManager ? m_pManager->QueryDomainUsers(m_sSearchText.toStdString()) : 0;
-    if (!m_requests.Supersede(nSequence, KindQuery, [this](const Param& param) { OnUsers(param); })) {
-        ShowListState(UICommonMdl::ErrorInternal);
-    } else {
-        m_pUi->wgtDomainState->SetState(
-            VxGUI::VxEmptyState::Kind::Loading, Text::tr("Reading the directory"));
-        m_pUi->stackDomain->setCurrentWidget(m_pUi->wgtDomainState);
-    }
+    m_calls.Latest<&IUserManager::QueryDomainUsers>(
+        m_sSearchText.toStdString(), [this](const Param& param) { OnUsers(param); });
+    m_pUi->wgtDomainState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Reading the directory"));
+    m_pUi->stackDomain->setCurrentWidget(m_pUi->wgtDomainState);
     UpdateButtons();
 }
 
@@ -167,12 +159,10 @@ void CImportDominUserDlg::AddUsers()
         m_pPermission->StartInput();
         return;
     }
-    const int nSequence =
-        m_pManager ? m_pManager->AddDomainUsers(ToNames(m_pUi->tableDomain->GetTicked()), vecRoleIds) : 0;
-    m_bAdding = m_requests.Add(nSequence, KindAdd, [this](const Param& param) { OnAddAnswer(param); });
+    m_bAdding = true;
+    m_calls.Each<&IUserManager::AddDomainUsers>(ToNames(m_pUi->tableDomain->GetTicked()), vecRoleIds,
+        [this](const Param& param) { OnAddAnswer(param); });
     UpdateButtons();
-    if (!m_bAdding)
-        VxGUI::VxNotification::Show(this, Text::tr("Failed to add domain user."));
 }
 
 void CImportDominUserDlg::OnAddAnswer(const Param& param)
@@ -207,16 +197,12 @@ void CImportDominUserDlg::ShowFailed(const std::vector<UserLogical::UserFailure_
         GetFailureLines(vecFailed).join(QLatin1Char('\n')));
 }
 
-void CImportDominUserDlg::SetConnected(bool bConnected)
+void CImportDominUserDlg::OnConnectionChanged(bool bConnected)
 {
-    const bool bBack = bConnected && !m_bConnected;
-    m_bConnected = bConnected;
-    m_pUi->lbConnection->setVisible(!bConnected);
     m_pUi->wgtDomainState->setEnabled(bConnected);
     m_pUi->edtSearchDomain->setEnabled(bConnected);
-    m_pPermission->SetConnected(bConnected);
     UpdateButtons();
-    if (bBack)
+    if (bConnected)
         Query();
 }
 
@@ -232,8 +218,8 @@ void CImportDominUserDlg::UpdateButtons()
     const bool bListed = m_pUi->tableDomain->GetCount() > 0;
     m_pUi->chkAllUsers->setEnabled(bListed);
     m_pUi->btnPrevious->setEnabled(bRoles && !m_bAdding);
-    m_pUi->btnNext->setEnabled(
-        m_bConnected && !m_bAdding && (bRoles || bListed || !m_pUi->tableDomain->GetTicked().isEmpty()));
+    m_pUi->btnNext->setEnabled(m_session.IsConnected() && !m_bAdding
+        && (bRoles || bListed || !m_pUi->tableDomain->GetTicked().isEmpty()));
 }
 
 } // namespace PlatformConfigUI

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <UserLogical/IUserManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
+#include <common/CSession.h>
 
 #include <QDialog>
 
@@ -23,12 +22,11 @@ class CImportDominUserDlg : public QDialog
     Q_OBJECT
 
 public:
-    /// The manager is borrowed; null: every request is refused.
-    CImportDominUserDlg(UserLogical::IUserManager* pManager, QWidget* pParent);
+    /// pInterfaceSet is borrowed.
+    CImportDominUserDlg(const UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent);
     ~CImportDominUserDlg() override;
 
     void Start();
-    void SetConnected(bool bConnected);
 
 Q_SIGNALS:
     /// Users were added, all that were chosen or some of them.
@@ -45,16 +43,15 @@ private:
     void OnAddAnswer(const Param& param);
     void ShowFailed(const std::vector<UserLogical::UserFailure_t>& vecFailed);
     void UpdateTicks();
+    void OnConnectionChanged(bool bConnected);
     void UpdateButtons();
 
     std::unique_ptr<Ui::CImportDominUserDlg> m_pUi;
-    UserLogical::IUserManager* m_pManager;
     CUserDetailPermission* m_pPermission;
     QString m_sSearchText;
-    bool m_bConnected = true;
     bool m_bAdding = false;
-    Common::CRequests<Param> m_requests;
-    Common::CUserManagerAdapter m_adapter;
+    Common::CSession m_session;
+    Common::CCalls<UserLogical::IUserManagerObserve> m_calls;
 };
 
 } // namespace PlatformConfigUI

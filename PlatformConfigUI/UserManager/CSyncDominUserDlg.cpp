@@ -11,6 +11,8 @@
 
 namespace PlatformConfigUI {
 
+using UserLogical::IUserManager;
+
 namespace {
 
 struct Text
@@ -18,31 +20,24 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CSyncDominUserDlg)
 };
 
-enum RequestKind : int
-{
-    KindQuery = 1,
-    KindDelete
-};
-
 } // namespace
 
-CSyncDominUserDlg::CSyncDominUserDlg(UserLogical::IUserManager* pManager, QWidget* pParent)
+CSyncDominUserDlg::CSyncDominUserDlg(const UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
     : QDialog(pParent)
     , m_pUi(std::make_unique<Ui::CSyncDominUserDlg>())
-    , m_pManager(pManager)
-    , m_adapter((Common::RegisterSignalTypes(), pManager))
+    , m_session(pInterfaceSet, this)
+    , m_calls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);
-    m_pUi->lbConnection->hide();
+    m_pUi->lbConnection->Watch(m_session);
     m_pUi->btnDelete->setIcon(Trv::GetIcon(QStringLiteral("delete-on-danger")));
     connect(m_pUi->btnDelete, &QAbstractButton::clicked, this, &CSyncDominUserDlg::OnDeleteClicked);
     connect(m_pUi->btnCancel, &QAbstractButton::clicked, this, &CSyncDominUserDlg::reject);
     connect(m_pUi->wgtInvalidState, &VxGUI::VxEmptyState::SignalAction, this, &CSyncDominUserDlg::Query);
-    connect(
-        &m_adapter, &Common::CUserManagerAdapter::SignalState, this,
-        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
+    connect(&m_session, &Common::CSession::SignalConnectionChanged, this,
+        &CSyncDominUserDlg::OnConnectionChanged);
     Common::LoadStyleSheet(this, QStringLiteral("PlatformConfigUI/UserManagerUI"));
     UpdateButtons();
 }
@@ -57,14 +52,10 @@ void CSyncDominUserDlg::Start()
 
 void CSyncDominUserDlg::Query()
 {
-    const int nSequence = m_pManager ? m_pManager->QueryInvalidDomainUsers() : 0;
-    if (!m_requests.Supersede(nSequence, KindQuery, [this](const Param& param) { OnUsers(param); })) {
-        ShowListState(UICommonMdl::ErrorInternal);
-    } else {
-        m_pUi->wgtInvalidState->SetState(
-            VxGUI::VxEmptyState::Kind::Loading, Text::tr("Comparing with the directory"));
-        m_pUi->stackInvalid->setCurrentWidget(m_pUi->wgtInvalidState);
-    }
+    m_calls.Latest<&IUserManager::QueryInvalidDomainUsers>([this](const Param& param) { OnUsers(param); });
+    m_pUi->wgtInvalidState->SetState(
+        VxGUI::VxEmptyState::Kind::Loading, Text::tr("Comparing with the directory"));
+    m_pUi->stackInvalid->setCurrentWidget(m_pUi->wgtInvalidState);
     UpdateButtons();
 }
 
@@ -105,13 +96,10 @@ void CSyncDominUserDlg::ShowListState(int nErrorCode)
 
 void CSyncDominUserDlg::OnDeleteClicked()
 {
-    const std::vector<std::string> vecNames = ToNames(m_pUi->tableInvalid->GetNames());
-    const int nSequence = m_pManager ? m_pManager->DeleteInvalidDomainUsers(vecNames) : 0;
-    m_bDeleting =
-        m_requests.Add(nSequence, KindDelete, [this](const Param& param) { OnDeleteAnswer(param); });
+    m_bDeleting = true;
+    m_calls.Each<&IUserManager::DeleteInvalidDomainUsers>(
+        ToNames(m_pUi->tableInvalid->GetNames()), [this](const Param& param) { OnDeleteAnswer(param); });
     UpdateButtons();
-    if (!m_bDeleting)
-        VxGUI::VxNotification::Show(this, Text::tr("Failed to delete invalid domain user"));
 }
 
 void CSyncDominUserDlg::OnDeleteAnswer(const Param& param)
@@ -132,20 +120,18 @@ void CSyncDominUserDlg::OnDeleteAnswer(const Param& param)
     }
 }
 
-void CSyncDominUserDlg::SetConnected(bool bConnected)
+void CSyncDominUserDlg::OnConnectionChanged(bool bConnected)
 {
-    const bool bBack = bConnected && !m_bConnected;
-    m_bConnected = bConnected;
-    m_pUi->lbConnection->setVisible(!bConnected);
     m_pUi->wgtInvalidState->setEnabled(bConnected);
     UpdateButtons();
-    if (bBack)
+    if (bConnected)
         Query();
 }
 
 void CSyncDominUserDlg::UpdateButtons()
 {
-    m_pUi->btnDelete->setEnabled(m_bConnected && !m_bDeleting && !m_requests.HasKind(KindQuery)
+    m_pUi->btnDelete->setEnabled(m_session.IsConnected() && !m_bDeleting
+        && !m_calls.IsPending<&IUserManager::QueryInvalidDomainUsers>()
         && m_pUi->tableInvalid->GetCount() > 0);
 }
 

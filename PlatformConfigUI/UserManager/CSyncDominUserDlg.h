@@ -1,8 +1,7 @@
 #pragma once
 
-#include <UserLogical/IUserManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
+#include <common/CSession.h>
 
 #include <QDialog>
 
@@ -21,12 +20,11 @@ class CSyncDominUserDlg : public QDialog
     Q_OBJECT
 
 public:
-    /// The manager is borrowed; null: every request is refused.
-    CSyncDominUserDlg(UserLogical::IUserManager* pManager, QWidget* pParent);
+    /// pInterfaceSet is borrowed.
+    CSyncDominUserDlg(const UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent);
     ~CSyncDominUserDlg() override;
 
     void Start();
-    void SetConnected(bool bConnected);
 
 Q_SIGNALS:
     /// Users were deleted, all that were listed or some of them.
@@ -39,14 +37,13 @@ private:
     void ShowListState(int nErrorCode);
     void OnDeleteClicked();
     void OnDeleteAnswer(const Param& param);
+    void OnConnectionChanged(bool bConnected);
     void UpdateButtons();
 
     std::unique_ptr<Ui::CSyncDominUserDlg> m_pUi;
-    UserLogical::IUserManager* m_pManager;
-    bool m_bConnected = true;
     bool m_bDeleting = false;
-    Common::CRequests<Param> m_requests;
-    Common::CUserManagerAdapter m_adapter;
+    Common::CSession m_session;
+    Common::CCalls<UserLogical::IUserManagerObserve> m_calls;
 };
 
 } // namespace PlatformConfigUI

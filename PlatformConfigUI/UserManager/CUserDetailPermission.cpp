@@ -16,6 +16,7 @@
 
 namespace PlatformConfigUI {
 
+using UserLogical::IUserManager;
 using UserLogical::Role_t;
 using Kind = VxGUI::VxEmptyState::Kind;
 
@@ -24,12 +25,6 @@ namespace {
 struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(CUserDetailPermission)
-};
-
-enum RequestKind : int
-{
-    KindRoles = 1,
-    KindRole
 };
 
 enum Column : int
@@ -44,16 +39,17 @@ constexpr int ButtonDelete = 1;
 
 } // namespace
 
-CUserDetailPermission::CUserDetailPermission(UserLogical::IUserManager* pManager, QWidget* pParent)
+CUserDetailPermission::CUserDetailPermission(
+    const UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
     : QWidget(pParent)
     , m_pUi(std::make_unique<Ui::CUserDetailPermission>())
-    , m_pManager(pManager)
     , m_pModel(new Common::CTableModel(
           {{Text::tr("Role"), true}, {QString(), true}, {QString(), false}}, ColumnId, -1, this))
     , m_pRowButtons(new Common::CRowButtonDelegate(
           {{ButtonDelete, Trv::GetIcon(QStringLiteral("delete")), Text::tr("Delete")}}, this))
-    , m_pRights(new CRightsView(pManager, CRightsView::Mode::ReadOnly, this))
-    , m_adapter((Common::RegisterSignalTypes(), pManager))
+    , m_pRights(new CRightsView(pInterfaceSet, CRightsView::Mode::ReadOnly, this))
+    , m_session(pInterfaceSet, this)
+    , m_calls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
     m_pRights->setObjectName(QStringLiteral("wgtRights"));
@@ -68,8 +64,12 @@ CUserDetailPermission::CUserDetailPermission(UserLogical::IUserManager* pManager
     connect(m_pUi->wgtRolesState, &VxGUI::VxEmptyState::SignalAction, this, &CUserDetailPermission::Query);
     connect(
         m_pUi->wgtRightsState, &VxGUI::VxEmptyState::SignalAction, this, &CUserDetailPermission::QueryRole);
-    connect(&m_adapter, &Common::CUserManagerAdapter::SignalState, this, &CUserDetailPermission::OnUserState,
-        Qt::QueuedConnection);
+    connect(&m_session, &Common::CSession::SignalConnectionChanged, this,
+        &CUserDetailPermission::OnConnectionChanged);
+    m_calls.OnPush(UserLogical::IUserManagerObserve::ResultRolesChanged, [this](const Param&) {
+        if (m_session.IsConnected())
+            Query();
+    });
     ShowChosen();
 }
 
@@ -135,22 +135,11 @@ void CUserDetailPermission::StartInput()
     m_pUi->btnAddRole->setFocus();
 }
 
-void CUserDetailPermission::SetConnected(bool bConnected)
+void CUserDetailPermission::OnConnectionChanged(bool bConnected)
 {
-    const bool bBack = bConnected && !m_bConnected;
-    m_bConnected = bConnected;
-    m_pRights->SetConnected(bConnected);
     m_pUi->wgtRolesState->setEnabled(bConnected);
     m_pUi->wgtRightsState->setEnabled(bConnected);
-    if (bBack)
-        Query();
-}
-
-void CUserDetailPermission::OnUserState(const Param& param)
-{
-    if (param.nSequence > 0)
-        m_requests.Answer(param);
-    else if (param.nResultCode == UserLogical::IUserManagerObserve::ResultRolesChanged && m_bConnected)
+    if (bConnected)
         Query();
 }
 
@@ -165,23 +154,19 @@ void CUserDetailPermission::Query()
 void CUserDetailPermission::QueryRoles()
 {
     const QString sFailure = Text::tr("Failed to get roles.");
-    const int nSequence = m_pManager ? m_pManager->QueryRoleList() : 0;
-    const bool bSent = m_requests.Supersede(
-        nSequence, KindRoles, [this, sFailure](const Param& param) { OnRoles(param, sFailure); });
+    m_calls.Forget<&IUserManager::QueryUserRole>();
+    m_calls.Latest<&IUserManager::QueryRoleList>(
+        [this, sFailure](const Param& param) { OnRoles(param, sFailure); });
     ShowChosen();
-    if (!bSent)
-        ShowRolesState(UICommonMdl::ErrorInternal, sFailure);
 }
 
 void CUserDetailPermission::QueryUserRoles()
 {
     const QString sFailure = Text::tr("Failed to get user role.");
-    const int nSequence = m_pManager ? m_pManager->QueryUserRole(m_sUserName.toStdString()) : 0;
-    const bool bSent = m_requests.Supersede(
-        nSequence, KindRoles, [this, sFailure](const Param& param) { OnRoles(param, sFailure); });
+    m_calls.Forget<&IUserManager::QueryRoleList>();
+    m_calls.Latest<&IUserManager::QueryUserRole>(
+        m_sUserName.toStdString(), [this, sFailure](const Param& param) { OnRoles(param, sFailure); });
     ShowChosen();
-    if (!bSent)
-        ShowRolesState(UICommonMdl::ErrorInternal, sFailure);
 }
 
 void CUserDetailPermission::OnRoles(const Param& param, const QString& sFailure)
@@ -295,25 +280,18 @@ void CUserDetailPermission::OnRoleClicked(const QString& sRoleId)
 void CUserDetailPermission::QueryRole()
 {
     const QString sFailure = Text::tr("Failed to get role info.");
-    const auto fail = [this, sFailure](int nErrorCode) {
-        VxGUI::VxNotification::Show(this, Common::FailureText(sFailure, nErrorCode));
-        m_pUi->wgtRightsState->SetState(Kind::Failed, sFailure, QString(), Text::tr("Refresh"));
-        m_pUi->stackRights->setCurrentWidget(m_pUi->wgtRightsState);
-    };
-    const int nSequence = m_pManager ? m_pManager->QueryRoleInfo(m_sCurrent.toStdString()) : 0;
-    const bool bSent =
-        m_requests.Supersede(nSequence, KindRole, [this, fail, sRoleId = m_sCurrent](const Param& param) {
+    m_calls.Latest<&IUserManager::QueryRoleInfo>(
+        m_sCurrent.toStdString(), [this, sFailure, sRoleId = m_sCurrent](const Param& param) {
             if (sRoleId != m_sCurrent)
                 return;
-            if (param.nErrorCode == UICommonMdl::ErrorNone)
+            if (param.nErrorCode == UICommonMdl::ErrorNone) {
                 ShowRights(param.vecRoles);
-            else
-                fail(param.nErrorCode);
+                return;
+            }
+            VxGUI::VxNotification::Show(this, Common::FailureText(sFailure, param.nErrorCode));
+            m_pUi->wgtRightsState->SetState(Kind::Failed, sFailure, QString(), Text::tr("Refresh"));
+            m_pUi->stackRights->setCurrentWidget(m_pUi->wgtRightsState);
         });
-    if (!bSent) {
-        fail(UICommonMdl::ErrorNone);
-        return;
-    }
     m_pUi->wgtRightsState->SetState(Kind::Loading, Text::tr("Loading rights"));
     m_pUi->stackRights->setCurrentWidget(m_pUi->wgtRightsState);
 }

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <UserLogical/IUserManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
+#include <common/CSession.h>
 
 #include <QWidget>
 
@@ -27,8 +26,9 @@ class CUserDetailPermission : public QWidget
     Q_OBJECT
 
 public:
-    /// The manager is borrowed; null: every request is refused.
-    explicit CUserDetailPermission(UserLogical::IUserManager* pManager, QWidget* pParent = nullptr);
+    /// pInterfaceSet is borrowed.
+    explicit CUserDetailPermission(
+        const UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent = nullptr);
     ~CUserDetailPermission() override;
 
     /// Roles are chosen from all that there are, beginning with these.
@@ -37,14 +37,13 @@ public:
     void ShowUser(const QString& sUserName);
     /// IDs, in the order of the list.
     std::vector<std::string> GetChosen() const;
-    void SetConnected(bool bConnected);
     /// Puts the keyboard where a role can be chosen.
     void StartInput();
 
 private:
     using Param = UserLogical::IUserManagerObserve::Param;
     void SetUpList();
-    void OnUserState(const Param& param);
+    void OnConnectionChanged(bool bConnected);
     void Query();
     void QueryRoles();
     void QueryUserRoles();
@@ -60,19 +59,17 @@ private:
     const UserLogical::Role_t* FindRole(const QString& sRoleId) const;
 
     std::unique_ptr<Ui::CUserDetailPermission> m_pUi;
-    UserLogical::IUserManager* m_pManager;
     Common::CTableModel* m_pModel;
     Common::CRowButtonDelegate* m_pRowButtons;
     CRightsView* m_pRights;
     bool m_bReadOnly = false;
     bool m_bLoaded = false; ///< m_vecRoles is what the server answered
-    bool m_bConnected = true;
     QString m_sUserName; ///< whose roles are looked at
     std::vector<UserLogical::Role_t> m_vecRoles; ///< all of them, or those of the user with their rights
     QStringList m_listChosen; ///< IDs
     QString m_sCurrent; ///< role whose rights are shown; empty: none
-    Common::CRequests<Param> m_requests;
-    Common::CUserManagerAdapter m_adapter;
+    Common::CSession m_session;
+    Common::CCalls<UserLogical::IUserManagerObserve> m_calls;
 };
 
 } // namespace PlatformConfigUI

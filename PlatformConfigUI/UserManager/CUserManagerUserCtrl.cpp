@@ -6,19 +6,17 @@
 #include "CUserListView.h"
 #include "CUserManagerUserEditDlg.h"
 #include "CUserModel.h"
-#include "UserRequestKinds.h"
 #include "UserRules.h"
 #include "ui_CUserManagerUserCtrl.h"
 
 #include <UICommonMdl/CErrorCode.h>
-#include <VxGUI/VxNotification.h>
 #include <VxGUI/VxWaitDialog.h>
 #include <common/Prompt.h>
 
 namespace PlatformConfigUI {
 
+using UserLogical::IUserManager;
 using VxGUI::NotificationKind;
-using VxGUI::VxNotification;
 
 namespace {
 struct Text
@@ -57,15 +55,14 @@ void CUserManagerUserCtrl::OnBtnDeleteClicked()
 {
     const QStringList listNames = m_pUi->listUsers->GetUsers()->GetCheckedIds();
     if (listNames.isEmpty())
-        VxNotification::Show(this, Text::tr("Please select at least one user."), NotificationKind::Warning);
+        Notify(Text::tr("Please select at least one user."), NotificationKind::Warning);
     else
         DeleteUsers(listNames);
 }
 
 void CUserManagerUserCtrl::OnBtnImportClicked()
 {
-    auto* const pDialog = new CImportDominUserDlg(m_pManager, this);
-    connect(this, &CUserManagerUserCtrl::SignalConnected, pDialog, &CImportDominUserDlg::SetConnected);
+    auto* const pDialog = new CImportDominUserDlg(GetInterfaceSet(), this);
     connect(pDialog, &CImportDominUserDlg::SignalUsersAdded, this, &CUserManagerUserCtrl::OnQueryCurrentPage);
     pDialog->open();
     pDialog->Start();
@@ -73,8 +70,7 @@ void CUserManagerUserCtrl::OnBtnImportClicked()
 
 void CUserManagerUserCtrl::OnBtnSyncClicked()
 {
-    auto* const pDialog = new CSyncDominUserDlg(m_pManager, this);
-    connect(this, &CUserManagerUserCtrl::SignalConnected, pDialog, &CSyncDominUserDlg::SetConnected);
+    auto* const pDialog = new CSyncDominUserDlg(GetInterfaceSet(), this);
     connect(pDialog, &CSyncDominUserDlg::SignalUsersDeleted, this, &CUserManagerUserCtrl::OnQueryCurrentPage);
     pDialog->open();
     pDialog->Start();
@@ -87,20 +83,17 @@ void CUserManagerUserCtrl::LockUser(const QString& sUserName, bool bLock)
                   : Text::tr("Are you sure to unlock the user?")))
         return;
     const QString sFailure = bLock ? Text::tr("Failed to lock user.") : Text::tr("Failed to unlock user.");
-    int nSequence = 0;
-    if (m_pManager)
-        nSequence = bLock ? m_pManager->LockUser(sUserName.toStdString())
-                          : m_pManager->UnlockUser(sUserName.toStdString());
-    const bool bSent = m_requests.Add(nSequence, KindLock, [this, sFailure](const Param& param) {
+    const auto onAnswer = [this, sFailure](const Param& param) {
         OnStopWaitImmediately();
         if (param.nErrorCode != UICommonMdl::ErrorNone)
-            ShowFailure(sFailure, param.nErrorCode);
+            NotifyFailure(sFailure, param.nErrorCode);
         OnQueryCurrentPage();
-    });
-    if (bSent)
-        WaitFor(bLock ? Text::tr("Locking the user") : Text::tr("Unlocking the user"));
+    };
+    if (bLock)
+        m_calls.Each<&IUserManager::LockUser>(sUserName.toStdString(), onAnswer);
     else
-        ShowFailure(sFailure, UICommonMdl::ErrorNone);
+        m_calls.Each<&IUserManager::UnlockUser>(sUserName.toStdString(), onAnswer);
+    WaitFor(bLock ? Text::tr("Locking the user") : Text::tr("Unlocking the user"));
 }
 
 void CUserManagerUserCtrl::DeleteUsers(const QStringList& listNames)
@@ -108,33 +101,27 @@ void CUserManagerUserCtrl::DeleteUsers(const QStringList& listNames)
     if (!Common::AskPrompt(this, Text::tr("Are you sure to delete the user?")))
         return;
     const QString sFailure = Text::tr("Failed to delete user.");
-    const int nSequence = m_pManager ? m_pManager->DeleteUsers(ToNames(listNames)) : 0;
-    const bool bSent = m_requests.Add(nSequence, KindDelete, [this, sFailure](const Param& param) {
+    m_calls.Each<&IUserManager::DeleteUsers>(ToNames(listNames), [this, sFailure](const Param& param) {
         OnStopWaitImmediately();
         UpdateButtons();
         OnQueryCurrentPage();
         // Last: the page may be gone when the message is closed.
         if (!param.vecFailed.empty())
-            Common::ShowFailures(this, sFailure, GetFailureLines(param.vecFailed));
+            WhenShown([this, sFailure, listLines = GetFailureLines(param.vecFailed)] {
+                Common::ShowFailures(this, sFailure, listLines);
+            });
         else if (param.nErrorCode != UICommonMdl::ErrorNone)
-            ShowFailure(sFailure, param.nErrorCode);
+            NotifyFailure(sFailure, param.nErrorCode);
     });
     UpdateButtons();
-    if (bSent)
-        WaitFor(Text::tr("Deleting users"));
-    else
-        ShowFailure(sFailure, UICommonMdl::ErrorNone);
+    WaitFor(Text::tr("Deleting users"));
 }
 
 CUserManagerUserEditDlg* CUserManagerUserCtrl::OpenDialog()
 {
-    auto* const pDialog = new CUserManagerUserEditDlg(m_pManager, this);
-    connect(this, &CUserManagerUserCtrl::SignalConnected, pDialog, &CUserManagerUserEditDlg::SetConnected);
-    connect(this, &CUserManagerUserCtrl::SignalChangeable, pDialog, &CUserManagerUserEditDlg::SetChangeable);
+    auto* const pDialog = new CUserManagerUserEditDlg(GetInterfaceSet(), this);
     connect(pDialog, &CUserManagerUserEditDlg::SignalSaveUser, this,
         [this, pDialog](const UserLogical::User_t& user, bool bNew) { OnSaveUser(pDialog, user, bNew); });
-    pDialog->SetConnected(m_bConnected);
-    pDialog->SetChangeable(m_bChangeable);
     pDialog->open();
     return pDialog;
 }
@@ -142,15 +129,11 @@ CUserManagerUserEditDlg* CUserManagerUserCtrl::OpenDialog()
 void CUserManagerUserCtrl::OnSaveUser(
     CUserManagerUserEditDlg* pDialog, const UserLogical::User_t& user, bool bNew)
 {
-    int nSequence = 0;
-    if (m_pManager)
-        nSequence = bNew ? m_pManager->AddUser(user) : m_pManager->ModifyUser(user);
     const QPointer<CUserManagerUserEditDlg> pOpen(pDialog);
-    const bool bSent = m_requests.Add(nSequence, KindSave, [this, pOpen, bNew](const Param& param) {
+    const auto onSaved = [this, pOpen, bNew](const Param& param) {
         const bool bSaved = param.nErrorCode == UICommonMdl::ErrorNone;
         if (bSaved) {
-            VxNotification::Show(this,
-                bNew ? Text::tr("The user is added.") : Text::tr("The user is changed."),
+            Notify(bNew ? Text::tr("The user is added.") : Text::tr("The user is changed."),
                 NotificationKind::Success);
             OnQueryCurrentPage();
         }
@@ -162,10 +145,12 @@ void CUserManagerUserCtrl::OnSaveUser(
             pOpen->done(QDialog::Accepted);
         else
             pOpen->ShowFailure(param.nErrorCode, QString::fromStdString(param.sErrorDetail));
-    });
-    pDialog->SetSaving(bSent);
-    if (!bSent)
-        pDialog->ShowFailure(UICommonMdl::ErrorNone, QString());
+    };
+    if (bNew)
+        m_calls.Each<&IUserManager::AddUser>(user, onSaved);
+    else
+        m_calls.Each<&IUserManager::ModifyUser>(user, onSaved);
+    pDialog->SetSaving(true);
 }
 
 void CUserManagerUserCtrl::WaitFor(const QString& sText)

@@ -1,10 +1,6 @@
 #pragma once
 
-#include <RemoteConfigLogical/IRemoteConfigManager.h>
-#include <UserLogical/IUserManager.h>
-#include <common/CRequests.h>
-#include <common/IConfigPage.h>
-#include <common/ObserverAdapters.h>
+#include <common/CPage.h>
 
 #include <QPointer>
 #include <QTimer>
@@ -16,7 +12,6 @@ namespace Ui {
 class CUserManagerUserCtrl;
 }
 namespace UICommonMdl {
-class CInterfaceSetManager;
 class ILocalConfig;
 } // namespace UICommonMdl
 namespace VxGUI {
@@ -27,9 +22,8 @@ namespace PlatformConfigUI {
 
 class CUserManagerUserEditDlg;
 
-/// The user page: paged list of accounts and the operations on them. User-interface thread; the signals of
-/// the observers come on threads of the host.
-class CUserManagerUserCtrl : public QWidget, public Common::IConfigPage
+/// The user page: paged list of accounts and the operations on them. User-interface thread.
+class CUserManagerUserCtrl : public Common::CPage
 {
     Q_OBJECT
 
@@ -42,40 +36,16 @@ public:
         UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent = nullptr);
     ~CUserManagerUserCtrl() override;
 
-    bool OnMsg(int nMsg, QVariant* pValue, void* pArgument) override;
-    /// Ends all registrations and closes what is open; the page asks for nothing any more.
-    void UninitUI() override;
-
-Q_SIGNALS:
-    void SignalNotifyUserManagerState(const UserLogical::IUserManagerObserve::Param& param);
-    /// The connection to the central server is lost, or is back.
-    void SignalDisconnectCms();
-    void SignalReconnectCms();
-    /// The host has something to say to the operator.
-    void SignalShowNotify(const QString& sText);
-    /// As the dialogs of the page hear of the connection and of the operator's right to change accounts.
-    void SignalConnected(bool bConnected);
-    void SignalChangeable(bool bChangeable);
-
-protected:
-    void showEvent(QShowEvent* pEvent) override;
-
 private:
+    void OnConnectionChanged(bool bConnected) override;
+    void OnRightsChanged() override;
+    void UpdateRights();
+
     // Building the page.
     void SetUpToolBar();
     void SetUpList();
     void SetUpShortcuts();
-    void SetUpObservers();
-
-    // Answers and pushes.
-    void OnLoginState(const UserLogical::ILoginManagerObserver::Param& param);
-    void OnSystemState(const RemoteConfigLogical::ISystemConfigObserver::Param& param);
-    void OnNotifyUserManagerState(const UserLogical::IUserManagerObserve::Param& param);
-    void OnDisconnectCms();
-    void OnReconnectCms();
-    void OnShowNotify(const QString& sText);
-    void SetConnected(bool bConnected);
-    void UpdateRights();
+    void SetUpTimers();
 
     // Queries.
     void QueryFirstPage();
@@ -99,27 +69,18 @@ private:
     void WaitFor(const QString& sText);
     void OnStopWaitImmediately();
     void UpdateButtons();
-    void ShowFailure(const QString& sPrefix, int nErrorCode);
 
-    UserLogical::IUserManager* m_pManager;
-    RemoteConfigLogical::IRemoteConfigManager* m_pRemoteManager;
     UICommonMdl::ILocalConfig* m_pLocalConfig;
     std::unique_ptr<Ui::CUserManagerUserCtrl> m_pUi;
 
     QString m_sSearchText;
     QString m_sWaitText;
-    bool m_bConnected = true;
     bool m_bChangeable = true;
-    bool m_bReleased = false; ///< UninitUI was called
 
-    Common::CRequests<Param> m_requests;
+    Common::CCalls<UserLogical::IUserManagerObserve> m_calls;
     QTimer m_queryTimer; ///< gathers pushes into one query
     QTimer m_waitTimer;
     QPointer<VxGUI::VxWaitDialog> m_pWaitDialog;
-
-    std::unique_ptr<Common::CSystemConfigAdapter> m_pSystemAdapter;
-    std::unique_ptr<Common::CLoginManagerAdapter> m_pLoginAdapter;
-    std::unique_ptr<Common::CUserManagerAdapter> m_pUserAdapter;
 };
 
 } // namespace PlatformConfigUI

@@ -7,9 +7,7 @@
 #include <UICommonMdl/CInterfaceSetManager.h>
 #include <UICommonMdl/ILocalConfig.h>
 #include <VxGUI/VxWaitDialog.h>
-#include <common/StyleSheet.h>
 
-#include <QDialog>
 #include <QShortcut>
 
 namespace PlatformConfigUI {
@@ -23,57 +21,30 @@ struct Text
 
 constexpr int PushDelayMs = 200;
 constexpr int WaitDelayMs = 400;
-const QString SkinFolder = QStringLiteral("PlatformConfigUI/UserManagerUI");
 const QString PageSizeKey = QStringLiteral("UserManager/PageSize");
 
 } // namespace
 
 CUserManagerUserCtrl::CUserManagerUserCtrl(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
-    : QWidget(pParent)
-    , m_pManager(pInterfaceSet->GetUserManager())
-    , m_pRemoteManager(pInterfaceSet->GetRemoteConfigManager())
+    : CPage(pInterfaceSet, QStringLiteral("PlatformConfigUI/UserManagerUI"), pParent)
     , m_pLocalConfig(pInterfaceSet->GetLocalConfig())
     , m_pUi(std::make_unique<Ui::CUserManagerUserCtrl>())
+    , m_calls(pInterfaceSet, this)
 {
-    Common::RegisterSignalTypes();
     m_pUi->setupUi(this);
-    m_pUi->lbConnection->hide();
+    m_pUi->lbConnection->Watch(GetSession());
     SetUpToolBar();
     SetUpList();
     SetUpShortcuts();
-    SetUpObservers();
-    Common::LoadStyleSheet(this, SkinFolder);
+    SetUpTimers();
     UpdateRights();
-    if (m_pRemoteManager && !m_pRemoteManager->IsServerConnected())
-        SetConnected(false);
-    else
+    if (IsConnected())
         OnQueryCurrentPage();
+    else
+        OnConnectionChanged(false);
 }
 
 CUserManagerUserCtrl::~CUserManagerUserCtrl() = default;
-
-bool CUserManagerUserCtrl::OnMsg(int, QVariant*, void*)
-{
-    return false;
-}
-
-void CUserManagerUserCtrl::UninitUI()
-{
-    m_bReleased = true;
-    m_pSystemAdapter.reset();
-    m_pLoginAdapter.reset();
-    m_pUserAdapter.reset();
-    m_requests.Clear();
-    m_queryTimer.stop();
-    OnStopWaitImmediately();
-    qDeleteAll(findChildren<QDialog*>(QString(), Qt::FindDirectChildrenOnly));
-}
-
-void CUserManagerUserCtrl::showEvent(QShowEvent* pEvent)
-{
-    QWidget::showEvent(pEvent);
-    Common::LoadStyleSheet(this, SkinFolder);
-}
 
 void CUserManagerUserCtrl::SetUpToolBar()
 {
@@ -130,27 +101,15 @@ void CUserManagerUserCtrl::SetUpShortcuts()
     add(QKeySequence::Find, [this] { m_pUi->edtSearchUser->setFocus(); });
 }
 
-void CUserManagerUserCtrl::SetUpObservers()
+void CUserManagerUserCtrl::SetUpTimers()
 {
-    // The signals are emitted on threads of the host; what they mean happens on this one.
-    connect(this, &CUserManagerUserCtrl::SignalNotifyUserManagerState, this,
-        &CUserManagerUserCtrl::OnNotifyUserManagerState, Qt::QueuedConnection);
-    connect(this, &CUserManagerUserCtrl::SignalDisconnectCms, this, &CUserManagerUserCtrl::OnDisconnectCms,
-        Qt::QueuedConnection);
-    connect(this, &CUserManagerUserCtrl::SignalReconnectCms, this, &CUserManagerUserCtrl::OnReconnectCms,
-        Qt::QueuedConnection);
-    connect(this, &CUserManagerUserCtrl::SignalShowNotify, this, &CUserManagerUserCtrl::OnShowNotify,
-        Qt::QueuedConnection);
-    m_pSystemAdapter = std::make_unique<Common::CSystemConfigAdapter>(m_pRemoteManager);
-    m_pLoginAdapter = std::make_unique<Common::CLoginManagerAdapter>(m_pManager);
-    m_pUserAdapter = std::make_unique<Common::CUserManagerAdapter>(m_pManager);
-    connect(m_pSystemAdapter.get(), &Common::CSystemConfigAdapter::SignalState, this,
-        &CUserManagerUserCtrl::OnSystemState, Qt::QueuedConnection);
-    connect(m_pLoginAdapter.get(), &Common::CLoginManagerAdapter::SignalState, this,
-        &CUserManagerUserCtrl::OnLoginState, Qt::QueuedConnection);
-    connect(m_pUserAdapter.get(), &Common::CUserManagerAdapter::SignalState, this,
-        &CUserManagerUserCtrl::SignalNotifyUserManagerState, Qt::DirectConnection);
-
+    using Observer = UserLogical::IUserManagerObserve;
+    for (const int nResultCode : {Observer::ResultUsersChanged, Observer::ResultRolesChanged}) {
+        m_calls.OnPush(nResultCode, [this](const Param&) {
+            if (IsConnected() && !m_queryTimer.isActive())
+                m_queryTimer.start();
+        });
+    }
     m_queryTimer.setSingleShot(true);
     m_queryTimer.setInterval(PushDelayMs);
     connect(&m_queryTimer, &QTimer::timeout, this, &CUserManagerUserCtrl::OnQueryCurrentPage);

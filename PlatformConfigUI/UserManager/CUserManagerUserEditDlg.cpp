@@ -1,6 +1,7 @@
 #include "CUserManagerUserEditDlg.h"
 
 #include "CUserDetailPermission.h"
+#include "UserRules.h"
 #include "ui_CUserManagerUserEditDlg.h"
 
 #include <UICommonMdl/CErrorCode.h>
@@ -21,8 +22,6 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CUserManagerUserEditDlg)
 };
 
-constexpr int KindLoad = 1;
-
 bool IsSuccess(int nErrorCode)
 {
     return nErrorCode == UICommonMdl::ErrorNone;
@@ -30,25 +29,27 @@ bool IsSuccess(int nErrorCode)
 
 } // namespace
 
-CUserManagerUserEditDlg::CUserManagerUserEditDlg(UserLogical::IUserManager* pManager, QWidget* pParent)
+CUserManagerUserEditDlg::CUserManagerUserEditDlg(
+    const UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
     : QDialog(pParent)
     , m_pUi(std::make_unique<Ui::CUserManagerUserEditDlg>())
-    , m_pManager(pManager)
-    , m_pPermission(new CUserDetailPermission(pManager))
-    , m_adapter((Common::RegisterSignalTypes(), pManager))
+    , m_pPermission(new CUserDetailPermission(pInterfaceSet))
+    , m_session(pInterfaceSet, this)
+    , m_calls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);
-    m_pUi->lbConnection->hide();
+    m_pUi->lbConnection->Watch(m_session);
     m_pUi->tabUser->addTab(m_pPermission, Text::tr("Permissions"));
     connect(m_pUi->btnEdit, &QAbstractButton::clicked, this, &CUserManagerUserEditDlg::OnEditClicked);
     connect(m_pUi->btnOk, &QAbstractButton::clicked, this, &CUserManagerUserEditDlg::Save);
     connect(m_pUi->btnCancel, &QAbstractButton::clicked, this, &CUserManagerUserEditDlg::reject);
     connect(m_pUi->wgtLoadState, &VxGUI::VxEmptyState::SignalAction, this, &CUserManagerUserEditDlg::Load);
+    connect(&m_session, &Common::CSession::SignalConnectionChanged, this,
+        &CUserManagerUserEditDlg::OnConnectionChanged);
     connect(
-        &m_adapter, &Common::CUserManagerAdapter::SignalState, this,
-        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
+        &m_session, &Common::CSession::SignalRightsChanged, this, &CUserManagerUserEditDlg::UpdateButtons);
     Common::LoadStyleSheet(this, QStringLiteral("PlatformConfigUI/UserManagerUI"));
 }
 
@@ -84,11 +85,8 @@ void CUserManagerUserEditDlg::Begin(Mode mode, const QString& sUserName)
 
 void CUserManagerUserEditDlg::Load()
 {
-    const int nSequence = m_pManager ? m_pManager->QueryUserInfo(m_sUserName.toStdString()) : 0;
-    if (!m_requests.Supersede(nSequence, KindLoad, [this](const Param& param) { OnUserInfo(param); })) {
-        ShowLoadState(UICommonMdl::ErrorInternal);
-        return;
-    }
+    m_calls.Latest<&UserLogical::IUserManager::QueryUserInfo>(
+        m_sUserName.toStdString(), [this](const Param& param) { OnUserInfo(param); });
     m_pUi->wgtLoadState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading user"));
     m_pUi->stackUser->setCurrentWidget(m_pUi->wgtLoadState);
     UpdateButtons();
@@ -186,7 +184,7 @@ void CUserManagerUserEditDlg::accept()
 
 void CUserManagerUserEditDlg::Save()
 {
-    if (!m_bConnected || m_bSaving || !m_bLoaded || m_mode == Mode::Details || !CheckInput())
+    if (!m_session.IsConnected() || m_bSaving || !m_bLoaded || m_mode == Mode::Details || !CheckInput())
         return;
     if (m_mode == Mode::Modify && !IsDirty())
         QDialog::accept();
@@ -248,22 +246,12 @@ void CUserManagerUserEditDlg::OnEditClicked()
     ShowRecord();
 }
 
-void CUserManagerUserEditDlg::SetConnected(bool bConnected)
+void CUserManagerUserEditDlg::OnConnectionChanged(bool bConnected)
 {
-    const bool bBack = bConnected && !m_bConnected;
-    m_bConnected = bConnected;
-    m_pUi->lbConnection->setVisible(!bConnected);
     m_pUi->wgtLoadState->setEnabled(bConnected);
-    m_pPermission->SetConnected(bConnected);
     UpdateButtons();
-    if (bBack && !m_bLoaded)
+    if (bConnected && !m_bLoaded)
         Load();
-}
-
-void CUserManagerUserEditDlg::SetChangeable(bool bChangeable)
-{
-    m_bChangeable = bChangeable;
-    UpdateButtons();
 }
 
 void CUserManagerUserEditDlg::UpdateButtons()
@@ -272,11 +260,12 @@ void CUserManagerUserEditDlg::UpdateButtons()
     setWindowTitle(m_mode == Mode::Add ? Text::tr("Add User")
             : bDetails                 ? Text::tr("User Details")
                                        : Text::tr("Modify User"));
-    const QString sNoRight = m_bChangeable ? QString() : Text::tr("You have no permission to change users.");
+    const bool bChangeable = m_session.HasRight(RightManageUsers);
+    const QString sNoRight = bChangeable ? QString() : Text::tr("You have no permission to change users.");
     m_pUi->btnEdit->setVisible(bDetails);
     m_pUi->btnOk->setVisible(!bDetails);
-    m_pUi->btnEdit->setEnabled(m_bLoaded && m_bConnected && m_bChangeable);
-    m_pUi->btnOk->setEnabled(m_bLoaded && m_bConnected && m_bChangeable && !m_bSaving);
+    m_pUi->btnEdit->setEnabled(m_bLoaded && m_session.IsConnected() && bChangeable);
+    m_pUi->btnOk->setEnabled(m_bLoaded && m_session.IsConnected() && bChangeable && !m_bSaving);
     m_pUi->btnEdit->setToolTip(sNoRight);
     m_pUi->btnOk->setToolTip(sNoRight);
 }

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <UserLogical/IUserManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
+#include <common/CSession.h>
 
 #include <QDialog>
 
@@ -23,8 +22,8 @@ class CUserManagerUserEditDlg : public QDialog
     Q_OBJECT
 
 public:
-    /// The manager is borrowed; null: every request is refused.
-    CUserManagerUserEditDlg(UserLogical::IUserManager* pManager, QWidget* pParent);
+    /// pInterfaceSet is borrowed.
+    CUserManagerUserEditDlg(const UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent);
     ~CUserManagerUserEditDlg() override;
 
     void BeginAdd();
@@ -33,10 +32,7 @@ public:
     void BeginDetails(const QString& sUserName);
 
     bool IsDirty() const;
-    void SetConnected(bool bConnected);
-    /// Whether the signed-in user may change accounts.
-    void SetChangeable(bool bChangeable);
-    /// The page's request was taken and waits for its answer, or its answer is there.
+    /// The page waits for the answer to its request, or it is there.
     void SetSaving(bool bSaving);
     /// The record was refused.
     void ShowFailure(int nErrorCode, const QString& sDetail);
@@ -65,20 +61,18 @@ private:
     void Save();
     void OnVersionConflict();
     void OnEditClicked();
+    void OnConnectionChanged(bool bConnected);
     void UpdateButtons();
 
     std::unique_ptr<Ui::CUserManagerUserEditDlg> m_pUi;
-    UserLogical::IUserManager* m_pManager;
     CUserDetailPermission* m_pPermission;
     Mode m_mode = Mode::Add;
     QString m_sUserName;
     UserLogical::User_t m_loaded;
     bool m_bLoaded = false;
-    bool m_bConnected = true;
-    bool m_bChangeable = true;
     bool m_bSaving = false;
-    Common::CRequests<Param> m_requests;
-    Common::CUserManagerAdapter m_adapter;
+    Common::CSession m_session;
+    Common::CCalls<UserLogical::IUserManagerObserve> m_calls;
 };
 
 } // namespace PlatformConfigUI

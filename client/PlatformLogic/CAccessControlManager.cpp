@@ -91,36 +91,40 @@ void CAccessControlManager::RemoveObserver(IAccessControlManagerObserver* pObser
     m_recordObservers.Remove(pObserver);
 }
 
-void CAccessControlManager::Notify(const DepartmentParam& param)
+void CAccessControlManager::Notify(DepartmentParam&& param)
 {
+    const auto pAnswer = std::make_shared<const DepartmentParam>(std::move(param));
     m_departmentObservers.ForEach(
-        [&](IDepartmentManagerObserver& observer) { observer.OnNotifyDepartmentManagerState(param); });
+        [&](IDepartmentManagerObserver& observer) { observer.OnNotifyDepartmentManagerState(pAnswer); });
 }
 
-void CAccessControlManager::Notify(const PersonParam& param)
+void CAccessControlManager::Notify(PersonParam&& param)
 {
+    const auto pAnswer = std::make_shared<const PersonParam>(std::move(param));
     m_personObservers.ForEach(
-        [&](IPersonManagerObserver& observer) { observer.OnNotifyPersonManagerState(param); });
+        [&](IPersonManagerObserver& observer) { observer.OnNotifyPersonManagerState(pAnswer); });
 }
 
-void CAccessControlManager::Notify(const RecordParam& param)
+void CAccessControlManager::Notify(RecordParam&& param)
 {
-    m_recordObservers.ForEach(
-        [&](IAccessControlManagerObserver& observer) { observer.OnNotifyAccessControlManagerState(param); });
+    const auto pAnswer = std::make_shared<const RecordParam>(std::move(param));
+    m_recordObservers.ForEach([&](IAccessControlManagerObserver& observer) {
+        observer.OnNotifyAccessControlManagerState(pAnswer);
+    });
 }
 
 void CAccessControlManager::NotifyDepartmentsChanged()
 {
     DepartmentParam param;
     param.nResultCode = DepartmentResult::ResultDepartmentsChanged;
-    Notify(param);
+    Notify(std::move(param));
 }
 
 void CAccessControlManager::NotifyPersonsChanged()
 {
     PersonParam param;
     param.nResultCode = PersonResult::ResultPersonsChanged;
-    Notify(param);
+    Notify(std::move(param));
 }
 
 template <class Op, class Param, class Take>
@@ -136,7 +140,7 @@ int CAccessControlManager::Call(int nResultCode, const typename Op::Request& req
             param.nErrorCode = answer.nErrorCode;
             TakeDetail(param, std::move(answer.sDetail));
             take(param, std::move(answer.data));
-            Notify(param);
+            Notify(std::move(param));
         });
 }
 
@@ -154,7 +158,7 @@ int CAccessControlManager::Work(int nResultCode, const typename Op::Request& req
         pParam->sErrorDetail = report.sDetail;
         take(*pParam, report);
         if (report.bFinal)
-            Notify(*pParam);
+            Notify(std::move(*pParam));
     });
 }
 

@@ -67,9 +67,9 @@ private:
     /// As Call, for work that goes on beside its request; take(param, report) gets its end.
     template <class Op, class Take>
     int Work(int nResultCode, const typename Op::Request& request, Take take);
-    void Notify(const DepartmentParam& param);
-    void Notify(const PersonParam& param);
-    void Notify(const RecordParam& param);
+    void Notify(DepartmentParam&& param);
+    void Notify(PersonParam&& param);
+    void Notify(RecordParam&& param);
 
     CServerConnection& m_connection;
     CUserManager& m_userManager;

@@ -46,20 +46,22 @@ int CGroupManager::Call(int nResultCode, const typename Op::Request& request, Ta
             param.nErrorCode = answer.nErrorCode;
             param.sErrorDetail = std::move(answer.sDetail);
             take(param, std::move(answer.data));
-            Notify(param);
+            Notify(std::move(param));
         });
 }
 
-void CGroupManager::Notify(const Param& param)
+void CGroupManager::Notify(Param&& param)
 {
-    m_observers.ForEach([&](IGroupManagerObserver& observer) { observer.OnNotifyGroupManagerState(param); });
+    const auto pAnswer = std::make_shared<const Param>(std::move(param));
+    m_observers.ForEach(
+        [&](IGroupManagerObserver& observer) { observer.OnNotifyGroupManagerState(pAnswer); });
 }
 
 void CGroupManager::NotifyPush(int nResultCode)
 {
     Param param;
     param.nResultCode = nResultCode;
-    Notify(param);
+    Notify(std::move(param));
 }
 
 void CGroupManager::AddObserver(IGroupManagerObserver* pObserver)
@@ -201,7 +203,7 @@ void CGroupManager::NotifyImport(const JobReport& report)
         param.importState.nDone = report.state.nDone;
     }
     param.importState.vecFailed = ItemsOf<GroupLogical::ImportFailure_t>(report);
-    Notify(param);
+    Notify(std::move(param));
 }
 
 } // namespace PlatformLogic

@@ -45,7 +45,7 @@ private:
     /// Sends the operation; take(param, data) moves the answer's data into the observers' record.
     template <class Op, class Take>
     int Call(int nResultCode, const typename Op::Request& request, Take take);
-    void Notify(const Param& param);
+    void Notify(Param&& param);
     void NotifyImport(const struct JobReport& report);
 
     CServerConnection& m_connection;

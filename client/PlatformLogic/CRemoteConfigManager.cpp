@@ -46,7 +46,7 @@ int CRemoteConfigManager::Query(int nResultCode, Take take)
             param.nSequence = answer.nSequence;
             param.nErrorCode = answer.nErrorCode;
             take(param, std::move(answer.data));
-            Notify(param);
+            Notify(std::move(param));
         });
 }
 
@@ -66,7 +66,7 @@ int CRemoteConfigManager::Work(int nResultCode, const typename Op::Request& requ
             param.sErrorDetail = report.sDetail;
             param.bFinal = report.bFinal;
             take(param, report);
-            Notify(param);
+            Notify(std::move(param));
         },
         std::move(started));
 }
@@ -194,20 +194,22 @@ int CRemoteConfigManager::QueryP2PDeviceList(const std::string& sUserName, const
             if (param.nErrorCode == UICommonMdl::ErrorNone && param.nCloudCode != 0)
                 param.nErrorCode = UICommonMdl::ErrorCloudRefused;
             param.vecP2PDevices = std::move(answer.data.vecDevices);
-            Notify(param);
+            Notify(std::move(param));
         });
 }
 
-void CRemoteConfigManager::Notify(const DeviceParam& param)
+void CRemoteConfigManager::Notify(DeviceParam&& param)
 {
+    const auto pAnswer = std::make_shared<const DeviceParam>(std::move(param));
     m_deviceObservers.ForEach(
-        [&](IRemoteDeviceObserver& observer) { observer.OnNotifyRemoteDeviceState(param); });
+        [&](IRemoteDeviceObserver& observer) { observer.OnNotifyRemoteDeviceState(pAnswer); });
 }
 
-void CRemoteConfigManager::Notify(const SystemParam& param)
+void CRemoteConfigManager::Notify(SystemParam&& param)
 {
+    const auto pAnswer = std::make_shared<const SystemParam>(std::move(param));
     m_systemObservers.ForEach(
-        [&](ISystemConfigObserver& observer) { observer.OnNotifySystemConfigState(param); });
+        [&](ISystemConfigObserver& observer) { observer.OnNotifySystemConfigState(pAnswer); });
 }
 
 void CRemoteConfigManager::NotifyStates(const std::vector<RemoteConfigLogical::DeviceState_t>& vecStates)
@@ -215,7 +217,7 @@ void CRemoteConfigManager::NotifyStates(const std::vector<RemoteConfigLogical::D
     DeviceParam param;
     param.nResultCode = IRemoteDeviceObserver::ResultDeviceState;
     param.vecStates = vecStates;
-    Notify(param);
+    Notify(std::move(param));
 }
 
 void CRemoteConfigManager::SetServerConnected(bool bConnected)
@@ -225,7 +227,7 @@ void CRemoteConfigManager::SetServerConnected(bool bConnected)
     SystemParam param;
     param.nResultCode = bConnected ? ISystemConfigObserver::ResultServerReconnected
                                    : ISystemConfigObserver::ResultServerDisconnected;
-    Notify(param);
+    Notify(std::move(param));
 }
 
 } // namespace PlatformLogic

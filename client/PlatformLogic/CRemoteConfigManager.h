@@ -59,8 +59,8 @@ private:
     int Work(int nResultCode, const typename Op::Request& request, Take take,
         std::function<void(int, const std::string&)> started = {});
     void OnSearchStarted(int nSequence, const std::string& sJob);
-    void Notify(const DeviceParam& param);
-    void Notify(const SystemParam& param);
+    void Notify(DeviceParam&& param);
+    void Notify(SystemParam&& param);
 
     CServerConnection& m_connection;
     CUserManager& m_userManager;

@@ -133,15 +133,22 @@ int CUserManager::GetOrganizationLevelLimit()
 
 void CUserManager::NotifyLogin(int nResultCode, int nErrorCode)
 {
-    const ILoginManagerObserver::Param param{nResultCode, nErrorCode};
-    m_loginObservers.ForEach([&](auto& observer) { observer.OnNotifyLoginManagerState(param); });
+    const auto pAnswer = std::make_shared<const ILoginManagerObserver::Param>(
+        ILoginManagerObserver::Param{nResultCode, nErrorCode});
+    m_loginObservers.ForEach([&](auto& observer) { observer.OnNotifyLoginManagerState(pAnswer); });
 }
 
 void CUserManager::NotifyPush(int nResultCode)
 {
     Param param;
     param.nResultCode = nResultCode;
-    m_observers.ForEach([&](auto& observer) { observer.OnNotifyUserManagerState(param); });
+    Notify(std::move(param));
+}
+
+void CUserManager::Notify(Param&& param)
+{
+    const auto pAnswer = std::make_shared<const Param>(std::move(param));
+    m_observers.ForEach([&](auto& observer) { observer.OnNotifyUserManagerState(pAnswer); });
 }
 
 template <class Op, class Take>
@@ -157,7 +164,7 @@ int CUserManager::Call(int nResultCode, const typename Op::Request& request, Tak
             param.nErrorCode = answer.nErrorCode;
             param.sErrorDetail = std::move(answer.sDetail);
             take(param, std::move(answer.data));
-            m_observers.ForEach([&](auto& observer) { observer.OnNotifyUserManagerState(param); });
+            Notify(std::move(param));
         });
 }
 

@@ -72,6 +72,7 @@ private:
     /// Sends the operation; take(param, data) moves the answer's data into the observers' record.
     template <class Op, class Take>
     int Call(int nResultCode, const typename Op::Request& request, Take take);
+    void Notify(Param&& param);
 
     CServerConnection& m_connection;
     std::mutex m_mutex;

@@ -47,17 +47,17 @@ public:
     ~Observer() override { m_pManager->RemoveObserver(this); }
 
 private:
-    void OnNotifyDepartmentManagerState(const Param& param) override
+    void OnNotifyDepartmentManagerState(const Answer& pAnswer) override
     {
-        if (param.nResultCode != ResultQueryDepartmentTree || param.nErrorCode != ErrorNone)
+        if (pAnswer->nResultCode != ResultQueryDepartmentTree || pAnswer->nErrorCode != ErrorNone)
             return;
         QMetaObject::invokeMethod(
             &m_owner,
-            [this, vecDepartments = param.vecDepartments] {
+            [this, pAnswer] {
                 // An answer of a manager that counts no longer.
                 if (m_owner.m_pObserver.get() != this)
                     return;
-                m_owner.m_model.SetDepartments(vecDepartments);
+                m_owner.m_model.SetDepartments(pAnswer->vecDepartments);
                 Q_EMIT m_owner.SignalDepartmentModelFinish();
             },
             Qt::QueuedConnection);

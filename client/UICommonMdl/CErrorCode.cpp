@@ -17,6 +17,7 @@ const std::map<int, const char*>& Texts()
         {ErrorCancelled, QT_TRANSLATE_NOOP("CErrorCode", "The operation was cancelled.")},
         {ErrorTlsFailed, QT_TRANSLATE_NOOP("CErrorCode", "The server's certificate is not trusted.")},
         {ErrorFile, QT_TRANSLATE_NOOP("CErrorCode", "The file cannot be written.")},
+        {ErrorNotSent, QT_TRANSLATE_NOOP("CErrorCode", "The request could not be sent to the server.")},
         {ErrorInternal, QT_TRANSLATE_NOOP("CErrorCode", "Internal error of the server.")},
         {ErrorMalformed, QT_TRANSLATE_NOOP("CErrorCode", "The server could not read the request.")},
         {ErrorTooLarge, QT_TRANSLATE_NOOP("CErrorCode", "The request is too large.")},

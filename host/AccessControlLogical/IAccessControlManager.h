@@ -4,6 +4,7 @@
 #include <VxPluginAPI/IAbstractResourceManager.h>
 #include <VxPluginAPI/IObserver.h>
 
+#include <memory>
 #include <optional>
 
 namespace AccessControlLogical {
@@ -32,9 +33,11 @@ public:
         /// All, parents before children (query), or the one that was added or modified.
         std::vector<Department_t> vecDepartments;
     };
+    /// Shared by all who hear it and never changed.
+    using Answer = std::shared_ptr<const Param>;
 
-    /// Comes on a thread of the host: copy the record and leave.
-    virtual void OnNotifyDepartmentManagerState(const Param& param) = 0;
+    /// Comes on a thread of the host: keep the pointer or leave it, and return.
+    virtual void OnNotifyDepartmentManagerState(const Answer& pAnswer) = 0;
 };
 
 /// Hears what happens to persons.
@@ -81,9 +84,11 @@ public:
         std::vector<AuthorizeException_t> vecExceptions; ///< query, and what a re-issue left
         std::vector<Person_t> vecPersons; ///< extract: the persons that the device holds
     };
+    /// Shared by all who hear it and never changed.
+    using Answer = std::shared_ptr<const Param>;
 
-    /// Comes on a thread of the host: copy the record and leave.
-    virtual void OnNotifyPersonManagerState(const Param& param) = 0;
+    /// Comes on a thread of the host: keep the pointer or leave it, and return.
+    virtual void OnNotifyPersonManagerState(const Answer& pAnswer) = 0;
 };
 
 /// Hears answers about access records.
@@ -104,9 +109,11 @@ public:
         int nTotal = 0; ///< of all pages
         std::vector<AccessRecord_t> vecRecords;
     };
+    /// Shared by all who hear it and never changed.
+    using Answer = std::shared_ptr<const Param>;
 
-    /// Comes on a thread of the host: copy the record and leave.
-    virtual void OnNotifyAccessControlManagerState(const Param& param) = 0;
+    /// Comes on a thread of the host: keep the pointer or leave it, and return.
+    virtual void OnNotifyAccessControlManagerState(const Answer& pAnswer) = 0;
 };
 
 /// Persons, their groups and credentials.

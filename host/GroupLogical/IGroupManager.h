@@ -4,6 +4,7 @@
 #include <VxPluginAPI/IAbstractResourceManager.h>
 #include <VxPluginAPI/IObserver.h>
 
+#include <memory>
 #include <optional>
 
 namespace GroupLogical {
@@ -52,9 +53,11 @@ public:
         /// False for a report on a request that goes on: more with its number follow.
         bool bFinal = true;
     };
+    /// Shared by all who hear it and never changed.
+    using Answer = std::shared_ptr<const Param>;
 
-    /// Comes on a thread of the host: copy the record and leave.
-    virtual void OnNotifyGroupManagerState(const Param& param) = 0;
+    /// Comes on a thread of the host: keep the pointer or leave it, and return.
+    virtual void OnNotifyGroupManagerState(const Answer& pAnswer) = 0;
 };
 
 /// Organisations and devices.

@@ -4,6 +4,8 @@
 #include <VxPluginAPI/IAbstractResourceManager.h>
 #include <VxPluginAPI/IObserver.h>
 
+#include <memory>
+
 namespace RemoteConfigLogical {
 
 /// What happens on the devices themselves.
@@ -36,8 +38,10 @@ public:
         std::vector<P2PDevice_t> vecP2PDevices;
         int nCloudCode = 0; ///< with ErrorCloudRefused: the account service's reply code
     };
-    /// Comes on a thread of the host: copy the record and leave.
-    virtual void OnNotifyRemoteDeviceState(const Param& param) = 0;
+    /// Shared by all who hear it and never changed.
+    using Answer = std::shared_ptr<const Param>;
+    /// Comes on a thread of the host: keep the pointer or leave it, and return.
+    virtual void OnNotifyRemoteDeviceState(const Answer& pAnswer) = 0;
 };
 
 /// What concerns the platform as a whole.
@@ -64,8 +68,10 @@ public:
         std::vector<VideoServer_t> vecServers;
         PlatformTime_t platformTime;
     };
-    /// Comes on a thread of the host: copy the record and leave.
-    virtual void OnNotifySystemConfigState(const Param& param) = 0;
+    /// Shared by all who hear it and never changed.
+    using Answer = std::shared_ptr<const Param>;
+    /// Comes on a thread of the host: keep the pointer or leave it, and return.
+    virtual void OnNotifySystemConfigState(const Answer& pAnswer) = 0;
 };
 
 /// Device-side and platform-wide configuration. Calls and answers as GroupLogical::IGroupManager describes

@@ -14,6 +14,7 @@ enum ErrorCode : int
     ErrorCancelled = -4, ///< given up before it was answered
     ErrorTlsFailed = -5, ///< the server's certificate is not trusted
     ErrorFile = -6, ///< a file of this machine cannot be written
+    ErrorNotSent = -7, ///< the call was refused: nobody is signed in, or the host lacks the manager
 
     ErrorInternal = 1,
     ErrorMalformed = 2, ///< not JSON, or a field of the wrong type

@@ -4,6 +4,7 @@
 #include <VxPluginAPI/IAbstractResourceManager.h>
 #include <VxPluginAPI/IObserver.h>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -34,8 +35,10 @@ public:
         int nResultCode = 0; ///< ResultCode
         int nErrorCode = 0; ///< UICommonMdl::ErrorCode
     };
-    /// Comes on a thread of the host: copy the record and leave.
-    virtual void OnNotifyLoginManagerState(const Param& param) = 0;
+    /// Shared by all who hear it and never changed.
+    using Answer = std::shared_ptr<const Param>;
+    /// Comes on a thread of the host: keep the pointer or leave it, and return.
+    virtual void OnNotifyLoginManagerState(const Answer& pAnswer) = 0;
 };
 
 /// Hears what happens to users, roles and the log.
@@ -92,9 +95,11 @@ public:
         bool bTruncated = false; ///< the directory holds more users than were listed
         AuditPage_t auditPage;
     };
+    /// Shared by all who hear it and never changed.
+    using Answer = std::shared_ptr<const Param>;
 
-    /// Comes on a thread of the host: copy the record and leave.
-    virtual void OnNotifyUserManagerState(const Param& param) = 0;
+    /// Comes on a thread of the host: keep the pointer or leave it, and return.
+    virtual void OnNotifyUserManagerState(const Answer& pAnswer) = 0;
 };
 
 /// The signed-in user, and the platform's accounts and roles. Every operation that answers an int returns the

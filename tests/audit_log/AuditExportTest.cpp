@@ -110,7 +110,8 @@ TEST_F(AuditExportTest, FailuresAreToldAndLeaveNoFile)
 
     m_host.user.users.Refuse("ExportAudit");
     StartExport("log.xlsx");
-    EXPECT_EQ(Notice(), QStringLiteral("Failed to export the audit log"));
+    EXPECT_EQ(Notice(),
+        QStringLiteral("Failed to export the audit log: The request could not be sent to the server."));
     EXPECT_FALSE(QFile::exists(Path("log.xlsx")));
 }
 

@@ -1,6 +1,6 @@
 #include <RoleManager/CDeviceRightModel.h>
 #include <UICommonMdl/ErrorCodes.h>
-#include <tests/support/fakes/FakeUserManager.h>
+#include <tests/support/fakes/FakeHost.h>
 #include <tests/support/gui/PageDriver.h>
 
 #include <QSignalSpy>
@@ -86,8 +86,9 @@ protected:
         return vecQueries;
     }
 
-    FakeUserManager m_manager;
-    CDeviceRightModel m_model{&m_manager, true};
+    FakeHost m_host;
+    FakeUserManager& m_manager = m_host.user;
+    CDeviceRightModel m_model{&m_host.interfaceSet, true};
 };
 
 TEST_F(DeviceRights, BranchesAreAskedForOnceAndOnlyWhenTheyAreExpanded)
@@ -220,9 +221,10 @@ TEST_F(DeviceRights, AFailedBranchIsToldAndCanBeAskedForAgain)
     m_manager.users.Refuse("QueryDeviceRights");
     Expand(QStringLiteral("Root"));
     EXPECT_EQ(failures.count(), 2) << "one that is not even sent";
-    FakeUserManager other;
+    FakeHost otherHost;
+    FakeUserManager& other = otherHost.user;
     other.ServePlatform();
-    CDeviceRightModel model(&other, true);
+    CDeviceRightModel model(&otherHost.interfaceSet, true);
     other.users.FailAlways("QueryDeviceRights", UICommonMdl::ErrorNoRight);
     Show({}, model);
     EXPECT_EQ(model.GetState(), CDeviceRightModel::State::Failed);
@@ -235,7 +237,7 @@ TEST_F(DeviceRights, AFailedBranchIsToldAndCanBeAskedForAgain)
 
 TEST_F(DeviceRights, ToLookAtOnlyWhatRolesGiveWithTheirNames)
 {
-    CDeviceRightModel together(&m_manager, false);
+    CDeviceRightModel together(&m_host.interfaceSet, false);
     Show({Role("2", "Guard"), Role("3", "Reception")}, together);
     together.OnItemExpanded(together.index(0, 0));
     PageDriver::Settle();

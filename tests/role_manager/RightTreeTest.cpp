@@ -3,7 +3,7 @@
 #include <RoleManager/CMenuRightSortFilterProxyModel.h>
 #include <RoleManager/RightRules.h>
 #include <UICommonMdl/ErrorCodes.h>
-#include <tests/support/fakes/FakeUserManager.h>
+#include <tests/support/fakes/FakeHost.h>
 #include <tests/support/gui/PageDriver.h>
 
 #include <gtest/gtest.h>
@@ -96,8 +96,9 @@ protected:
         return listShown.join(QLatin1Char(' '));
     }
 
-    FakeUserManager m_manager;
-    CMenuRightModel m_model{&m_manager, true};
+    FakeHost m_host;
+    FakeUserManager& m_manager = m_host.user;
+    CMenuRightModel m_model{&m_host.interfaceSet, true};
     CMenuRightSortFilterProxyModel m_proxy;
 };
 
@@ -170,7 +171,7 @@ TEST_F(RightTree, RightsThatCannotBeGivenStayAsTheyWere)
 
 TEST_F(RightTree, ManyRolesTogetherSayWhichOfThemGivesARight)
 {
-    CMenuRightModel together(&m_manager, false);
+    CMenuRightModel together(&m_host.interfaceSet, false);
     together.Query();
     PageDriver::Settle();
     Role_t all{"1", "All", "", true, {}, {}, 1};
@@ -209,8 +210,9 @@ TEST_F(RightTree, FailuresAreToldAndLateAnswersDropped)
     EXPECT_EQ(m_model.GetGiven(), (std::vector<std::string>{"001002", "002001"}));
 
     m_manager.users.Refuse("QueryFuncRightList");
-    CFuncRightModel functions(&m_manager, true);
+    CFuncRightModel functions(&m_host.interfaceSet, true);
     functions.Query();
+    PageDriver::Settle();
     EXPECT_EQ(functions.GetState(), CRightModel::State::Failed);
 }
 

@@ -173,7 +173,8 @@ TEST_F(RoleDialog, RefusalsKeepTheInput)
     EXPECT_TRUE(DialogNotice().endsWith(QStringLiteral("(Device)")));
     Users().Refuse("ModifyRole");
     Click("btnOk");
-    EXPECT_EQ(DialogNotice(), QStringLiteral("Failed to modify role"));
+    EXPECT_EQ(DialogNotice(),
+        QStringLiteral("Failed to modify role: The request could not be sent to the server."));
     EXPECT_TRUE(IsUsable("btnOk"));
     EXPECT_EQ(
         m_pDriver->Find<VxGUI::VxLineEdit>(QStringLiteral("editRoleName"))->text(), QStringLiteral("Other"));

@@ -203,7 +203,8 @@ TEST_F(UserForm, RefusalsOfTheServerKeepTheInput)
     Click("btnAdd");
     FillAll();
     PressOk();
-    EXPECT_EQ(FormNotice(), QStringLiteral("Failed to add user."));
+    EXPECT_EQ(
+        FormNotice(), QStringLiteral("Failed to add user. The request could not be sent to the server."));
     EXPECT_TRUE(IsUsable(Form(), "btnOk"));
 }
 

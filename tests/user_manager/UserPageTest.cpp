@@ -139,7 +139,8 @@ TEST_F(UserPage, DeletingTakesOneOrTheTickedOnesAndTellsWhatFailed)
     Users().Refuse("DeleteUsers");
     m_dialogs.AnswerNext(true);
     Click("btnDelete");
-    EXPECT_EQ(Notice(), QStringLiteral("Failed to delete user."));
+    EXPECT_EQ(
+        Notice(), QStringLiteral("Failed to delete user. The request could not be sent to the server."));
     EXPECT_TRUE(IsPageUsable("btnDelete"));
 }
 

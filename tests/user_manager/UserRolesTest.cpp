@@ -55,7 +55,7 @@ protected:
     }
 
     FakeHost m_host;
-    CUserDetailPermission m_permission{&m_host.user};
+    CUserDetailPermission m_permission{&m_host.interfaceSet};
 };
 
 TEST_F(UserRoles, ArePickedInThePopUpAndListedWithAButtonEach)
@@ -159,13 +159,15 @@ TEST_F(UserRoles, AFailedListCanBeReadAgain)
     m_permission.ShowUser(QStringLiteral("bob"));
     PageDriver::Settle();
     EXPECT_EQ(StateTitle(&m_permission, "wgtRolesState"), QStringLiteral("Failed to get user role."));
-    m_permission.SetConnected(false);
+    m_host.remote.PushConnected(false);
+    PageDriver::Settle();
     m_host.user.ServePlatform();
-    m_permission.SetConnected(true);
+    m_host.remote.PushConnected(true);
     PageDriver::Settle();
     EXPECT_EQ(Listed().size(), 2);
     Users().Refuse("QueryRoleList");
     m_permission.StartChoice({});
+    PageDriver::Settle();
     EXPECT_EQ(StateTitle(&m_permission, "wgtRolesState"), QStringLiteral("Failed to get roles."));
     EXPECT_FALSE(IsUsable(&m_permission, "btnAddRole"));
 }

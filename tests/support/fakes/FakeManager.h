@@ -5,6 +5,7 @@
 #include <atomic>
 #include <functional>
 #include <map>
+#include <memory>
 #include <mutex>
 #include <set>
 #include <string>
@@ -27,7 +28,7 @@ template <class Observer, class Param>
 class FakeManager
 {
 public:
-    using Notify = void (Observer::*)(const Param&);
+    using Notify = void (Observer::*)(const std::shared_ptr<const Param>&);
     using Maker = std::function<void(const FakeCall&, Param&)>;
 
     explicit FakeManager(Notify notify)
@@ -141,9 +142,10 @@ public:
 private:
     void SendHere(const Param& param)
     {
+        const auto pAnswer = std::make_shared<const Param>(param);
         const std::lock_guard lock(m_mutex);
         for (Observer* pObserver : m_setObservers)
-            (pObserver->*m_notify)(param);
+            (pObserver->*m_notify)(pAnswer);
     }
 
     Notify m_notify;

@@ -1,0 +1,86 @@
+#include "CPage.h"
+
+#include "Prompt.h"
+#include "StyleSheet.h"
+
+#include <QDialog>
+#include <QMenu>
+#include <QPointer>
+
+namespace Common {
+
+CPage::CPage(UICommonMdl::CInterfaceSetManager* pInterfaceSet, const QString& sSkinFolder, QWidget* pParent)
+    : QWidget(pParent)
+    , m_pInterfaceSet(pInterfaceSet)
+    , m_sSkinFolder(sSkinFolder)
+    , m_session(pInterfaceSet, this)
+{
+    connect(&m_session, &CSession::SignalConnectionChanged, this,
+        [this](bool bConnected) { OnConnectionChanged(bConnected); });
+    connect(&m_session, &CSession::SignalRightsChanged, this, [this] { OnRightsChanged(); });
+}
+
+bool CPage::OnMsg(int, QVariant*, void*)
+{
+    return false;
+}
+
+void CPage::UninitUI()
+{
+    m_bEnded = true;
+    m_vecWhenShown.clear();
+    CPageWork::EndBelow(this);
+    for (QTimer* pTimer : findChildren<QTimer*>())
+        pTimer->stop();
+    QVector<QPointer<QWidget>> vecWindows;
+    for (QWidget* pWidget : findChildren<QWidget*>()) {
+        if (qobject_cast<QDialog*>(pWidget) || qobject_cast<QMenu*>(pWidget))
+            vecWindows.append(pWidget);
+    }
+    for (const QPointer<QWidget>& pWindow : qAsConst(vecWindows))
+        delete pWindow;
+}
+
+void CPage::Notify(const QString& sText, VxGUI::NotificationKind kind)
+{
+    if (isVisible() && !m_bEnded)
+        VxGUI::VxNotification::Show(this, sText, kind);
+}
+
+void CPage::NotifyFailure(const QString& sPrefix, int nErrorCode)
+{
+    Notify(FailureText(sPrefix, nErrorCode), VxGUI::NotificationKind::Error);
+}
+
+void CPage::WhenShown(std::function<void()> act)
+{
+    if (m_bEnded)
+        return;
+    if (isVisible())
+        act();
+    else
+        m_vecWhenShown.push_back(std::move(act));
+}
+
+void CPage::showEvent(QShowEvent* pEvent)
+{
+    if (!m_sSkinFolder.isEmpty())
+        LoadStyleSheet(this, m_sSkinFolder);
+    QWidget::showEvent(pEvent);
+    if (m_vecWhenShown.empty())
+        return;
+    // Not from within the event: what is run may open a window and wait.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            const QPointer<CPage> pSelf(this);
+            const std::vector<std::function<void()>> vecActs = std::exchange(m_vecWhenShown, {});
+            for (const auto& act : vecActs) {
+                if (pSelf)
+                    pSelf->WhenShown(act);
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+} // namespace Common

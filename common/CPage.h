@@ -1,0 +1,64 @@
+#pragma once
+
+#include "CSession.h"
+#include "IConfigPage.h"
+
+#include <VxGUI/VxNotification.h>
+
+#include <QWidget>
+
+#include <functional>
+#include <vector>
+
+namespace Common {
+
+class CConnectionNotice;
+
+/// Base of all pages: knows connection and rights, shows its style sheet, ends with everything below it, and
+/// keeps what it has to say to itself while nobody sees it. User-interface thread.
+class CPage : public QWidget, public IConfigPage
+{
+    Q_OBJECT
+
+public:
+    /// pInterfaceSet is borrowed and outlives the page's work. The style sheet is that of the page's object
+    /// name in sSkinFolder, empty: none.
+    CPage(UICommonMdl::CInterfaceSetManager* pInterfaceSet, const QString& sSkinFolder,
+        QWidget* pParent = nullptr);
+
+    bool OnMsg(int nMsg, QVariant* pValue, void* pArgument) override;
+    /// Ends every call and registration of the page and of all below it, and destroys its dialogs. The page
+    /// stays as it looks.
+    void UninitUI() final;
+
+    bool IsConnected() const { return m_session.IsConnected(); }
+    bool HasRight(const char* pszCode) const { return m_session.HasRight(pszCode); }
+    UICommonMdl::CInterfaceSetManager* GetInterfaceSet() const { return m_pInterfaceSet; }
+
+protected:
+    CSession& GetSession() { return m_session; }
+
+    /// The connection was lost, or is back.
+    virtual void OnConnectionChanged(bool /*bConnected*/) { }
+    /// The user's rights are others now.
+    virtual void OnRightsChanged() { }
+
+    /// A passing message; a hidden page says nothing.
+    void Notify(const QString& sText, VxGUI::NotificationKind kind);
+    /// A failed request as a passing message: sPrefix and the text of the code.
+    void NotifyFailure(const QString& sPrefix, int nErrorCode);
+    /// Runs it now or, on a hidden page, when the page is shown: what opens a window, and must not be lost.
+    /// The page may be gone when it returns.
+    void WhenShown(std::function<void()> act);
+
+    void showEvent(QShowEvent* pEvent) override;
+
+private:
+    UICommonMdl::CInterfaceSetManager* m_pInterfaceSet;
+    QString m_sSkinFolder;
+    CSession m_session;
+    std::vector<std::function<void()>> m_vecWhenShown;
+    bool m_bEnded = false;
+};
+
+} // namespace Common
