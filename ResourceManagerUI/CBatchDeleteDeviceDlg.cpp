@@ -21,13 +21,6 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CBatchDeleteDeviceDlg)
 };
 
-enum RequestKind : int
-{
-    KindBatch = 1,
-    KindForced,
-    KindReferences
-};
-
 enum Column : int
 {
     ColumnDeviceName,
@@ -40,18 +33,18 @@ constexpr int RoleForceDelete = 1;
 
 } // namespace
 
-CBatchDeleteDeviceDlg::CBatchDeleteDeviceDlg(GroupLogical::IGroupManager* pManager, int nMode,
-    const QVector<QString>& vecDeviceIds, const QHash<QString, QString>& mapNames, QWidget* pParent)
+CBatchDeleteDeviceDlg::CBatchDeleteDeviceDlg(const UICommonMdl::CInterfaceSetManager* pInterfaceSet,
+    int nMode, const QVector<QString>& vecDeviceIds, const QHash<QString, QString>& mapNames,
+    QWidget* pParent)
     : QDialog(pParent)
     , m_pUi(std::make_unique<Ui::CBatchDeleteDeviceDlg>())
-    , m_pManager(pManager)
     , m_nMode(nMode)
     , m_mapNames(mapNames)
     , m_nTotal(vecDeviceIds.size())
     , m_pModel(new Common::CTableModel({{Text::tr("Device Name"), true}, {Text::tr("Failed Reason"), true},
                                            {Text::tr("Operation"), true}, {QString(), false}},
           ColumnDeviceId, -1, this))
-    , m_adapter(pManager)
+    , m_calls(pInterfaceSet, this)
 {
     for (const QString& sId : vecDeviceIds)
         m_vecWaiting.push_back(sId.toStdString());
@@ -81,9 +74,6 @@ CBatchDeleteDeviceDlg::CBatchDeleteDeviceDlg(GroupLogical::IGroupManager* pManag
     connect(m_pUi->tableFailed->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
         [this](const QModelIndex& index) { OnFailureSelected(m_pModel->GetId(index.row())); });
     connect(m_pUi->btnClose, &QAbstractButton::clicked, this, &CBatchDeleteDeviceDlg::reject);
-    connect(
-        &m_adapter, &Common::CGroupManagerAdapter::SignalState, this,
-        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
     ShowProgress();
     Common::LoadStyleSheet(this, QStringLiteral("ResourceManagerUI/DeviceManager"));
 }
@@ -97,22 +87,19 @@ void CBatchDeleteDeviceDlg::Start()
 
 void CBatchDeleteDeviceDlg::SendNextBatch()
 {
-    // A refused call fails its batch at once, and the next batch is tried.
-    while (!m_vecWaiting.empty()) {
-        const std::vector<std::string> vecBatch = TakeDeleteBatch(m_vecWaiting);
-        const int nSequence = m_pManager ? m_pManager->DeleteDevice(vecBatch, m_nMode) : 0;
-        if (m_requests.Add(nSequence, KindBatch,
-                [this, vecBatch](const Param& param) { OnBatchAnswer(vecBatch, param); }))
-            return;
-        m_nDone += int(vecBatch.size());
-        AddFailures(vecBatch, UICommonMdl::ErrorNone);
-        ShowProgress();
+    if (m_vecWaiting.empty()) {
+        OnFinished();
+        return;
     }
-    OnFinished();
+    const std::vector<std::string> vecBatch = TakeDeleteBatch(m_vecWaiting);
+    m_bBatch = true;
+    m_calls.Each<&GroupLogical::IGroupManager::DeleteDevice>(
+        vecBatch, m_nMode, [this, vecBatch](const Param& param) { OnBatchAnswer(vecBatch, param); });
 }
 
 void CBatchDeleteDeviceDlg::OnBatchAnswer(const std::vector<std::string>& vecBatch, const Param& param)
 {
+    m_bBatch = false;
     m_nDone += int(vecBatch.size());
     if (param.nErrorCode != UICommonMdl::ErrorNone && param.vecFailed.empty())
         AddFailures(vecBatch, param.nErrorCode);
@@ -183,23 +170,21 @@ void CBatchDeleteDeviceDlg::ShowResult()
 
 void CBatchDeleteDeviceDlg::ForceDelete(const QString& sDeviceId)
 {
-    if (m_requests.HasKind(KindForced)
+    if (m_bForced
         || !Common::AskPrompt(this,
             Text::tr("Forced deletion also removes the configuration that refers to the device. Are you sure "
                      "to delete the device?")))
         return;
-    const int nSequence =
-        m_pManager ? m_pManager->DeleteDevice({sDeviceId.toStdString()}, GroupLogical::DeleteForced) : 0;
-    if (m_requests.Add(nSequence, KindForced,
-            [this, sDeviceId](const Param& param) { OnForceAnswer(sDeviceId, param); })) {
-        m_pUi->tableFailed->setEnabled(false);
-        return;
-    }
-    m_pUi->lbResult->setText(Text::tr("Failed to delete device"));
+    m_bForced = true;
+    m_pUi->tableFailed->setEnabled(false);
+    m_calls.Each<&GroupLogical::IGroupManager::DeleteDevice>(
+        std::vector<std::string>{sDeviceId.toStdString()}, int(GroupLogical::DeleteForced),
+        [this, sDeviceId](const Param& param) { OnForceAnswer(sDeviceId, param); });
 }
 
 void CBatchDeleteDeviceDlg::OnForceAnswer(const QString& sDeviceId, const Param& param)
 {
+    m_bForced = false;
     m_pUi->tableFailed->setEnabled(true);
     const auto it = std::find_if(m_vecFailed.begin(), m_vecFailed.end(),
         [sKey = sDeviceId.toStdString()](const auto& item) { return item.sId == sKey; });
@@ -215,7 +200,7 @@ void CBatchDeleteDeviceDlg::OnForceAnswer(const QString& sDeviceId, const Param&
         m_vecFailed.erase(it);
     }
     RebuildFailures();
-    if (!m_requests.HasKind(KindBatch))
+    if (!m_bBatch)
         ShowResult();
 }
 
@@ -223,10 +208,11 @@ void CBatchDeleteDeviceDlg::OnFailureSelected(const QString& sDeviceId)
 {
     m_pUi->listReferences->clear();
     m_pUi->listReferences->hide();
-    if (sDeviceId.isEmpty() || !m_pManager)
+    m_calls.Forget<&GroupLogical::IGroupManager::QueryDeviceReferences>();
+    if (sDeviceId.isEmpty())
         return;
-    m_requests.Supersede(m_pManager->QueryDeviceReferences(sDeviceId.toStdString()), KindReferences,
-        [this](const Param& param) {
+    m_calls.Each<&GroupLogical::IGroupManager::QueryDeviceReferences>(
+        sDeviceId.toStdString(), [this](const Param& param) {
             m_pUi->listReferences->clear();
             m_pUi->listReferences->addItems(param.nErrorCode == UICommonMdl::ErrorNone
                     ? GetReferenceLines(param.vecReferences)
@@ -237,12 +223,12 @@ void CBatchDeleteDeviceDlg::OnFailureSelected(const QString& sDeviceId)
 
 void CBatchDeleteDeviceDlg::reject()
 {
-    const bool bDeleting = m_requests.HasKind(KindBatch) || m_requests.HasKind(KindForced);
+    const bool bDeleting = m_bBatch || m_bForced;
     if (bDeleting && !Common::AskPrompt(this, Text::tr("Deleting device. Are you sure to close it?")))
         return;
     // Batches that were not sent yet are not sent any more.
     m_vecWaiting.clear();
-    m_requests.Clear();
+    m_calls.ForgetAll();
     QDialog::reject();
 }
 

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <GroupLogical/IGroupManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
 
 #include <QDialog>
 
@@ -24,8 +22,8 @@ class CBatchDeleteDeviceDlg : public QDialog
     Q_OBJECT
 
 public:
-    /// pManager (borrowed) may be null: every device fails then. nMode is a GroupLogical::DeleteMode.
-    CBatchDeleteDeviceDlg(GroupLogical::IGroupManager* pManager, int nMode,
+    /// pInterfaceSet is borrowed. nMode is a GroupLogical::DeleteMode.
+    CBatchDeleteDeviceDlg(const UICommonMdl::CInterfaceSetManager* pInterfaceSet, int nMode,
         const QVector<QString>& vecDeviceIds, const QHash<QString, QString>& mapNames, QWidget* pParent);
     ~CBatchDeleteDeviceDlg() override;
 
@@ -49,16 +47,16 @@ private:
     void ShowResult();
 
     std::unique_ptr<Ui::CBatchDeleteDeviceDlg> m_pUi;
-    GroupLogical::IGroupManager* m_pManager;
     int m_nMode;
     std::vector<std::string> m_vecWaiting;
     QHash<QString, QString> m_mapNames;
     int m_nTotal;
     int m_nDone = 0;
+    bool m_bBatch = false; ///< a batch is under way
+    bool m_bForced = false; ///< a forced deletion is
     std::vector<GroupLogical::FailedItem_t> m_vecFailed;
     Common::CTableModel* m_pModel;
-    Common::CRequests<Param> m_requests;
-    Common::CGroupManagerAdapter m_adapter;
+    Common::CCalls<GroupLogical::IGroupManagerObserver> m_calls;
 };
 
 } // namespace ResourceManagerUI

@@ -19,39 +19,27 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CDeviceAccessDlg)
 };
 
-enum RequestKind : int
-{
-    KindAccess = 1
-};
-
-constexpr const char* RightSeeUsers = "001002";
 constexpr int NameColumn = 0;
 
 } // namespace
 
-bool CDeviceAccessDlg::IsOffered(UserLogical::IUserManager* pManager)
-{
-    UserLogical::IUserRight* const pRight = pManager ? pManager->GetUserRight() : nullptr;
-    return pRight && pRight->HasRight(RightSeeUsers);
-}
-
-CDeviceAccessDlg::CDeviceAccessDlg(UserLogical::IUserManager* pManager, const QString& sDeviceId,
-    const QString& sDeviceName, QWidget* pParent)
+CDeviceAccessDlg::CDeviceAccessDlg(const UICommonMdl::CInterfaceSetManager* pInterfaceSet,
+    const QString& sDeviceId, const QString& sDeviceName, QWidget* pParent)
     : QDialog(pParent)
     , m_pUi(std::make_unique<Ui::CDeviceAccessDlg>())
-    , m_pManager(pManager)
     , m_sDeviceId(sDeviceId)
     , m_pModel(new Common::CTableModel(
           {{Text::tr("User"), true}, {Text::tr("Role"), true}, {Text::tr("Access"), true}}, NameColumn, -1,
           this))
-    , m_adapter(pManager)
+    , m_session(pInterfaceSet, this)
+    , m_calls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
     setObjectName(QStringLiteral("CDeviceAccessDlg"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setModal(true);
-    m_pUi->lbConnection->hide();
+    m_pUi->lbConnection->Watch(m_session);
     m_pUi->lbAccessDevice->setText(sDeviceName);
     m_pUi->edtSearchUser->SetBackgroundText(Text::tr("User/Role"));
     m_pUi->treeAccess->setModel(m_pModel);
@@ -61,8 +49,7 @@ CDeviceAccessDlg::CDeviceAccessDlg(UserLogical::IUserManager* pManager, const QS
     connect(m_pUi->btnClose, &QAbstractButton::clicked, this, &QDialog::accept);
     connect(m_pUi->wgtAccessState, &VxGUI::VxEmptyState::SignalAction, this, &CDeviceAccessDlg::Query);
     connect(
-        &m_adapter, &Common::CUserManagerAdapter::SignalState, this,
-        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
+        &m_session, &Common::CSession::SignalConnectionChanged, this, &CDeviceAccessDlg::OnConnectionChanged);
     Common::LoadStyleSheet(this, QStringLiteral("ResourceManagerUI/DeviceManager"));
 }
 
@@ -76,11 +63,8 @@ void CDeviceAccessDlg::Start()
 
 void CDeviceAccessDlg::Query()
 {
-    const int nSequence = m_pManager ? m_pManager->QueryDeviceAccess(m_sDeviceId.toStdString()) : 0;
-    if (!m_requests.Supersede(nSequence, KindAccess, [this](const Param& param) { OnAnswer(param); })) {
-        ShowState(UICommonMdl::ErrorNotSignedIn);
-        return;
-    }
+    m_calls.Latest<&UserLogical::IUserManager::QueryDeviceAccess>(
+        m_sDeviceId.toStdString(), [this](const Param& param) { OnAnswer(param); });
     m_pUi->edtSearchUser->setEnabled(false);
     m_pUi->wgtAccessState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading users"));
     m_pUi->stackAccess->setCurrentWidget(m_pUi->wgtAccessState);
@@ -131,13 +115,10 @@ void CDeviceAccessDlg::ShowState(int nErrorCode)
     m_pUi->stackAccess->setCurrentWidget(pState);
 }
 
-void CDeviceAccessDlg::SetConnected(bool bConnected)
+void CDeviceAccessDlg::OnConnectionChanged(bool bConnected)
 {
-    const bool bBack = bConnected && !m_bConnected;
-    m_bConnected = bConnected;
-    m_pUi->lbConnection->setVisible(!bConnected);
     m_pUi->wgtAccessState->setEnabled(bConnected);
-    if (bBack && m_vecAccess.empty())
+    if (bConnected && m_vecAccess.empty())
         Query();
 }
 

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <UserLogical/IUserManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
+#include <common/CSession.h>
 
 #include <QDialog>
 
@@ -25,15 +24,14 @@ class CDeviceAccessDlg : public QDialog
 
 public:
     /// Whoever sees users may see who has access.
-    static bool IsOffered(UserLogical::IUserManager* pManager);
+    static constexpr const char* RightNeeded = "001002";
 
-    /// pManager is borrowed; null: the query is refused.
-    CDeviceAccessDlg(UserLogical::IUserManager* pManager, const QString& sDeviceId,
+    /// pInterfaceSet is borrowed.
+    CDeviceAccessDlg(const UICommonMdl::CInterfaceSetManager* pInterfaceSet, const QString& sDeviceId,
         const QString& sDeviceName, QWidget* pParent);
     ~CDeviceAccessDlg() override;
 
     void Start();
-    void SetConnected(bool bConnected);
 
 private:
     using Param = UserLogical::IUserManagerObserve::Param;
@@ -41,15 +39,14 @@ private:
     void OnAnswer(const Param& param);
     void ShowRows();
     void ShowState(int nErrorCode);
+    void OnConnectionChanged(bool bConnected);
 
     std::unique_ptr<Ui::CDeviceAccessDlg> m_pUi;
-    UserLogical::IUserManager* m_pManager;
     QString m_sDeviceId;
     Common::CTableModel* m_pModel;
     std::vector<UserLogical::DeviceAccess_t> m_vecAccess;
-    bool m_bConnected = true;
-    Common::CRequests<Param> m_requests;
-    Common::CUserManagerAdapter m_adapter;
+    Common::CSession m_session;
+    Common::CCalls<UserLogical::IUserManagerObserve> m_calls;
 };
 
 } // namespace ResourceManagerUI

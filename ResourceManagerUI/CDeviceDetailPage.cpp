@@ -6,7 +6,6 @@
 #include <Trv/QSkin.h>
 #include <UICommonMdl/CErrorCode.h>
 #include <common/DeviceCategory.h>
-#include <common/ObserverAdapters.h>
 
 #include <QKeyEvent>
 
@@ -16,11 +15,6 @@ namespace {
 struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(CDeviceDetailPage)
-};
-enum RequestKind : int
-{
-    KindDetail = 1,
-    KindReferences
 };
 } // namespace
 
@@ -40,12 +34,9 @@ CDeviceDetailPage::CDeviceDetailPage(QWidget* pParent)
 
 CDeviceDetailPage::~CDeviceDetailPage() = default;
 
-void CDeviceDetailPage::SetGroupManager(GroupLogical::IGroupManager* pManager)
+void CDeviceDetailPage::SetInterfaceSet(const UICommonMdl::CInterfaceSetManager* pInterfaceSet)
 {
-    m_pManager = pManager;
-    m_pAdapter = std::make_unique<Common::CGroupManagerAdapter>(pManager);
-    connect(m_pAdapter.get(), &Common::CGroupManagerAdapter::SignalState, this, &CDeviceDetailPage::OnAnswer,
-        Qt::QueuedConnection);
+    m_pCalls = std::make_unique<Calls>(pInterfaceSet, this);
 }
 
 void CDeviceDetailPage::ShowDevice(const QString& sDeviceId, const QString& sOrgName)
@@ -57,26 +48,15 @@ void CDeviceDetailPage::ShowDevice(const QString& sDeviceId, const QString& sOrg
     m_pUi->wgtDetailState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading"));
     m_pUi->stackDetail->setCurrentWidget(m_pUi->pageState);
     const std::string sId = sDeviceId.toStdString();
-    const bool bSent = m_pManager
-        && m_requests.Supersede(
-            m_pManager->QueryDeviceDetail(sId), KindDetail, [this](const auto& param) { OnDetail(param); });
-    if (!bSent) {
-        ShowFailure(UICommonMdl::ErrorNone);
-        return;
-    }
-    if (!m_requests.Supersede(m_pManager->QueryDeviceReferences(sId), KindReferences,
-            [this](const auto& param) { OnReferences(param); }))
-        m_pUi->listReferences->addItem(Text::tr("Failed to get what refers to the device"));
+    m_pCalls->Latest<&GroupLogical::IGroupManager::QueryDeviceDetail>(
+        sId, [this](const Calls::Param& param) { OnDetail(param); });
+    m_pCalls->Latest<&GroupLogical::IGroupManager::QueryDeviceReferences>(
+        sId, [this](const Calls::Param& param) { OnReferences(param); });
 }
 
 void CDeviceDetailPage::SetAccessOffered(bool bOffered)
 {
     m_pUi->btnAccess->setVisible(bOffered);
-}
-
-void CDeviceDetailPage::OnAnswer(const GroupLogical::IGroupManagerObserver::Param& param)
-{
-    m_requests.Answer(param);
 }
 
 void CDeviceDetailPage::OnDetail(const GroupLogical::IGroupManagerObserver::Param& param)

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <GroupLogical/IGroupManager.h>
-#include <common/CRequests.h>
+#include <common/CCalls.h>
 
 #include <QWidget>
 
@@ -9,9 +8,6 @@
 
 namespace Ui {
 class CDeviceDetailPage;
-}
-namespace Common {
-class CGroupManagerAdapter;
 }
 
 namespace ResourceManagerUI {
@@ -25,8 +21,8 @@ public:
     explicit CDeviceDetailPage(QWidget* pParent = nullptr);
     ~CDeviceDetailPage() override;
 
-    /// Borrowed; may be null.
-    void SetGroupManager(GroupLogical::IGroupManager* pManager);
+    /// pInterfaceSet is borrowed. Called once, before anything else.
+    void SetInterfaceSet(const UICommonMdl::CInterfaceSetManager* pInterfaceSet);
     /// Asks for the device; sOrgName is shown as its organisation.
     void ShowDevice(const QString& sDeviceId, const QString& sOrgName);
 
@@ -42,18 +38,16 @@ protected:
     void keyPressEvent(QKeyEvent* pEvent) override;
 
 private:
-    void OnAnswer(const GroupLogical::IGroupManagerObserver::Param& param);
+    using Calls = Common::CCalls<GroupLogical::IGroupManagerObserver>;
     void OnDetail(const GroupLogical::IGroupManagerObserver::Param& param);
     void OnReferences(const GroupLogical::IGroupManagerObserver::Param& param);
     void ShowFailure(int nErrorCode);
     void AddLine(const QString& sCaption, const QString& sText);
 
     std::unique_ptr<Ui::CDeviceDetailPage> m_pUi;
-    GroupLogical::IGroupManager* m_pManager = nullptr;
     QString m_sDeviceId;
     QString m_sOrgName;
-    Common::CRequests<GroupLogical::IGroupManagerObserver::Param> m_requests;
-    std::unique_ptr<Common::CGroupManagerAdapter> m_pAdapter;
+    std::unique_ptr<Calls> m_pCalls;
 };
 
 } // namespace ResourceManagerUI

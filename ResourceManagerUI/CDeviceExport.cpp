@@ -7,22 +7,23 @@
 namespace ResourceManagerUI {
 
 CDeviceExport::CDeviceExport(const QString& sPath, const QVector<int>& vecColumns,
-    const QStringList& listHeader, std::vector<GroupLogical::DeviceInfo_t> vecDevices)
+    const QStringList& listHeader, GroupLogical::IGroupManagerObserver::Answer pAnswer)
     : m_sPath(sPath)
     , m_vecColumns(vecColumns)
     , m_listHeader(listHeader)
-    , m_vecDevices(std::move(vecDevices))
+    , m_pAnswer(std::move(pAnswer))
 {
 }
 
 QString CDeviceExport::Write() const
 {
+    const std::vector<GroupLogical::DeviceInfo_t>& vecDevices = m_pAnswer->devicePage.vecDevices;
     std::size_t nNext = 0;
     return UICommonMdl::CSpreadsheetWriter::Write(
-        m_sPath, QStringLiteral("Devices"), m_listHeader, [this, &nNext](QStringList& row) {
-            if (nNext == m_vecDevices.size())
+        m_sPath, QStringLiteral("Devices"), m_listHeader, [this, &vecDevices, &nNext](QStringList& row) {
+            if (nNext == vecDevices.size())
                 return false;
-            const QStringList listTexts = CDeviceModel::GetTexts(m_vecDevices[nNext++]);
+            const QStringList listTexts = CDeviceModel::GetTexts(vecDevices[nNext++]);
             row.clear();
             for (const int nColumn : m_vecColumns)
                 row.append(listTexts[nColumn]);

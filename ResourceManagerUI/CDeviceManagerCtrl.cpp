@@ -6,16 +6,13 @@
 #include "CDeviceExport.h"
 #include "CDeviceModel.h"
 #include "CDeviceTableHeader.h"
-#include "DeviceRequestKinds.h"
 #include "DeviceRules.h"
 #include "Discovery/CAutoSearchOnlineDev.h"
 #include "ui_CDeviceManagerCtrl.h"
 
 #include <UICommonMdl/CErrorCode.h>
-#include <UICommonMdl/CInterfaceSetManager.h>
 #include <UICommonMdl/ILocalConfig.h>
 #include <VxGUI/VxDialogService.h>
-#include <VxGUI/VxNotification.h>
 #include <VxGUI/VxWaitDialog.h>
 #include <common/CRowButtonDelegate.h>
 #include <common/Prompt.h>
@@ -24,6 +21,8 @@
 #include <QtConcurrent>
 
 namespace ResourceManagerUI {
+
+using GroupLogical::IGroupManager;
 
 namespace {
 struct Text
@@ -134,7 +133,7 @@ void CDeviceManagerCtrl::UpdateSelectionButtons()
     const Qt::CheckState summary = m_pModel->GetCheckSummary();
     m_pHeader->SetCheckState(summary);
     for (QPushButton* pButton : {m_pUi->btnDelete, m_pUi->btnResetPwd, m_pUi->btnMoveTo, m_pUi->btnTimeZone})
-        pButton->setEnabled(m_bConnected && summary != Qt::Unchecked);
+        pButton->setEnabled(IsConnected() && summary != Qt::Unchecked);
 }
 
 void CDeviceManagerCtrl::UpdateStatus()
@@ -182,7 +181,7 @@ void CDeviceManagerCtrl::OnTableContextMenu(const QPoint& pos)
     pMenu->setAttribute(Qt::WA_DeleteOnClose);
     QVector<std::pair<int, QString>> vecEntries{{RoleDetails, Text::tr("Details")},
         {RoleEdit, Text::tr("Edit")}, {RoleMoveTo, Text::tr("Move To")}, {RoleDelete, Text::tr("Delete")}};
-    if (CDeviceAccessDlg::IsOffered(m_pInterfaceSet->GetUserManager()))
+    if (HasRight(CDeviceAccessDlg::RightNeeded))
         vecEntries.append({RoleAccess, Text::tr("Who Has Access")});
     for (const auto& [nRole, sText] : qAsConst(vecEntries)) {
         QAction* pAction = pMenu->addAction(sText);
@@ -225,7 +224,7 @@ void CDeviceManagerCtrl::DeleteDevices(const QStringList& listIds)
     for (const QString& sId : listIds)
         mapNames.insert(sId, m_pModel->index(m_pModel->FindRow(sId), ColumnName).data().toString());
     auto* pDialog = new CBatchDeleteDeviceDlg(
-        m_pGroupManager, GroupLogical::DeleteNormal, listIds.toVector(), mapNames, this);
+        GetInterfaceSet(), GroupLogical::DeleteNormal, listIds.toVector(), mapNames, this);
     connect(pDialog, &QDialog::finished, this, &CDeviceManagerCtrl::QueryCurrentPage);
     pDialog->open();
     pDialog->Start();
@@ -249,24 +248,24 @@ void CDeviceManagerCtrl::OnModifyDeviceOrg(const QVector<QString>& vecIds, const
     std::vector<std::string> vecDeviceIds;
     for (const QString& sId : vecIds)
         vecDeviceIds.push_back(sId.toStdString());
-    const int nSequence =
-        m_pGroupManager ? m_pGroupManager->MoveDevice(vecDeviceIds, sOrgCode.toStdString()) : 0;
-    if (!m_requests.Add(nSequence, KindMoveDevices, [this](const GroupParam& param) { OnMoveAnswer(param); }))
-        ShowFailure(Text::tr("Failed to move device"), UICommonMdl::ErrorNone);
+    m_calls.Each<&IGroupManager::MoveDevice>(
+        vecDeviceIds, sOrgCode.toStdString(), [this](const GroupParam& param) { OnMoveAnswer(param); });
 }
 
 void CDeviceManagerCtrl::OnMoveAnswer(const GroupParam& param)
 {
+    QueryCurrentPage();
+    // Last: the page may be gone when the message is closed.
     if (!param.vecFailed.empty()) {
         QStringList listLines;
         for (const GroupLogical::FailedItem_t& item : param.vecFailed)
             listLines.append(QString::fromStdString(item.sName) + QStringLiteral(": ")
                 + UICommonMdl::CErrorCode::GetErroCodeInfor(item.nErrorCode));
-        Common::ShowFailures(this, Text::tr("Failed to move device"), listLines);
+        WhenShown(
+            [this, listLines] { Common::ShowFailures(this, Text::tr("Failed to move device"), listLines); });
     } else if (param.nErrorCode != UICommonMdl::ErrorNone) {
-        ShowFailure(Text::tr("Failed to move device"), param.nErrorCode);
+        NotifyFailure(Text::tr("Failed to move device"), param.nErrorCode);
     }
-    QueryCurrentPage();
 }
 
 void CDeviceManagerCtrl::OnBtnRefreshClicked()
@@ -282,12 +281,8 @@ void CDeviceManagerCtrl::OnBtnExportClicked()
         return;
     if (!sPath.endsWith(QStringLiteral(".xlsx"), Qt::CaseInsensitive))
         sPath += QStringLiteral(".xlsx");
-    const int nSequence = m_pGroupManager ? m_pGroupManager->ExportDevice(MakeRequest()) : 0;
-    if (!m_requests.Supersede(nSequence, KindExport,
-            [this, sPath](const GroupParam& param) { OnExportAnswer(sPath, param); })) {
-        ShowFailure(Text::tr("Failed to export device info"), UICommonMdl::ErrorNone);
-        return;
-    }
+    m_calls.Latest<&IGroupManager::ExportDevice>(
+        MakeRequest(), [this, sPath](const GroupAnswer& pAnswer) { OnExportAnswer(sPath, pAnswer); });
     m_pWaitDialog = new VxGUI::VxWaitDialog(Text::tr("Exporting devices"), this);
     m_pWaitDialog->setAttribute(Qt::WA_DeleteOnClose);
     m_pWaitDialog->SetProgress(-1);
@@ -295,11 +290,11 @@ void CDeviceManagerCtrl::OnBtnExportClicked()
     m_pWaitDialog->open();
 }
 
-void CDeviceManagerCtrl::OnExportAnswer(const QString& sPath, const GroupParam& param)
+void CDeviceManagerCtrl::OnExportAnswer(const QString& sPath, const GroupAnswer& pAnswer)
 {
-    if (param.nErrorCode != UICommonMdl::ErrorNone) {
+    if (pAnswer->nErrorCode != UICommonMdl::ErrorNone) {
         EndExport();
-        ShowFailure(Text::tr("Failed to export device info"), param.nErrorCode);
+        NotifyFailure(Text::tr("Failed to export device info"), pAnswer->nErrorCode);
         return;
     }
     QVector<int> vecColumns;
@@ -310,8 +305,8 @@ void CDeviceManagerCtrl::OnExportAnswer(const QString& sPath, const GroupParam& 
         vecColumns.append(nColumn);
         listHeader.append(m_pModel->GetColumns()[nColumn].sHeader);
     }
-    m_exportFuture = QtConcurrent::run(this, &CDeviceManagerCtrl::WriteExport,
-        CDeviceExport(sPath, vecColumns, listHeader, param.devicePage.vecDevices));
+    m_exportFuture = QtConcurrent::run(
+        this, &CDeviceManagerCtrl::WriteExport, CDeviceExport(sPath, vecColumns, listHeader, pAnswer));
 }
 
 void CDeviceManagerCtrl::WriteExport(const CDeviceExport& writer)
@@ -323,11 +318,10 @@ void CDeviceManagerCtrl::OnExportFinished(const QString& sError)
 {
     EndExport();
     if (sError.isEmpty())
-        VxGUI::VxNotification::Show(
-            this, Text::tr("Devices are exported."), VxGUI::NotificationKind::Success);
+        Notify(Text::tr("Devices are exported."), VxGUI::NotificationKind::Success);
     else
-        VxGUI::VxNotification::Show(
-            this, Text::tr("Failed to export device info") + QStringLiteral(": ") + sError);
+        Notify(Text::tr("Failed to export device info") + QStringLiteral(": ") + sError,
+            VxGUI::NotificationKind::Error);
 }
 
 void CDeviceManagerCtrl::EndExport()
@@ -343,7 +337,7 @@ void CDeviceManagerCtrl::OnTitleFirstBtnClicked()
 
 void CDeviceManagerCtrl::OnShowNotify(const QString& sText)
 {
-    VxGUI::VxNotification::Show(this, sText, VxGUI::NotificationKind::Warning);
+    Notify(sText, VxGUI::NotificationKind::Warning);
 }
 
 void CDeviceManagerCtrl::OnSplitterMoved(int, int)
@@ -377,30 +371,23 @@ void CDeviceManagerCtrl::OnDeleteOrg(const QString& sCode)
 {
     const QString sPrefix =
         QCoreApplication::translate("COrganizationTreeCtrl", "Failed to delete the organization ");
-    const int nSequence = m_pGroupManager ? m_pGroupManager->DeleteOrganization(sCode.toStdString()) : 0;
-    const bool bSent =
-        m_requests.Add(nSequence, KindDeleteOrganization, [this, sPrefix](const GroupParam& param) {
+    m_calls.Each<&IGroupManager::DeleteOrganization>(
+        sCode.toStdString(), [this, sPrefix](const GroupParam& param) {
             if (param.nErrorCode != UICommonMdl::ErrorNone)
-                VxGUI::VxNotification::Show(
-                    this, sPrefix + UICommonMdl::CErrorCode::GetErroCodeInfor(param.nErrorCode));
+                Notify(sPrefix + UICommonMdl::CErrorCode::GetErroCodeInfor(param.nErrorCode),
+                    VxGUI::NotificationKind::Error);
             QueryOrganizations();
         });
-    if (!bSent)
-        VxGUI::VxNotification::Show(this, sPrefix);
 }
 
 void CDeviceManagerCtrl::OnMoveOrg(const QString& sCode, const QString& sNewParentCode)
 {
-    const int nSequence = m_pGroupManager
-        ? m_pGroupManager->MoveOrganization(sCode.toStdString(), sNewParentCode.toStdString())
-        : 0;
-    const bool bSent = m_requests.Add(nSequence, KindMoveOrganization, [this](const GroupParam& param) {
-        if (param.nErrorCode != UICommonMdl::ErrorNone)
-            ShowFailure(Text::tr("Failed to move organization"), param.nErrorCode);
-        QueryOrganizations();
-    });
-    if (!bSent)
-        ShowFailure(Text::tr("Failed to move organization"), UICommonMdl::ErrorNone);
+    m_calls.Each<&IGroupManager::MoveOrganization>(
+        sCode.toStdString(), sNewParentCode.toStdString(), [this](const GroupParam& param) {
+            if (param.nErrorCode != UICommonMdl::ErrorNone)
+                NotifyFailure(Text::tr("Failed to move organization"), param.nErrorCode);
+            QueryOrganizations();
+        });
 }
 
 void CDeviceManagerCtrl::OnAddOrModifyOrgComplete(int nMode, const QString& sCode, const QString&)

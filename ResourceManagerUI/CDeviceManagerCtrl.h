@@ -1,14 +1,9 @@
 #pragma once
 
-#include <GroupLogical/IGroupManager.h>
-#include <RemoteConfigLogical/IRemoteConfigManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CPage.h>
 
 #include <QFuture>
 #include <QPointer>
-#include <QTimer>
-#include <QWidget>
 
 #include <map>
 #include <memory>
@@ -20,7 +15,6 @@ namespace Ui {
 class CDeviceManagerCtrl;
 }
 namespace UICommonMdl {
-class CInterfaceSetManager;
 class ILocalConfig;
 } // namespace UICommonMdl
 namespace VxGUI {
@@ -33,18 +27,14 @@ class CRowButtonDelegate;
 namespace ResourceManagerUI {
 
 class CAutoSearchOnlineDev;
-class CDeviceAccessDlg;
 class CDevAdd;
 class CDevImport;
 class CDeviceModel;
 class CDeviceTableHeader;
 
 /// The device page: organisation tree, paged table of devices with its filters, and the operations on them.
-/// User-interface thread; the observer callbacks come on threads of the host.
-class CDeviceManagerCtrl : public QWidget,
-                           private GroupLogical::IGroupManagerObserver,
-                           private RemoteConfigLogical::IRemoteDeviceObserver,
-                           private RemoteConfigLogical::ISystemConfigObserver
+/// User-interface thread.
+class CDeviceManagerCtrl : public Common::CPage
 {
     Q_OBJECT
 
@@ -59,8 +49,8 @@ public:
         RoleAccess ///< in the context menu only
     };
     using GroupParam = GroupLogical::IGroupManagerObserver::Param;
+    using GroupAnswer = GroupLogical::IGroupManagerObserver::Answer;
     using RemoteParam = RemoteConfigLogical::IRemoteDeviceObserver::Param;
-    using SystemParam = RemoteConfigLogical::ISystemConfigObserver::Param;
 
     /// pInterfaceSet is borrowed and outlives the page. A manager that it lacks leaves its part of the page
     /// in the failed state.
@@ -68,27 +58,14 @@ public:
     /// Waits for an export file that is being written.
     ~CDeviceManagerCtrl() override;
 
-    /// Ends all registrations; the page asks for nothing any more.
-    void Uninit();
-
 Q_SIGNALS:
-    void SignalNotifyGroupManagerState(const GroupLogical::IGroupManagerObserver::Param& param);
-    void SignalNotifyRemoteDeviceState(const RemoteConfigLogical::IRemoteDeviceObserver::Param& param);
-    void SignalNotifySystemConfigState(const RemoteConfigLogical::ISystemConfigObserver::Param& param);
     void SignalGetDeviceType();
-    void SignalDisconnectCms();
-    void SignalReconnectCms();
-    void SignalOperateTimeOut();
     /// The export file is written; sError is empty on success. Emitted on the writing thread.
     void SignalExportFinished(const QString& sError);
 
-protected:
-    void showEvent(QShowEvent* pEvent) override;
-
 private:
-    void OnNotifyGroupManagerState(const GroupParam& param) override;
-    void OnNotifyRemoteDeviceState(const RemoteParam& param) override;
-    void OnNotifySystemConfigState(const SystemParam& param) override;
+    void OnConnectionChanged(bool bConnected) override;
+    void OnRightsChanged() override;
 
     // Building the page.
     void SetUpTable();
@@ -101,13 +78,10 @@ private:
     void SetUpDiscovery();
     void RestoreLayout();
 
-    // Answers and pushes, on the user-interface thread.
-    void OnGroupState(const GroupParam& param);
-    void OnRemoteState(const RemoteParam& param);
-    void OnSystemState(const SystemParam& param);
+    // Pushes.
+    void OnDeviceStates(const RemoteParam& param);
     void OnDisconnectCms();
     void OnReconnectCms();
-    void OnOperateTimeOut();
     void OnQueryTimer();
 
     // Queries.
@@ -162,7 +136,7 @@ private:
     void OnModifyDeviceOrg(const QVector<QString>& vecIds, const QString& sOrgCode);
     void OnMoveAnswer(const GroupParam& param);
     void WriteExport(const class CDeviceExport& writer);
-    void OnExportAnswer(const QString& sPath, const GroupParam& param);
+    void OnExportAnswer(const QString& sPath, const GroupAnswer& pAnswer);
     void OnExportFinished(const QString& sError);
     void EndExport();
     void ShowDetails(const QString& sDeviceId);
@@ -173,7 +147,7 @@ private:
     void EditDevice(const QString& sDeviceId);
     void OnAddDevice(const GroupLogical::DeviceAddInfo_t& device);
     void OnModifyDevice(const GroupLogical::DeviceAddInfo_t& device);
-    void WaitForForm(int nSequence);
+    void OnFormAnswer(const GroupParam& param);
     void OnDeviceEditComplete();
     void OnImportStatueChange(bool bRunning);
     void OnShowOutcome(const QString& sText);
@@ -190,11 +164,6 @@ private:
     void OnMoveOrg(const QString& sCode, const QString& sNewParentCode);
     void OnAddOrModifyOrgComplete(int nMode, const QString& sCode, const QString& sName);
 
-    void ShowFailure(const QString& sPrefix, int nErrorCode);
-
-    UICommonMdl::CInterfaceSetManager* m_pInterfaceSet;
-    GroupLogical::IGroupManager* m_pGroupManager;
-    RemoteConfigLogical::IRemoteConfigManager* m_pRemoteManager;
     UICommonMdl::ILocalConfig* m_pLocalConfig;
     std::unique_ptr<Ui::CDeviceManagerCtrl> m_pUi;
     CDeviceModel* m_pModel;
@@ -212,24 +181,14 @@ private:
     Qt::SortOrder m_sortOrder = Qt::DescendingOrder;
     QString m_sSearchText;
     QString m_sSelectAfterQuery; ///< organisation to select once the tree shows it
-    bool m_bConnected = true;
 
-    Common::CRequests<GroupParam> m_requests;
+    Common::CCalls<GroupLogical::IGroupManagerObserver> m_calls;
+    Common::CCalls<RemoteConfigLogical::IRemoteDeviceObserver> m_deviceCalls;
     QTimer m_queryTimer; ///< gathers pushes into one query
     bool m_bOrganizationsStale = false;
     bool m_bDevicesStale = false;
     QFuture<void> m_exportFuture;
     QPointer<VxGUI::VxWaitDialog> m_pWaitDialog;
-    QPointer<CDeviceAccessDlg> m_pAccessDialog;
-
-    Common::CObserverRegistration<GroupLogical::IGroupManager, GroupLogical::IGroupManagerObserver>
-        m_groupRegistration;
-    Common::CObserverRegistration<RemoteConfigLogical::IRemoteConfigManager,
-        RemoteConfigLogical::IRemoteDeviceObserver>
-        m_remoteRegistration;
-    Common::CObserverRegistration<RemoteConfigLogical::IRemoteConfigManager,
-        RemoteConfigLogical::ISystemConfigObserver>
-        m_systemRegistration;
 };
 
 } // namespace ResourceManagerUI

@@ -4,16 +4,13 @@
 #include "CDeviceModel.h"
 #include "DeviceEdit/CDevAdd.h"
 #include "DeviceImport/CDevImport.h"
-#include "DeviceRequestKinds.h"
 #include "DeviceSettings/CBulkResetPassword.h"
 #include "DeviceSettings/CDevTimeZone.h"
 #include "Discovery/CAutoSearchOnlineDev.h"
 #include "ui_CDeviceManagerCtrl.h"
 
 #include <Trv/QSkin.h>
-#include <UICommonMdl/CInterfaceSetManager.h>
 #include <UICommonMdl/ILocalConfig.h>
-#include <VxGUI/VxNotification.h>
 
 #include <QMovie>
 
@@ -28,7 +25,7 @@ struct Text
 
 void CDeviceManagerCtrl::SetUpDevices()
 {
-    m_pForm = new CDevAdd(m_pInterfaceSet, m_pUi->pageAddDevice);
+    m_pForm = new CDevAdd(GetInterfaceSet(), m_pUi->pageAddDevice);
     m_pUi->layAddDevice->addWidget(m_pForm);
     connect(m_pForm, &CDevAdd::SignalAddDevice, this, &CDeviceManagerCtrl::OnAddDevice);
     connect(m_pForm, &CDevAdd::SignalModifyDevice, this, &CDeviceManagerCtrl::OnModifyDevice);
@@ -43,7 +40,7 @@ void CDeviceManagerCtrl::SetUpDevices()
 
 void CDeviceManagerCtrl::SetUpDiscovery()
 {
-    m_pDiscovery = new CAutoSearchOnlineDev(m_pInterfaceSet, m_pUi->wgtDiscovery);
+    m_pDiscovery = new CAutoSearchOnlineDev(GetInterfaceSet(), m_pUi->wgtDiscovery);
     m_pUi->layDiscovery->addWidget(m_pDiscovery);
     connect(m_pDiscovery, &CAutoSearchOnlineDev::SignalShowNotify, this, &CDeviceManagerCtrl::OnShowNotify);
     connect(
@@ -56,15 +53,13 @@ void CDeviceManagerCtrl::ShowDetails(const QString& sDeviceId)
 {
     const int nRow = m_pModel->FindRow(sDeviceId);
     m_pUi->pageDetail->ShowDevice(sDeviceId, m_pModel->index(nRow, ColumnOrganization).data().toString());
-    m_pUi->pageDetail->SetAccessOffered(CDeviceAccessDlg::IsOffered(m_pInterfaceSet->GetUserManager()));
     m_pUi->stackedWidget->setCurrentWidget(m_pUi->pageDetail);
 }
 
 void CDeviceManagerCtrl::ShowAccess(const QString& sDeviceId)
 {
     const QString sName = m_pModel->index(m_pModel->FindRow(sDeviceId), ColumnName).data().toString();
-    m_pAccessDialog = new CDeviceAccessDlg(m_pInterfaceSet->GetUserManager(), sDeviceId, sName, this);
-    m_pAccessDialog->Start();
+    (new CDeviceAccessDlg(GetInterfaceSet(), sDeviceId, sName, this))->Start();
 }
 
 void CDeviceManagerCtrl::ShowForm(QWidget* pPage)
@@ -88,20 +83,19 @@ void CDeviceManagerCtrl::EditDevice(const QString& sDeviceId)
 
 void CDeviceManagerCtrl::OnAddDevice(const GroupLogical::DeviceAddInfo_t& device)
 {
-    WaitForForm(m_pGroupManager ? m_pGroupManager->AddDevice(device) : 0);
+    m_calls.Latest<&GroupLogical::IGroupManager::AddDevice>(
+        device, [this](const GroupParam& param) { OnFormAnswer(param); });
 }
 
 void CDeviceManagerCtrl::OnModifyDevice(const GroupLogical::DeviceAddInfo_t& device)
 {
-    WaitForForm(m_pGroupManager ? m_pGroupManager->ModifyDevice(device) : 0);
+    m_calls.Latest<&GroupLogical::IGroupManager::ModifyDevice>(
+        device, [this](const GroupParam& param) { OnFormAnswer(param); });
 }
 
-void CDeviceManagerCtrl::WaitForForm(int nSequence)
+void CDeviceManagerCtrl::OnFormAnswer(const GroupParam& param)
 {
-    if (!m_requests.Supersede(nSequence, KindDeviceForm, [this](const GroupParam& param) {
-            m_pForm->SetAnswer(param.nErrorCode, param.sErrorDetail, param.vecFailed);
-        }))
-        m_pForm->SetRefused();
+    m_pForm->SetAnswer(param.nErrorCode, param.sErrorDetail, param.vecFailed);
 }
 
 void CDeviceManagerCtrl::OnDeviceEditComplete()
@@ -113,7 +107,7 @@ void CDeviceManagerCtrl::OnDeviceEditComplete()
 void CDeviceManagerCtrl::OnBtnImportClicked()
 {
     if (!m_pImport) {
-        m_pImport = new CDevImport(m_pInterfaceSet, this);
+        m_pImport = new CDevImport(GetInterfaceSet(), this);
         connect(m_pImport, &CDevImport::SignalImportStatue, this, &CDeviceManagerCtrl::OnImportStatueChange);
         connect(m_pImport, &CDevImport::SignalShowNotify, this, &CDeviceManagerCtrl::OnShowOutcome);
         connect(m_pImport, &CDevImport::SignalImported, this, [this] { QueryLater(false, true); });
@@ -152,7 +146,7 @@ void CDeviceManagerCtrl::OnBtnResetPwdClicked()
         OnShowNotify(Text::tr("You must select an item at least."));
         return;
     }
-    auto* const pDialog = new CBulkResetPassword(m_pRemoteManager, listIds, this);
+    auto* const pDialog = new CBulkResetPassword(GetInterfaceSet(), listIds, this);
     connect(pDialog, &CBulkResetPassword::SignalShowNotify, this, &CDeviceManagerCtrl::OnShowOutcome);
     pDialog->open();
 }
@@ -166,7 +160,7 @@ void CDeviceManagerCtrl::OnBtnTimeZoneClicked()
         OnShowNotify(Text::tr("You must select an item at least."));
         return;
     }
-    auto* const pDialog = new CDevTimeZone(m_pRemoteManager, vecDevices, this);
+    auto* const pDialog = new CDevTimeZone(GetInterfaceSet(), vecDevices, this);
     connect(pDialog, &CDevTimeZone::SignalShowNotify, this, &CDeviceManagerCtrl::OnShowNotify);
     pDialog->Start();
 }
@@ -174,7 +168,7 @@ void CDeviceManagerCtrl::OnBtnTimeZoneClicked()
 void CDeviceManagerCtrl::OnShowOutcome(const QString& sText)
 {
     // Good news or bad: the dialog tells it in words.
-    VxGUI::VxNotification::Show(this, sText, VxGUI::NotificationKind::Information);
+    Notify(sText, VxGUI::NotificationKind::Information);
 }
 
 void CDeviceManagerCtrl::OnBtnDiscoverClicked()

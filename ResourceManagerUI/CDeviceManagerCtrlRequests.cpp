@@ -4,56 +4,48 @@
 #include "CDeviceModel.h"
 #include "CDeviceTableHeader.h"
 #include "DeviceEdit/CDevAdd.h"
-#include "DeviceRequestKinds.h"
 #include "DeviceRules.h"
 #include "Discovery/CAutoSearchOnlineDev.h"
 #include "ui_CDeviceManagerCtrl.h"
 
 #include <UICommonMdl/CErrorCode.h>
-#include <VxGUI/VxNotification.h>
-#include <common/Prompt.h>
 
 #include <QScrollBar>
 
 namespace ResourceManagerUI {
 
+using GroupLogical::IGroupManager;
+
 namespace {
+
 struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(CDeviceManagerCtrl)
 };
+
+constexpr const char* RightExport = "004002";
+
 } // namespace
 
-void CDeviceManagerCtrl::OnNotifyGroupManagerState(const GroupParam& param)
+void CDeviceManagerCtrl::OnConnectionChanged(bool bConnected)
 {
-    Q_EMIT SignalNotifyGroupManagerState(param);
+    if (bConnected)
+        OnReconnectCms();
+    else
+        OnDisconnectCms();
 }
 
-void CDeviceManagerCtrl::OnNotifyRemoteDeviceState(const RemoteParam& param)
+void CDeviceManagerCtrl::OnRightsChanged()
 {
-    Q_EMIT SignalNotifyRemoteDeviceState(param);
+    const bool bMayExport = HasRight(RightExport);
+    m_pUi->btnExport->setEnabled(bMayExport);
+    m_pUi->btnExport->setToolTip(
+        bMayExport ? QString() : Text::tr("You have no permission to export devices."));
+    m_pUi->pageDetail->SetAccessOffered(HasRight(CDeviceAccessDlg::RightNeeded));
 }
 
-void CDeviceManagerCtrl::OnNotifySystemConfigState(const SystemParam& param)
+void CDeviceManagerCtrl::OnDeviceStates(const RemoteParam& param)
 {
-    Q_EMIT SignalNotifySystemConfigState(param);
-}
-
-void CDeviceManagerCtrl::OnGroupState(const GroupParam& param)
-{
-    if (param.nSequence > 0) {
-        if (m_requests.Answer(param) && param.nErrorCode == UICommonMdl::ErrorTimeOut)
-            Q_EMIT SignalOperateTimeOut();
-        return;
-    }
-    QueryLater(param.nResultCode == ResultOrganizationsChanged,
-        param.nResultCode == ResultDevicesChanged || param.nResultCode == ResultOrganizationsChanged);
-}
-
-void CDeviceManagerCtrl::OnRemoteState(const RemoteParam& param)
-{
-    if (param.nResultCode != ResultDeviceState)
-        return;
     for (const RemoteConfigLogical::DeviceState_t& state : param.vecStates)
         m_pModel->UpdateState(state);
     // Under a filter of the online state rows come and go with it.
@@ -61,19 +53,9 @@ void CDeviceManagerCtrl::OnRemoteState(const RemoteParam& param)
         QueryLater(false, true);
 }
 
-void CDeviceManagerCtrl::OnSystemState(const SystemParam& param)
-{
-    if (param.nResultCode == ResultServerDisconnected)
-        Q_EMIT SignalDisconnectCms();
-    else if (param.nResultCode == ResultServerReconnected)
-        Q_EMIT SignalReconnectCms();
-}
-
 void CDeviceManagerCtrl::OnDisconnectCms()
 {
-    m_bConnected = false;
     m_queryTimer.stop();
-    m_pUi->lbConnection->show();
     SetPageEnabled(false);
     for (QPushButton* pButton : {m_pUi->btnDelete, m_pUi->btnResetPwd, m_pUi->btnMoveTo, m_pUi->btnTimeZone})
         pButton->setEnabled(false);
@@ -89,22 +71,13 @@ void CDeviceManagerCtrl::SetPageEnabled(bool bEnabled)
         pControl->setEnabled(bEnabled);
     m_pForm->SetConnected(bEnabled);
     m_pDiscovery->SetConnected(bEnabled);
-    if (m_pAccessDialog)
-        m_pAccessDialog->SetConnected(bEnabled);
 }
 
 void CDeviceManagerCtrl::OnReconnectCms()
 {
-    m_bConnected = true;
-    m_pUi->lbConnection->hide();
     SetPageEnabled(true);
     UpdateSelectionButtons();
     QueryAll();
-}
-
-void CDeviceManagerCtrl::OnOperateTimeOut()
-{
-    VxGUI::VxNotification::Show(this, UICommonMdl::CErrorCode::GetErroCodeInfor(UICommonMdl::ErrorTimeOut));
 }
 
 void CDeviceManagerCtrl::QueryAll()
@@ -112,7 +85,8 @@ void CDeviceManagerCtrl::QueryAll()
     QueryOrganizations();
     Q_EMIT SignalGetDeviceType();
     // The first page is that of the organisation that the tree selects once it is there.
-    if (m_pUi->wgtOrgTree->GetCurrentCode().isEmpty() && m_requests.HasKind(KindOrganizations))
+    if (m_pUi->wgtOrgTree->GetCurrentCode().isEmpty()
+        && m_calls.IsPending<&IGroupManager::QueryOrganizations>())
         ShowLoading();
     else
         QueryCurrentPage();
@@ -130,7 +104,7 @@ void CDeviceManagerCtrl::QueryLater(bool bOrganizations, bool bDevices)
 {
     m_bOrganizationsStale = m_bOrganizationsStale || bOrganizations;
     m_bDevicesStale = m_bDevicesStale || bDevices;
-    if (m_bConnected && (m_bOrganizationsStale || m_bDevicesStale) && !m_queryTimer.isActive())
+    if (IsConnected() && (m_bOrganizationsStale || m_bDevicesStale) && !m_queryTimer.isActive())
         m_queryTimer.start();
 }
 
@@ -146,10 +120,9 @@ void CDeviceManagerCtrl::OnQueryTimer()
 
 void CDeviceManagerCtrl::QueryOrganizations()
 {
-    const int nSequence = m_pGroupManager ? m_pGroupManager->QueryOrganizations() : 0;
-    const bool bSent = m_requests.Supersede(nSequence, KindOrganizations, [this](const GroupParam& param) {
+    m_calls.Latest<&IGroupManager::QueryOrganizations>([this](const GroupParam& param) {
         if (param.nErrorCode != UICommonMdl::ErrorNone) {
-            ShowFailure(Text::tr("Failed to get organization list"), param.nErrorCode);
+            NotifyFailure(Text::tr("Failed to get organization list"), param.nErrorCode);
         } else {
             m_pUi->wgtOrgTree->SetOrganizations(param.vecOrganizations);
             m_pUi->wgtOrgTree->SelectCode(std::exchange(m_sSelectAfterQuery, QString()));
@@ -159,14 +132,11 @@ void CDeviceManagerCtrl::QueryOrganizations()
         if (m_pUi->wgtOrgTree->GetCurrentCode().isEmpty())
             QueryCurrentPage();
     });
-    if (!bSent)
-        ShowFailure(Text::tr("Failed to get organization list"), UICommonMdl::ErrorNone);
 }
 
 void CDeviceManagerCtrl::OnGetDevType()
 {
-    const int nSequence = m_pGroupManager ? m_pGroupManager->QueryDeviceTypes() : 0;
-    m_requests.Supersede(nSequence, KindDeviceTypes, [this](const GroupParam& param) {
+    m_calls.Latest<&IGroupManager::QueryDeviceTypes>([this](const GroupParam& param) {
         if (param.nErrorCode == UICommonMdl::ErrorNone)
             ShowCategories(param.vecDeviceTypes);
     });
@@ -188,14 +158,8 @@ GroupLogical::DevicePageRequest_t CDeviceManagerCtrl::MakeRequest() const
 
 void CDeviceManagerCtrl::QueryCurrentPage()
 {
-    const int nSequence = m_pGroupManager ? m_pGroupManager->QueryDevicePage(MakeRequest()) : 0;
-    if (!m_requests.Supersede(
-            nSequence, KindDevicePage, [this](const GroupParam& param) { OnDevicePage(param); })) {
-        ShowFailure(Text::tr("Failed to get device list"), UICommonMdl::ErrorNone);
-        if (m_pModel->rowCount() == 0)
-            ShowTableState(UICommonMdl::ErrorInternal);
-        return;
-    }
+    m_calls.Latest<&IGroupManager::QueryDevicePage>(
+        MakeRequest(), [this](const GroupParam& param) { OnDevicePage(param); });
     ShowLoading();
 }
 
@@ -205,7 +169,7 @@ void CDeviceManagerCtrl::OnDevicePage(const GroupParam& param)
         ShowDevicePage(param);
         return;
     }
-    ShowFailure(Text::tr("Failed to get device list"), param.nErrorCode);
+    NotifyFailure(Text::tr("Failed to get device list"), param.nErrorCode);
     // While the connection is lost the rows of before stay, with their checks.
     if (param.nErrorCode == UICommonMdl::ErrorDisconnected && m_pModel->rowCount() > 0)
         return;
@@ -265,11 +229,6 @@ void CDeviceManagerCtrl::ShowTableState(int nErrorCode)
         pState->SetState(Kind::Empty, Text::tr("There is no device in this organization."));
     }
     m_pUi->stackTable->setCurrentWidget(m_pUi->pageState);
-}
-
-void CDeviceManagerCtrl::ShowFailure(const QString& sPrefix, int nErrorCode)
-{
-    VxGUI::VxNotification::Show(this, Common::FailureText(sPrefix, nErrorCode));
 }
 
 } // namespace ResourceManagerUI

@@ -1,6 +1,5 @@
 #include "CDeviceManagerCtrl.h"
 
-#include "CDeviceAccessDlg.h"
 #include "CDeviceModel.h"
 #include "CDeviceTableHeader.h"
 #include "ui_CDeviceManagerCtrl.h"
@@ -12,7 +11,6 @@
 #include <common/CFlowLayout.h>
 #include <common/CRowButtonDelegate.h>
 #include <common/DeviceCategory.h>
-#include <common/StyleSheet.h>
 
 #include <QShortcut>
 
@@ -28,24 +26,19 @@ struct Text
 constexpr int PushDelayMs = 200;
 constexpr int DefaultTreeWidth = 204;
 constexpr int DefaultDiscoveryWidth = 460;
-const QString SkinFolder = QStringLiteral("ResourceManagerUI/DeviceManager");
 
 } // namespace
 
 CDeviceManagerCtrl::CDeviceManagerCtrl(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
-    : QWidget(pParent)
-    , m_pInterfaceSet(pInterfaceSet)
-    , m_pGroupManager(pInterfaceSet->GetGroupManager())
-    , m_pRemoteManager(pInterfaceSet->GetRemoteConfigManager())
+    : CPage(pInterfaceSet, QStringLiteral("ResourceManagerUI/DeviceManager"), pParent)
     , m_pLocalConfig(pInterfaceSet->GetLocalConfig())
     , m_pUi(std::make_unique<Ui::CDeviceManagerCtrl>())
     , m_pModel(new CDeviceModel(this))
-    , m_groupRegistration((Common::RegisterSignalTypes(), m_pGroupManager), this)
-    , m_remoteRegistration(m_pRemoteManager, this)
-    , m_systemRegistration(m_pRemoteManager, this)
+    , m_calls(pInterfaceSet, this)
+    , m_deviceCalls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
-    setObjectName(QStringLiteral("CDeviceManagerCtrl"));
+    m_pUi->lbConnection->Watch(GetSession());
     m_pUi->stackedWidget->setCurrentWidget(m_pUi->pageDevice);
     SetUpTable();
     SetUpTree();
@@ -58,32 +51,16 @@ CDeviceManagerCtrl::CDeviceManagerCtrl(UICommonMdl::CInterfaceSetManager* pInter
     UpdateSelectionButtons();
     UpdateStatus();
     SetUpObservers();
-    Common::LoadStyleSheet(this, SkinFolder);
-    if (m_pRemoteManager && !m_pRemoteManager->IsServerConnected())
-        OnDisconnectCms();
-    else
+    OnRightsChanged();
+    if (IsConnected())
         QueryAll();
+    else
+        OnDisconnectCms();
 }
 
 CDeviceManagerCtrl::~CDeviceManagerCtrl()
 {
     m_exportFuture.waitForFinished();
-}
-
-void CDeviceManagerCtrl::Uninit()
-{
-    m_groupRegistration.Release();
-    m_remoteRegistration.Release();
-    m_systemRegistration.Release();
-    m_requests.Clear();
-    m_queryTimer.stop();
-    delete m_pAccessDialog;
-}
-
-void CDeviceManagerCtrl::showEvent(QShowEvent* pEvent)
-{
-    QWidget::showEvent(pEvent);
-    Common::LoadStyleSheet(this, SkinFolder);
 }
 
 void CDeviceManagerCtrl::SetUpTable()
@@ -138,12 +115,12 @@ void CDeviceManagerCtrl::SetUpTable()
 
 void CDeviceManagerCtrl::SetUpTree()
 {
-    if (m_pGroupManager)
-        m_pUi->wgtOrgTree->SetLevelLimit(m_pGroupManager->GetOrganizationLevelLimit());
+    if (GroupLogical::IGroupManager* const pManager = m_calls.GetManager())
+        m_pUi->wgtOrgTree->SetLevelLimit(pManager->GetOrganizationLevelLimit());
     // Its style sheet goes by the class name.
     m_pUi->wgtOrgTree->setObjectName(QStringLiteral("COrganizationTreeCtrl"));
-    m_pUi->pageOrg->SetGroupManager(m_pGroupManager);
-    m_pUi->pageDetail->SetGroupManager(m_pGroupManager);
+    m_pUi->pageOrg->SetInterfaceSet(GetInterfaceSet());
+    m_pUi->pageDetail->SetInterfaceSet(GetInterfaceSet());
     const COrganizationTreeCtrl* pTree = m_pUi->wgtOrgTree;
     connect(pTree, &COrganizationTreeCtrl::SignalSelectionChanged, this,
         &CDeviceManagerCtrl::OnTreeSelectionChanged);
@@ -238,15 +215,13 @@ void CDeviceManagerCtrl::SetUpShortcuts()
 
 void CDeviceManagerCtrl::SetUpObservers()
 {
-    connect(this, &CDeviceManagerCtrl::SignalNotifyGroupManagerState, this, &CDeviceManagerCtrl::OnGroupState,
-        Qt::QueuedConnection);
-    connect(this, &CDeviceManagerCtrl::SignalNotifyRemoteDeviceState, this,
-        &CDeviceManagerCtrl::OnRemoteState, Qt::QueuedConnection);
-    connect(this, &CDeviceManagerCtrl::SignalNotifySystemConfigState, this,
-        &CDeviceManagerCtrl::OnSystemState, Qt::QueuedConnection);
-    connect(this, &CDeviceManagerCtrl::SignalDisconnectCms, this, &CDeviceManagerCtrl::OnDisconnectCms);
-    connect(this, &CDeviceManagerCtrl::SignalReconnectCms, this, &CDeviceManagerCtrl::OnReconnectCms);
-    connect(this, &CDeviceManagerCtrl::SignalOperateTimeOut, this, &CDeviceManagerCtrl::OnOperateTimeOut);
+    using GroupLogical::IGroupManagerObserver;
+    m_calls.OnPush(IGroupManagerObserver::ResultOrganizationsChanged,
+        [this](const GroupParam&) { QueryLater(true, true); });
+    m_calls.OnPush(
+        IGroupManagerObserver::ResultDevicesChanged, [this](const GroupParam&) { QueryLater(false, true); });
+    m_deviceCalls.OnPush(RemoteConfigLogical::IRemoteDeviceObserver::ResultDeviceState,
+        [this](const RemoteParam& param) { OnDeviceStates(param); });
     connect(this, &CDeviceManagerCtrl::SignalExportFinished, this, &CDeviceManagerCtrl::OnExportFinished,
         Qt::QueuedConnection);
     m_queryTimer.setSingleShot(true);

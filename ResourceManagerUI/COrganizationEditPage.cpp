@@ -4,7 +4,6 @@
 
 #include <Trv/QSkin.h>
 #include <VxGUI/VxNotification.h>
-#include <common/ObserverAdapters.h>
 #include <common/Prompt.h>
 
 #include <QKeyEvent>
@@ -18,7 +17,6 @@ struct Text
 };
 constexpr int NameLimit = 50;
 constexpr int RemarkLimit = 255;
-constexpr int KindSave = 1;
 } // namespace
 
 COrganizationEditPage::COrganizationEditPage(QWidget* pParent)
@@ -44,12 +42,9 @@ COrganizationEditPage::COrganizationEditPage(QWidget* pParent)
 
 COrganizationEditPage::~COrganizationEditPage() = default;
 
-void COrganizationEditPage::SetGroupManager(GroupLogical::IGroupManager* pManager)
+void COrganizationEditPage::SetInterfaceSet(const UICommonMdl::CInterfaceSetManager* pInterfaceSet)
 {
-    m_pManager = pManager;
-    m_pAdapter = std::make_unique<Common::CGroupManagerAdapter>(pManager);
-    connect(m_pAdapter.get(), &Common::CGroupManagerAdapter::SignalState, this,
-        &COrganizationEditPage::OnAnswer, Qt::QueuedConnection);
+    m_pCalls = std::make_unique<Calls>(pInterfaceSet, this);
 }
 
 void COrganizationEditPage::BeginAdd(const GroupLogical::Organization_t& parent)
@@ -68,7 +63,7 @@ void COrganizationEditPage::BeginModify(
 void COrganizationEditPage::Begin(
     Mode mode, const GroupLogical::Organization_t& record, const QString& sParentName)
 {
-    m_requests.Clear();
+    m_pCalls->ForgetAll();
     m_mode = mode;
     m_loaded = record;
     m_pUi->lbTitle->setText(mode == ModeAdd ? Text::tr("Add Organization") : Text::tr("Edit Organization"));
@@ -91,7 +86,7 @@ GroupLogical::Organization_t COrganizationEditPage::GetEdited() const
 
 void COrganizationEditPage::OnOkClicked()
 {
-    if (m_requests.HasKind(KindSave))
+    if (m_pCalls->IsPending())
         return;
     for (VxGUI::VxLineEdit* pEdit : {m_pUi->editName, m_pUi->editRemark}) {
         if (!pEdit->CheckInput().isEmpty()) {
@@ -100,37 +95,33 @@ void COrganizationEditPage::OnOkClicked()
         }
     }
     const GroupLogical::Organization_t edited = GetEdited();
-    int nSequence = 0;
-    if (m_pManager)
-        nSequence =
-            m_mode == ModeAdd ? m_pManager->AddOrganization(edited) : m_pManager->ModifyOrganization(edited);
-    const bool bSent = m_requests.Add(nSequence, KindSave, [this, edited](const auto& param) {
-        SetBusy(false);
-        if (param.nErrorCode != UICommonMdl::ErrorNone) {
-            ShowFailure(param.nErrorCode);
-            return;
-        }
-        const GroupLogical::Organization_t& saved =
-            param.vecOrganizations.empty() ? edited : param.vecOrganizations.front();
-        Q_EMIT SignalAddOrModifyOrgComplete(
-            m_mode, QString::fromStdString(saved.sCode), QString::fromStdString(saved.sName));
-    });
-    SetBusy(bSent);
-    if (!bSent)
-        ShowFailure(UICommonMdl::ErrorNone);
+    const auto onAnswer = [this, edited](const Param& param) { OnSaved(edited, param); };
+    if (m_mode == ModeAdd)
+        m_pCalls->Each<&GroupLogical::IGroupManager::AddOrganization>(edited, onAnswer);
+    else
+        m_pCalls->Each<&GroupLogical::IGroupManager::ModifyOrganization>(edited, onAnswer);
+    SetBusy(true);
+}
+
+void COrganizationEditPage::OnSaved(const GroupLogical::Organization_t& edited, const Param& param)
+{
+    SetBusy(false);
+    if (param.nErrorCode != UICommonMdl::ErrorNone) {
+        ShowFailure(param.nErrorCode);
+        return;
+    }
+    const GroupLogical::Organization_t& saved =
+        param.vecOrganizations.empty() ? edited : param.vecOrganizations.front();
+    Q_EMIT SignalAddOrModifyOrgComplete(
+        m_mode, QString::fromStdString(saved.sCode), QString::fromStdString(saved.sName));
 }
 
 void COrganizationEditPage::OnCancelClicked()
 {
     if (!Common::AskPrompt(this, Text::tr("Are you sure to cancel?")))
         return;
-    m_requests.Clear();
+    m_pCalls->ForgetAll();
     Q_EMIT SignalFirstBtnClicked();
-}
-
-void COrganizationEditPage::OnAnswer(const GroupLogical::IGroupManagerObserver::Param& param)
-{
-    m_requests.Answer(param);
 }
 
 void COrganizationEditPage::ShowFailure(int nErrorCode)

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <GroupLogical/GroupRecords.h>
-#include <GroupLogical/IGroupManager.h>
-#include <common/CRequests.h>
+#include <common/CCalls.h>
 
 #include <QWidget>
 
@@ -10,9 +8,6 @@
 
 namespace Ui {
 class COrganizationEditPage;
-}
-namespace Common {
-class CGroupManagerAdapter;
 }
 
 namespace ResourceManagerUI {
@@ -33,8 +28,8 @@ public:
     explicit COrganizationEditPage(QWidget* pParent = nullptr);
     ~COrganizationEditPage() override;
 
-    /// Borrowed; may be null, then every save is refused.
-    void SetGroupManager(GroupLogical::IGroupManager* pManager);
+    /// pInterfaceSet is borrowed. Called once, before anything else.
+    void SetInterfaceSet(const UICommonMdl::CInterfaceSetManager* pInterfaceSet);
     void BeginAdd(const GroupLogical::Organization_t& parent);
     void BeginModify(const GroupLogical::Organization_t& organization, const QString& sParentName);
 
@@ -48,20 +43,20 @@ protected:
     void keyPressEvent(QKeyEvent* pEvent) override;
 
 private:
+    using Calls = Common::CCalls<GroupLogical::IGroupManagerObserver>;
+    using Param = Calls::Param;
     void Begin(Mode mode, const GroupLogical::Organization_t& record, const QString& sParentName);
     GroupLogical::Organization_t GetEdited() const;
     void OnOkClicked();
     void OnCancelClicked();
-    void OnAnswer(const GroupLogical::IGroupManagerObserver::Param& param);
+    void OnSaved(const GroupLogical::Organization_t& edited, const Param& param);
     void ShowFailure(int nErrorCode);
     void SetBusy(bool bBusy);
 
     std::unique_ptr<Ui::COrganizationEditPage> m_pUi;
-    GroupLogical::IGroupManager* m_pManager = nullptr;
     Mode m_mode = ModeAdd;
     GroupLogical::Organization_t m_loaded;
-    Common::CRequests<GroupLogical::IGroupManagerObserver::Param> m_requests;
-    std::unique_ptr<Common::CGroupManagerAdapter> m_pAdapter;
+    std::unique_ptr<Calls> m_pCalls;
 };
 
 } // namespace ResourceManagerUI

@@ -5,18 +5,14 @@
 #include "ui_CResourceManager.h"
 
 #include <Trv/QSkin.h>
-#include <UICommonMdl/CInterfaceSetManager.h>
-#include <UserLogical/IUserManager.h>
 #include <VxGUI/TextLayout.h>
 #include <VxGUI/VxEmptyState.h>
-#include <common/StyleSheet.h>
 
 namespace ResourceManagerUI {
 
 namespace {
 constexpr const char* RightDeviceManager = "001001001";
 constexpr const char* RightDeviceConfig = "001001002";
-constexpr int MsgRightsChanged = 7;
 constexpr int NavigationTextWidth = 96;
 
 struct Text
@@ -27,8 +23,7 @@ struct Text
 } // namespace
 
 CResourceManager::CResourceManager(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
-    : QWidget(pParent)
-    , m_pInterfaceSet(pInterfaceSet)
+    : CPage(pInterfaceSet, QStringLiteral("ResourceManagerUI/DeviceManager"), pParent)
     , m_pUi(std::make_unique<Ui::CResourceManager>())
     , m_pDeviceManager(new CDeviceManagerCtrl(pInterfaceSet))
     , m_pNoRight(new VxGUI::VxEmptyState)
@@ -53,8 +48,7 @@ CResourceManager::CResourceManager(UICommonMdl::CInterfaceSetManager* pInterface
         QStringLiteral("DeviceManager"), pDevicePage);
     SetUpEntry(m_pUi->btnDeviceConfig, QStringLiteral("ResourceManagerUI/ResourceConfig"),
         QStringLiteral("DeviceConfig"), pConfigPage);
-    ApplyRights();
-    Common::LoadStyleSheet(this, QStringLiteral("ResourceManagerUI/DeviceManager"));
+    OnRightsChanged();
 }
 
 CResourceManager::~CResourceManager() = default;
@@ -80,14 +74,7 @@ void CResourceManager::SetUpEntry(
     });
 }
 
-bool CResourceManager::HasRight(const char* pszRight) const
-{
-    UserLogical::IUserManager* pManager = m_pInterfaceSet->GetUserManager();
-    UserLogical::IUserRight* pRight = pManager ? pManager->GetUserRight() : nullptr;
-    return pRight && pRight->HasRight(pszRight);
-}
-
-void CResourceManager::ApplyRights()
+void CResourceManager::OnRightsChanged()
 {
     const bool bManager = HasRight(RightDeviceManager);
     const bool bConfig = HasRight(RightDeviceConfig);
@@ -103,24 +90,6 @@ void CResourceManager::ApplyRights()
         (bConfigChosen && bConfig) || !bManager ? m_pUi->btnDeviceConfig : m_pUi->btnDeviceManager;
     pChosen->setChecked(true);
     m_pUi->stackPages->setCurrentIndex(pChosen == m_pUi->btnDeviceManager ? 0 : 1);
-}
-
-bool CResourceManager::OnMsg(int nMsg, QVariant*, void*)
-{
-    if (nMsg == MsgRightsChanged)
-        ApplyRights();
-    return false;
-}
-
-void CResourceManager::UninitUI()
-{
-    m_pDeviceManager->Uninit();
-}
-
-void CResourceManager::showEvent(QShowEvent* pEvent)
-{
-    QWidget::showEvent(pEvent);
-    Common::LoadStyleSheet(this, QStringLiteral("ResourceManagerUI/DeviceManager"));
 }
 
 } // namespace ResourceManagerUI

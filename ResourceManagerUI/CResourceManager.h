@@ -1,17 +1,12 @@
 #pragma once
 
-#include <common/IConfigPage.h>
-
-#include <QWidget>
+#include <common/CPage.h>
 
 #include <memory>
 
 class QToolButton;
 namespace Ui {
 class CResourceManager;
-}
-namespace UICommonMdl {
-class CInterfaceSetManager;
 }
 
 namespace VxGUI {
@@ -23,7 +18,7 @@ namespace ResourceManagerUI {
 class CDeviceManagerCtrl;
 
 /// The devices module: a strip with its entries, those that the user has the right to, beside their pages.
-class CResourceManager : public QWidget, public Common::IConfigPage
+class CResourceManager : public Common::CPage
 {
     Q_OBJECT
 
@@ -32,18 +27,10 @@ public:
     explicit CResourceManager(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent = nullptr);
     ~CResourceManager() override;
 
-    bool OnMsg(int nMsg, QVariant* pValue, void* pArgument) override;
-    void UninitUI() override;
-
-protected:
-    void showEvent(QShowEvent* pEvent) override;
-
 private:
-    bool HasRight(const char* pszRight) const;
+    void OnRightsChanged() override;
     void SetUpEntry(QToolButton* pButton, const QString& sFolder, const QString& sIcon, QWidget* pPage);
-    void ApplyRights();
 
-    UICommonMdl::CInterfaceSetManager* m_pInterfaceSet;
     std::unique_ptr<Ui::CResourceManager> m_pUi;
     CDeviceManagerCtrl* m_pDeviceManager;
     VxGUI::VxEmptyState* m_pNoRight; ///< in place of the pages for who has neither right

@@ -7,8 +7,9 @@
 #include <RoleManager/CMenuRightModel.h>
 #include <RoleManager/CMenuRightSortFilterProxyModel.h>
 #include <RoleManager/CRightTreeView.h>
+#include <UICommonMdl/CInterfaceSetManager.h>
 #include <common/CTreeFilterProxyModel.h>
-#include <tests/support/fakes/FakeHost.h>
+#include <tests/support/fakes/FakeUserManager.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -47,6 +48,13 @@ QStringList Typed()
     return {QStringLiteral("t 9"), QStringLiteral("t 99"), QStringLiteral("t 999"), QString()};
 }
 
+/// The user manager alone behind an interface set.
+struct Source : RightsSource
+{
+    Source() { interfaceSet.AddAbstractResourceManager(this); }
+    UICommonMdl::CInterfaceSetManager interfaceSet;
+};
+
 void Load(FakeUserManager& manager, CRightModel& model, std::vector<RightNode_t> vecRights)
 {
     manager.users.AnswerAlways("QueryMenuRightList",
@@ -58,8 +66,8 @@ void Load(FakeUserManager& manager, CRightModel& model, std::vector<RightNode_t>
 /// Both views show the same model, through their own filter each.
 Medians MeasureFilter(bool bDeep)
 {
-    FakeUserManager manager;
-    CMenuRightModel model(&manager, true, nullptr);
+    Source manager;
+    CMenuRightModel model(&manager.interfaceSet, true);
     Load(manager, model, MakeRights(bDeep));
 
     CMenuRightSortFilterProxyModel own;
@@ -156,9 +164,8 @@ private:
 
     int m_nNext; ///< the first that is not loaded
     int m_nOrganizations;
-    FakeHost m_host;
-    FakeUserManager& m_manager = m_host.user;
-    CDeviceRightModel m_model{&m_host.interfaceSet, true};
+    Source m_manager;
+    CDeviceRightModel m_model{&m_manager.interfaceSet, true};
     Common::CTreeFilterProxyModel m_filter;
     CRightTreeView m_view;
 };

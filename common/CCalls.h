@@ -86,8 +86,10 @@ public:
 
     void End() override
     {
-        if (m_pHub)
-            m_pHub->Leave(this);
+        if (!m_pHub)
+            return;
+        Q_EMIT SignalEnding();
+        m_pHub->Leave(this);
         m_pHub.reset();
     }
 

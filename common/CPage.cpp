@@ -32,13 +32,20 @@ void CPage::UninitUI()
     CPageWork::EndBelow(this);
     for (QTimer* pTimer : findChildren<QTimer*>())
         pTimer->stop();
-    QVector<QPointer<QWidget>> vecWindows;
-    for (QWidget* pWidget : findChildren<QWidget*>()) {
-        if (qobject_cast<QDialog*>(pWidget) || qobject_cast<QMenu*>(pWidget))
-            vecWindows.append(pWidget);
+    for (QMenu* pMenu : findChildren<QMenu*>())
+        pMenu->close();
+    QVector<QPointer<QDialog>> vecDialogs;
+    for (QDialog* pDialog : findChildren<QDialog*>())
+        vecDialogs.append(pDialog);
+    for (const QPointer<QDialog>& pDialog : qAsConst(vecDialogs)) {
+        if (!pDialog)
+            continue;
+        // Closed without the questions of its own; one that waits for an answer gets a Cancel.
+        const bool bOwn = pDialog->testAttribute(Qt::WA_DeleteOnClose);
+        pDialog->QDialog::done(QDialog::Rejected);
+        if (bOwn)
+            delete pDialog;
     }
-    for (const QPointer<QWidget>& pWindow : qAsConst(vecWindows))
-        delete pWindow;
 }
 
 void CPage::Notify(const QString& sText, VxGUI::NotificationKind kind)

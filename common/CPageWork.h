@@ -15,6 +15,11 @@ public:
     /// Gives everything up: nothing is heard any more and nothing can be started. A second call does nothing.
     virtual void End() = 0;
 
+Q_SIGNALS:
+    /// End begins, or the work is destroyed: the last moment to stop what runs at the host.
+    void SignalEnding();
+
+public:
     /// Ends all work of pTop and of what lies below it.
     static void EndBelow(const QObject* pTop);
 

@@ -23,7 +23,6 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CBatchIssueCard)
 };
 
-constexpr int KindIssue = 1;
 constexpr int RoleRemove = 1;
 constexpr int NextRowDelay = 500;
 /// Numbers that a message names; all of them are marked in the table.
@@ -34,9 +33,9 @@ constexpr int MaxNamed = 10;
 CBatchIssueCard::CBatchIssueCard(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
     : QWidget(pParent)
     , m_pUi(std::make_unique<Ui::CBatchIssueCard>())
-    , m_pManager(pInterfaceSet->GetAccessControlManager())
     , m_pModel(new CIssueCardModel(this))
-    , m_adapter(m_pManager)
+    , m_session(pInterfaceSet, this)
+    , m_calls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
     m_pUi->m_pBtnBack->setIcon(Trv::GetIcon(QStringLiteral("back")));
@@ -59,9 +58,8 @@ CBatchIssueCard::CBatchIssueCard(UICommonMdl::CInterfaceSetManager* pInterfaceSe
     auto* const pEscape =
         new QShortcut(Qt::Key_Escape, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
     connect(pEscape, &QShortcut::activated, this, &CBatchIssueCard::Leave);
-    connect(
-        &m_adapter, &Common::CPersonManagerAdapter::SignalState, this,
-        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
+    m_pUi->lbConnection->Watch(m_session);
+    connect(&m_session, &Common::CSession::SignalConnectionChanged, this, &CBatchIssueCard::ShowState);
     ShowState();
 }
 
@@ -95,7 +93,7 @@ void CBatchIssueCard::showEvent(QShowEvent* pEvent)
 
 void CBatchIssueCard::SetPersons(const std::vector<AccessControlLogical::PersonInfo_t>& vecPersons)
 {
-    m_requests.Clear();
+    m_calls.ForgetAll();
     m_bSaving = false;
     m_nextTimer.stop();
     m_pUi->wgtBatchReaderBar->StopReading();
@@ -105,12 +103,6 @@ void CBatchIssueCard::SetPersons(const std::vector<AccessControlLogical::PersonI
     m_pModel->SetRows(vecRows);
     m_pUi->m_dtEffectivePeriod->Reset();
     SelectRow(0);
-    ShowState();
-}
-
-void CBatchIssueCard::SetConnected(bool bConnected)
-{
-    m_bConnected = bConnected;
     ShowState();
 }
 
@@ -203,12 +195,10 @@ void CBatchIssueCard::Save()
     std::vector<AccessControlLogical::IssueCard_t> vecCards;
     for (const CredentialRules::IssueRow& row : m_pModel->GetRows())
         vecCards.push_back({row.sPersonId, row.sCardNo.toStdString()});
-    const int nSequence = m_pManager ? m_pManager->IssueCards(vecCards, m_pUi->m_dtEffectivePeriod->GetFrom(),
-                              m_pUi->m_dtEffectivePeriod->GetTo())
-                                     : 0;
-    m_bSaving = m_requests.Add(nSequence, KindIssue, [this](const Param& param) { OnIssued(param); });
-    if (!m_bSaving)
-        VxGUI::VxNotification::Show(this, Text::tr("Failed to batch issue card."));
+    m_bSaving = true;
+    m_calls.Each<&AccessControlLogical::IAccessControlManager::IssueCards>(vecCards,
+        m_pUi->m_dtEffectivePeriod->GetFrom(), m_pUi->m_dtEffectivePeriod->GetTo(),
+        [this](const Param& param) { OnIssued(param); });
     ShowState();
 }
 
@@ -264,14 +254,13 @@ void CBatchIssueCard::Finish(bool bIssued)
 void CBatchIssueCard::ShowState()
 {
     const bool bAny = m_pModel->rowCount() > 0;
-    m_pUi->lbConnection->setVisible(!m_bConnected);
     m_pUi->lbBatchCount->setText(QStringLiteral("(%1)").arg(m_pModel->rowCount()));
     m_pUi->tableIssueCard->setVisible(bAny);
     m_pUi->wgtNoPersons->setVisible(!bAny);
     m_pUi->wgtBatchReaderBar->setEnabled(bAny && !m_bSaving);
     m_pUi->tableIssueCard->setEnabled(!m_bSaving);
     m_pUi->m_dtEffectivePeriod->setEnabled(bAny && !m_bSaving);
-    m_pUi->m_pBtnSaveBatch->setEnabled(bAny && !m_bSaving && m_bConnected);
+    m_pUi->m_pBtnSaveBatch->setEnabled(bAny && !m_bSaving && m_session.IsConnected());
     m_pUi->m_pBtnCancelBatch->setEnabled(!m_bSaving);
     m_pUi->m_pBtnBack->setEnabled(!m_bSaving);
 }

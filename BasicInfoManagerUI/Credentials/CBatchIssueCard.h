@@ -1,8 +1,7 @@
 #pragma once
 
-#include <AccessControlLogical/PersonRecords.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
+#include <common/CSession.h>
 
 #include <QTimer>
 #include <QWidget>
@@ -11,9 +10,6 @@
 
 namespace Ui {
 class CBatchIssueCard;
-}
-namespace UICommonMdl {
-class CInterfaceSetManager;
 }
 
 namespace BasicInfoManagerUI {
@@ -32,7 +28,6 @@ public:
 
     /// Starts anew with these persons; shown by the caller.
     void SetPersons(const std::vector<AccessControlLogical::PersonInfo_t>& vecPersons);
-    void SetConnected(bool bConnected);
     /// Numbers were entered and are not saved.
     bool IsDirty() const;
 
@@ -61,13 +56,11 @@ private:
     void ShowState();
 
     std::unique_ptr<Ui::CBatchIssueCard> m_pUi;
-    AccessControlLogical::IAccessControlManager* m_pManager;
     CIssueCardModel* m_pModel;
-    bool m_bConnected = true;
     bool m_bSaving = false;
     QTimer m_nextTimer;
-    Common::CRequests<Param> m_requests;
-    Common::CPersonManagerAdapter m_adapter;
+    Common::CSession m_session;
+    Common::CCalls<AccessControlLogical::IPersonManagerObserver> m_calls;
 };
 
 } // namespace BasicInfoManagerUI

@@ -24,7 +24,6 @@ struct Text
 };
 
 const QString TypeKey = QStringLiteral("AuthenFinger/type");
-constexpr int KindDevices = 1;
 constexpr int CategoryAccessControl = 8;
 constexpr int MaxDevices = 1000;
 constexpr int TipTime = 1000;
@@ -43,9 +42,8 @@ CInputFinger::CInputFinger(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWi
     : QDialog(pParent)
     , m_pUi(std::make_unique<Ui::CInputFinger>())
     , m_pConfig(pInterfaceSet->GetLocalConfig())
-    , m_pGroupManager(pInterfaceSet->GetGroupManager())
-    , m_pDevice(new CReadFingerByDevice(pInterfaceSet->GetAccessControlManager(), this))
-    , m_adapter(m_pGroupManager)
+    , m_pDevice(new CReadFingerByDevice(pInterfaceSet, this))
+    , m_calls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
@@ -65,9 +63,6 @@ CInputFinger::CInputFinger(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWi
     connect(m_pUi->btnRefreshDevices, &QAbstractButton::clicked, this, &CInputFinger::QueryDevices);
     connect(m_pDevice, &CReadFingerByDevice::SignalFingerData, this, &CInputFinger::OnCollected);
     connect(m_pDevice, &CReadFingerByDevice::SignalFailed, this, &CInputFinger::Fail);
-    connect(
-        &m_adapter, &Common::CGroupManagerAdapter::SignalState, this,
-        [this](const GroupParam& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
     Common::LoadStyleSheet(this, QStringLiteral("BasicInfoManagerUI/Personnel"));
     SetUpReaders();
 }
@@ -120,11 +115,10 @@ void CInputFinger::QueryDevices()
     request.nCategory = CategoryAccessControl;
     request.nPageSize = MaxDevices;
     request.nSortField = GroupLogical::SortByName;
-    const int nSequence = m_pGroupManager ? m_pGroupManager->QueryDevicePage(request) : 0;
-    const bool bSent =
-        m_requests.Supersede(nSequence, KindDevices, [this](const GroupParam& param) { OnDevices(param); });
-    m_pUi->btnRefreshDevices->setEnabled(!bSent);
-    ShowDeviceState(bSent ? Text::tr("The devices are being queried.") : Text::tr("Failed to query devices"));
+    m_calls.Latest<&GroupLogical::IGroupManager::QueryDevicePage>(
+        request, [this](const GroupParam& param) { OnDevices(param); });
+    m_pUi->btnRefreshDevices->setEnabled(false);
+    ShowDeviceState(Text::tr("The devices are being queried."));
 }
 
 void CInputFinger::OnDevices(const GroupParam& param)
@@ -188,7 +182,7 @@ void CInputFinger::Start()
 void CInputFinger::StartUsb()
 {
     if (!m_pUsb) {
-        m_pUsb = std::make_unique<CReadUSB>(m_calls);
+        m_pUsb = std::make_unique<CReadUSB>(m_readerCalls);
         connect(m_pUsb.get(), &CReadUSB::SignalPlaySound, this, &CInputFinger::OnPress, Qt::QueuedConnection);
         connect(
             m_pUsb.get(), &CReadUSB::SignalFingerData, this,
@@ -281,7 +275,7 @@ void CInputFinger::done(int nResult)
 {
     m_closeTimer.stop();
     m_pDevice->Stop();
-    m_requests.Clear();
+    m_calls.ForgetAll();
     // Told first, so that a call of the reader that takes long holds up nothing while the dialog is shown.
     if (m_pUsb)
         m_pUsb->StopCollect();

@@ -2,9 +2,7 @@
 
 #include "FingerReaderCalls.h"
 
-#include <GroupLogical/IGroupManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
 
 #include <QDialog>
 #include <QTimer>
@@ -15,7 +13,6 @@ namespace Ui {
 class CInputFinger;
 }
 namespace UICommonMdl {
-class CInterfaceSetManager;
 class ILocalConfig;
 } // namespace UICommonMdl
 
@@ -44,7 +41,7 @@ public:
     ~CInputFinger() override;
 
     /// Other calls of the reader on USB, before it is used first.
-    void SetReaderCalls(const FingerReaderCalls& calls) { m_calls = calls; }
+    void SetReaderCalls(const FingerReaderCalls& calls) { m_readerCalls = calls; }
     /// How long a device may take to capture.
     void SetCaptureTimeOut(std::chrono::milliseconds timeOut);
     /// Without a connection a device cannot capture.
@@ -81,16 +78,14 @@ private:
 
     std::unique_ptr<Ui::CInputFinger> m_pUi;
     UICommonMdl::ILocalConfig* m_pConfig;
-    GroupLogical::IGroupManager* m_pGroupManager;
-    FingerReaderCalls m_calls;
+    FingerReaderCalls m_readerCalls;
     std::unique_ptr<CReadUSB> m_pUsb;
     CReadFingerByDevice* m_pDevice;
     State m_state = State::Idle;
     bool m_bConnected = true;
     QTimer m_tipTimer;
     QTimer m_closeTimer;
-    Common::CRequests<GroupParam> m_requests;
-    Common::CGroupManagerAdapter m_adapter;
+    Common::CCalls<GroupLogical::IGroupManagerObserver> m_calls;
 };
 
 } // namespace BasicInfoManagerUI

@@ -16,39 +16,32 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CReadFingerByDevice)
 };
 
-constexpr int KindCapture = 1;
 constexpr std::chrono::milliseconds CaptureTimeOut{30000};
 
 } // namespace
 
 CReadFingerByDevice::CReadFingerByDevice(
-    AccessControlLogical::IAccessControlManager* pManager, QObject* pParent)
+    const UICommonMdl::CInterfaceSetManager* pInterfaceSet, QObject* pParent)
     : QObject(pParent)
-    , m_pManager(pManager)
-    , m_adapter(pManager)
+    , m_calls(pInterfaceSet, this)
 {
     m_timer.setSingleShot(true);
     m_timer.setInterval(CaptureTimeOut);
     connect(&m_timer, &QTimer::timeout, this, [this] { Fail(Text::tr("Fingerprint collection timeout.")); });
-    connect(
-        &m_adapter, &Common::CPersonManagerAdapter::SignalState, this,
-        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
 }
 
 void CReadFingerByDevice::Start(const QString& sDeviceId)
 {
     Stop();
-    const int nSequence = m_pManager ? m_pManager->CaptureFingerprint(sDeviceId.toStdString()) : 0;
-    if (m_requests.Supersede(nSequence, KindCapture, [this](const Param& param) { OnCaptured(param); }))
-        m_timer.start();
-    else
-        Fail(Text::tr("Failed to collect fingerprint"));
+    m_calls.Latest<&AccessControlLogical::IAccessControlManager::CaptureFingerprint>(
+        sDeviceId.toStdString(), [this](const Param& param) { OnCaptured(param); });
+    m_timer.start();
 }
 
 void CReadFingerByDevice::Stop()
 {
     m_timer.stop();
-    m_requests.Clear();
+    m_calls.ForgetAll();
 }
 
 void CReadFingerByDevice::OnCaptured(const Param& param)

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
 
 #include <QTimer>
 
@@ -13,9 +12,9 @@ class CReadFingerByDevice : public QObject
     Q_OBJECT
 
 public:
-    /// pManager is borrowed; null: every capture fails.
+    /// pInterfaceSet is borrowed.
     explicit CReadFingerByDevice(
-        AccessControlLogical::IAccessControlManager* pManager, QObject* pParent = nullptr);
+        const UICommonMdl::CInterfaceSetManager* pInterfaceSet, QObject* pParent = nullptr);
 
     /// How long a capture may take.
     void SetTimeOut(std::chrono::milliseconds timeOut) { m_timer.setInterval(timeOut); }
@@ -35,10 +34,8 @@ private:
     void OnCaptured(const Param& param);
     void Fail(const QString& sText);
 
-    AccessControlLogical::IAccessControlManager* m_pManager;
     QTimer m_timer;
-    Common::CRequests<Param> m_requests;
-    Common::CPersonManagerAdapter m_adapter;
+    Common::CCalls<AccessControlLogical::IPersonManagerObserver> m_calls;
 };
 
 } // namespace BasicInfoManagerUI

@@ -33,8 +33,6 @@ struct Text
 using Kind = VxGUI::VxEmptyState::Kind;
 constexpr int CategoryAccessControl = 8;
 constexpr int DevicePageSize = 1000;
-constexpr int KindDevices = 1;
-constexpr int KindPersons = 2;
 /// A device with many persons takes its time.
 constexpr std::chrono::minutes ExtractTimeOut{3};
 
@@ -51,8 +49,6 @@ enum Column : int
 
 CExtractPersonDlg::CExtractPersonDlg(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
     : QDialog(pParent)
-    , m_pGroupManager(pInterfaceSet->GetGroupManager())
-    , m_pManager(pInterfaceSet->GetAccessControlManager())
     , m_pDevices(new QComboBox(this))
     , m_pQuery(new QPushButton(Text::tr("Extract"), this))
     , m_pSearch(new VxGUI::VxSearchBox(this))
@@ -63,23 +59,19 @@ CExtractPersonDlg::CExtractPersonDlg(UICommonMdl::CInterfaceSetManager* pInterfa
                                            {Text::tr("Cards"), true}, {Text::tr("Fingerprints"), true}},
           ColumnRow, -1, this))
     , m_pProxy(new QSortFilterProxyModel(this))
-    , m_personAdapter(m_pManager)
-    , m_groupAdapter(m_pGroupManager)
+    , m_session(pInterfaceSet, this)
+    , m_personCalls(pInterfaceSet, this)
+    , m_groupCalls(pInterfaceSet, this)
 {
     setObjectName(QStringLiteral("CExtractPersonDlg"));
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);
     setWindowTitle(Text::tr("Extract"));
     resize(620, 480);
-    m_personRequests.SetTimeOut(ExtractTimeOut);
+    m_personCalls.SetLimit(ExtractTimeOut);
     SetUpList();
     SetUpLayout();
-    connect(
-        &m_personAdapter, &Common::CPersonManagerAdapter::SignalState, this,
-        [this](const PersonParam& param) { m_personRequests.Answer(param); }, Qt::QueuedConnection);
-    connect(
-        &m_groupAdapter, &Common::CGroupManagerAdapter::SignalState, this,
-        [this](const GroupParam& param) { m_groupRequests.Answer(param); }, Qt::QueuedConnection);
+    connect(&m_session, &Common::CSession::SignalConnectionChanged, this, &CExtractPersonDlg::UpdateButtons);
     connect(m_pQuery, &QPushButton::clicked, this, &CExtractPersonDlg::QueryPersons);
     connect(m_pState, &VxGUI::VxEmptyState::SignalAction, this, [this] {
         if (m_pDevices->count() == 0)
@@ -149,22 +141,14 @@ void CExtractPersonDlg::SetUpLayout()
     pLayout->addWidget(pButtons);
 }
 
-void CExtractPersonDlg::SetConnected(bool bConnected)
-{
-    m_bConnected = bConnected;
-    UpdateButtons();
-}
-
 void CExtractPersonDlg::QueryDevices()
 {
     ShowState(Kind::Loading, Text::tr("Loading"));
     GroupLogical::DevicePageRequest_t request;
     request.nPageSize = DevicePageSize;
     request.nCategory = CategoryAccessControl;
-    const int nSequence = m_pGroupManager ? m_pGroupManager->QueryDevicePage(request) : 0;
-    if (!m_groupRequests.Supersede(
-            nSequence, KindDevices, [this](const GroupParam& param) { OnDevices(param); }))
-        ShowState(Kind::Failed, Text::tr("Failed to get devices"));
+    m_groupCalls.Latest<&GroupLogical::IGroupManager::QueryDevicePage>(
+        request, [this](const GroupParam& param) { OnDevices(param); });
     UpdateButtons();
 }
 
@@ -188,11 +172,9 @@ void CExtractPersonDlg::QueryPersons()
     m_vecPersons.clear();
     m_pModel->SetRows({});
     ShowState(Kind::Loading, Text::tr("The device is asked for its persons."));
-    const int nSequence =
-        m_pManager ? m_pManager->ExtractPersons(m_pDevices->currentData().toString().toStdString()) : 0;
-    if (!m_personRequests.Supersede(
-            nSequence, KindPersons, [this](const PersonParam& param) { OnPersons(param); }))
-        ShowState(Kind::Failed, Text::tr("Failed to extract persons"));
+    m_personCalls.Latest<&IAccessControlManager::ExtractPersons>(
+        m_pDevices->currentData().toString().toStdString(),
+        [this](const PersonParam& param) { OnPersons(param); });
     UpdateButtons();
 }
 
@@ -228,11 +210,11 @@ void CExtractPersonDlg::ShowState(VxGUI::VxEmptyState::Kind kind, const QString&
 
 void CExtractPersonDlg::UpdateButtons()
 {
-    const bool bBusy = m_personRequests.HasKind(KindPersons) || m_groupRequests.HasKind(KindDevices);
-    const bool bUsable = m_bConnected && !bBusy;
+    const bool bBusy = m_personCalls.IsPending() || m_groupCalls.IsPending();
+    const bool bUsable = m_session.IsConnected() && !bBusy;
     m_pDevices->setEnabled(!bBusy && m_pDevices->count() > 0);
     m_pQuery->setEnabled(bUsable && m_pDevices->count() > 0);
-    m_pState->setEnabled(m_bConnected);
+    m_pState->setEnabled(m_session.IsConnected());
     m_pSearch->setVisible(m_pStack->currentWidget() == m_pView);
     m_pOk->setEnabled(GetSelected() != nullptr);
 }

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <AccessControlLogical/PersonRecords.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
+#include <common/CSession.h>
 
 #include <VxGUI/VxEmptyState.h>
 
@@ -15,9 +14,6 @@ class QStackedWidget;
 class QTableView;
 namespace Common {
 class CTableModel;
-}
-namespace UICommonMdl {
-class CInterfaceSetManager;
 }
 namespace VxGUI {
 class VxSearchBox;
@@ -35,7 +31,6 @@ public:
     /// pInterfaceSet is borrowed and outlives the dialog.
     CExtractPersonDlg(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent);
 
-    void SetConnected(bool bConnected);
     void accept() override;
 
 Q_SIGNALS:
@@ -58,8 +53,6 @@ private:
     /// Null when no row is selected.
     const AccessControlLogical::Person_t* GetSelected() const;
 
-    GroupLogical::IGroupManager* m_pGroupManager;
-    AccessControlLogical::IAccessControlManager* m_pManager;
     QComboBox* m_pDevices;
     QPushButton* m_pQuery;
     VxGUI::VxSearchBox* m_pSearch;
@@ -70,11 +63,9 @@ private:
     Common::CTableModel* m_pModel;
     QSortFilterProxyModel* m_pProxy;
     std::vector<AccessControlLogical::Person_t> m_vecPersons;
-    bool m_bConnected = true;
-    Common::CRequests<PersonParam> m_personRequests;
-    Common::CRequests<GroupParam> m_groupRequests;
-    Common::CPersonManagerAdapter m_personAdapter;
-    Common::CGroupManagerAdapter m_groupAdapter;
+    Common::CSession m_session;
+    Common::CCalls<AccessControlLogical::IPersonManagerObserver> m_personCalls;
+    Common::CCalls<GroupLogical::IGroupManagerObserver> m_groupCalls;
 };
 
 } // namespace BasicInfoManagerUI

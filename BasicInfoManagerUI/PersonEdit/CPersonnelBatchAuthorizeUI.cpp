@@ -28,8 +28,6 @@ struct Text
 };
 
 const QString SkinFolder = QStringLiteral("BasicInfoManagerUI/Personnel");
-constexpr int KindChoices = 1;
-constexpr int KindAuthorize = 2;
 
 QString DescribeFailure(const PersonFailure_t& failure)
 {
@@ -46,15 +44,14 @@ CPersonnelBatchAuthorizeUI::CPersonnelBatchAuthorizeUI(
     UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
     : QWidget(pParent)
     , m_pUi(std::make_unique<Ui::CPersonnelBatchAuthorizeUI>())
-    , m_pManager(pInterfaceSet->GetAccessControlManager())
-    , m_adapter(m_pManager)
+    , m_session(pInterfaceSet, this)
+    , m_calls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
     setObjectName(QStringLiteral("CPersonnelBatchAuthorizeUI"));
     SetUpControls();
-    connect(
-        &m_adapter, &Common::CPersonManagerAdapter::SignalState, this,
-        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
+    connect(&m_session, &Common::CSession::SignalConnectionChanged, this,
+        &CPersonnelBatchAuthorizeUI::OnConnectionChanged);
     Common::LoadStyleSheet(this, SkinFolder);
     SetBusy(false);
 }
@@ -93,7 +90,7 @@ void CPersonnelBatchAuthorizeUI::SetUpControls()
 
 void CPersonnelBatchAuthorizeUI::SetPersons(const std::vector<PersonInfo_t>& vecPersons)
 {
-    m_requests.Clear();
+    m_calls.ForgetAll();
     m_bAuthorized = false;
     m_pUi->wgtSelected->SetPersons(vecPersons);
     m_pUi->m_pAccessGroups->SetIds({});
@@ -113,8 +110,7 @@ void CPersonnelBatchAuthorizeUI::QueryChoices()
         m_pUi->m_pAccessGroups->SetChoices(MakeChoiceRows(param.choices.vecAccessGroups));
         m_pUi->m_pFaceInfo->SetChoices(param.choices.vecFaceGroups);
     };
-    if (!m_requests.Supersede(m_pManager ? m_pManager->QueryPermissionChoices() : 0, KindChoices, onAnswer))
-        SetChoicesFailed(true, UICommonMdl::ErrorNone);
+    m_calls.Latest<&IAccessControlManager::QueryPermissionChoices>(onAnswer);
 }
 
 void CPersonnelBatchAuthorizeUI::SetChoicesFailed(bool bFailed, int nErrorCode)
@@ -124,12 +120,10 @@ void CPersonnelBatchAuthorizeUI::SetChoicesFailed(bool bFailed, int nErrorCode)
     m_pUi->wgtChoicesFailed->setVisible(bFailed);
 }
 
-void CPersonnelBatchAuthorizeUI::SetConnected(bool bConnected)
+void CPersonnelBatchAuthorizeUI::OnConnectionChanged(bool bConnected)
 {
-    const bool bBack = bConnected && !m_bConnected;
-    m_bConnected = bConnected;
     UpdateState();
-    if (bBack && m_bChoicesFailed && isVisible())
+    if (bConnected && m_bChoicesFailed && isVisible())
         QueryChoices();
 }
 
@@ -179,14 +173,8 @@ void CPersonnelBatchAuthorizeUI::SendNext()
     const std::vector<std::string> vecSent(m_vecLeft.begin(), itEnd);
     m_vecLeft.erase(m_vecLeft.begin(), itEnd);
     const Person_t permissions = GetPermissions();
-    const int nSequence = m_pManager
-        ? m_pManager->AuthorizePersons(vecSent, permissions.vecAccessGroups, permissions.vecFaceGroups)
-        : 0;
-    if (m_requests.Add(
-            nSequence, KindAuthorize, [this, vecSent](const Param& param) { OnAuthorized(param, vecSent); }))
-        return;
-    SetBusy(false);
-    VxGUI::VxNotification::Show(this, Text::tr("Batch authorize person failed"));
+    m_calls.Each<&IAccessControlManager::AuthorizePersons>(vecSent, permissions.vecAccessGroups,
+        permissions.vecFaceGroups, [this, vecSent](const Param& param) { OnAuthorized(param, vecSent); });
 }
 
 void CPersonnelBatchAuthorizeUI::OnAuthorized(const Param& param, const std::vector<std::string>& vecSent)
@@ -250,7 +238,7 @@ void CPersonnelBatchAuthorizeUI::OnCancelClicked()
     if (IsDirty()
         && !Common::AskPrompt(this, Text::tr("Current page data are changed, are you sure to leave?")))
         return;
-    m_requests.Clear();
+    m_calls.ForgetAll();
     m_pUi->m_pAccessGroups->SetIds({});
     m_pUi->m_pFaceInfo->SetPerson({});
     // A request that was given up may have changed permissions.
@@ -270,8 +258,8 @@ void CPersonnelBatchAuthorizeUI::SetBusy(bool bBusy)
 
 void CPersonnelBatchAuthorizeUI::UpdateState()
 {
-    m_pUi->m_pBtnOk->setEnabled(m_bConnected && !m_bBusy);
-    m_pUi->btnChoicesAgain->setEnabled(m_bConnected);
+    m_pUi->m_pBtnOk->setEnabled(m_session.IsConnected() && !m_bBusy);
+    m_pUi->btnChoicesAgain->setEnabled(m_session.IsConnected());
 }
 
 void CPersonnelBatchAuthorizeUI::keyPressEvent(QKeyEvent* pEvent)

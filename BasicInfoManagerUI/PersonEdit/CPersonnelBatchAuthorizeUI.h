@@ -1,8 +1,7 @@
 #pragma once
 
-#include <AccessControlLogical/PersonRecords.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
+#include <common/CSession.h>
 
 #include <QWidget>
 
@@ -10,9 +9,6 @@
 
 namespace Ui {
 class CPersonnelBatchAuthorizeUI;
-}
-namespace UICommonMdl {
-class CInterfaceSetManager;
 }
 
 namespace BasicInfoManagerUI {
@@ -30,7 +26,6 @@ public:
 
     /// Starts anew with these persons; shown by the caller.
     void SetPersons(const std::vector<AccessControlLogical::PersonInfo_t>& vecPersons);
-    void SetConnected(bool bConnected);
     /// Permissions were chosen and are not saved.
     bool IsDirty() const;
     /// The page's name, for the button that opens it.
@@ -51,6 +46,7 @@ private:
     using Param = AccessControlLogical::IPersonManagerObserver::Param;
 
     void SetUpControls();
+    void OnConnectionChanged(bool bConnected);
     void QueryChoices();
     void SetChoicesFailed(bool bFailed, int nErrorCode);
     /// What was chosen; the other fields are empty.
@@ -66,17 +62,15 @@ private:
     void UpdateState();
 
     std::unique_ptr<Ui::CPersonnelBatchAuthorizeUI> m_pUi;
-    AccessControlLogical::IAccessControlManager* m_pManager;
     std::vector<std::string> m_vecLeft; ///< persons that were not sent yet
     std::vector<AccessControlLogical::PersonFailure_t> m_vecFailed;
     std::vector<AccessControlLogical::PersonClash_t> m_vecClashes;
     int m_nTotal = 0; ///< persons of the run
     bool m_bBusy = false;
-    bool m_bConnected = true;
     bool m_bChoicesFailed = false;
     bool m_bAuthorized = false; ///< some persons have their permissions
-    Common::CRequests<Param> m_requests;
-    Common::CPersonManagerAdapter m_adapter;
+    Common::CSession m_session;
+    Common::CCalls<AccessControlLogical::IPersonManagerObserver> m_calls;
 };
 
 } // namespace BasicInfoManagerUI

@@ -28,19 +28,11 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CPersonnelInfoUI)
 };
 
-enum RequestKind : int
-{
-    KindDetail = 1,
-    KindSave,
-    KindChoices,
-    KindResidence
-};
-
 } // namespace
 
 void CPersonnelInfoUI::Begin(Mode mode)
 {
-    m_requests.Clear();
+    m_calls.ForgetAll();
     m_bBusy = false;
     delete m_pExtract;
     SetMode(mode);
@@ -80,9 +72,8 @@ void CPersonnelInfoUI::QueryDetail()
     m_pUi->wgtPersonState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading"));
     m_pUi->stackPerson->setCurrentWidget(m_pUi->wgtPersonState);
     UpdateState();
-    const int nSequence = m_pManager ? m_pManager->QueryPersonDetail(m_sPersonId.toStdString()) : 0;
-    if (!m_requests.Supersede(nSequence, KindDetail, [this](const Param& param) { OnDetail(param); }))
-        OnDetail({});
+    m_calls.Latest<&IAccessControlManager::QueryPersonDetail>(
+        m_sPersonId.toStdString(), [this](const Param& param) { OnDetail(param); });
 }
 
 void CPersonnelInfoUI::OnDetail(const Param& param)
@@ -102,8 +93,9 @@ void CPersonnelInfoUI::OnDetail(const Param& param)
 
 void CPersonnelInfoUI::QueryChoices()
 {
-    if (m_pManager && UICommonMdl::CDepartmentModelManager::Instance()->GetDepartmentModel()->rowCount() == 0)
-        m_pManager->QueryDepartmentTree();
+    IAccessControlManager* const pManager = m_calls.GetManager();
+    if (pManager && UICommonMdl::CDepartmentModelManager::Instance()->GetDepartmentModel()->rowCount() == 0)
+        pManager->QueryDepartmentTree();
     SetChoicesFailed({}, {});
     QueryPermissionChoices();
     QueryResidence();
@@ -121,8 +113,7 @@ void CPersonnelInfoUI::QueryPermissionChoices()
         m_pLift->SetChoices(param.choices.vecLiftFloors);
         m_pFace->SetChoices(param.choices.vecFaceGroups);
     };
-    if (!m_requests.Supersede(m_pManager ? m_pManager->QueryPermissionChoices() : 0, KindChoices, onAnswer))
-        SetChoicesFailed(Text::tr("Failed to get permissions"), m_sResidenceFailed);
+    m_calls.Latest<&IAccessControlManager::QueryPermissionChoices>(onAnswer);
 }
 
 void CPersonnelInfoUI::QueryResidence()
@@ -140,8 +131,7 @@ void CPersonnelInfoUI::QueryResidence()
             SetChoicesFailed(m_sChoicesFailed, Common::FailureText(sFailed, param.nErrorCode));
     };
     showSection(false);
-    if (!m_requests.Supersede(m_pManager ? m_pManager->QueryResidenceScenario() : 0, KindResidence, onAnswer))
-        SetChoicesFailed(m_sChoicesFailed, sFailed);
+    m_calls.Latest<&IAccessControlManager::QueryResidenceScenario>(onAnswer);
 }
 
 void CPersonnelInfoUI::SetChoicesFailed(const QString& sPermissions, const QString& sResidence)
@@ -157,7 +147,6 @@ void CPersonnelInfoUI::SetChoicesFailed(const QString& sPermissions, const QStri
 void CPersonnelInfoUI::OnExtractClicked()
 {
     m_pExtract = new CExtractPersonDlg(m_pInterfaceSet, this);
-    m_pExtract->SetConnected(m_bConnected);
     connect(m_pExtract, &CExtractPersonDlg::SignalPerson, this, [this](const Person& extracted) {
         const Person loaded = m_loaded;
         const Person baseline = m_baseline;
@@ -177,15 +166,12 @@ void CPersonnelInfoUI::OnOkClicked(bool bContinue)
     const Person edited = GetEdited();
     m_pFocusBefore = focusWidget();
     SetBusy(true);
-    int nSequence = 0;
-    if (m_pManager)
-        nSequence = m_mode == Mode::Add ? m_pManager->AddPerson(edited) : m_pManager->ModifyPerson(edited);
     const auto onAnswer = [this, edited, bContinue](
                               const Param& param) { OnSaved(param, edited, bContinue); };
-    if (m_requests.Add(nSequence, KindSave, onAnswer))
-        return;
-    SetBusy(false);
-    VxGUI::VxNotification::Show(this, FailurePrefix());
+    if (m_mode == Mode::Add)
+        m_calls.Each<&IAccessControlManager::AddPerson>(edited, onAnswer);
+    else
+        m_calls.Each<&IAccessControlManager::ModifyPerson>(edited, onAnswer);
 }
 
 void CPersonnelInfoUI::OnSaved(const Param& param, const Person& sent, bool bContinue)

@@ -40,8 +40,8 @@ CPersonnelInfoUI::CPersonnelInfoUI(UICommonMdl::CInterfaceSetManager* pInterface
     : QWidget(pParent)
     , m_pUi(std::make_unique<Ui::CPersonnelInfoUI>())
     , m_pInterfaceSet(pInterfaceSet)
-    , m_pManager(pInterfaceSet->GetAccessControlManager())
-    , m_adapter(m_pManager)
+    , m_session(pInterfaceSet, this)
+    , m_calls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
     setObjectName(QStringLiteral("CPersonnelInfoUI"));
@@ -49,9 +49,10 @@ CPersonnelInfoUI::CPersonnelInfoUI(UICommonMdl::CInterfaceSetManager* pInterface
     SetUpButtons();
     SetUpShortcuts();
     connect(
-        &m_adapter, &Common::CPersonManagerAdapter::SignalState, this,
-        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
+        &m_session, &Common::CSession::SignalConnectionChanged, this, &CPersonnelInfoUI::OnConnectionChanged);
     Common::LoadStyleSheet(this, SkinFolder);
+    for (CPersonSection* const pSection : m_vecSections)
+        pSection->SetConnected(m_session.IsConnected());
     SetMode(Mode::Add);
 }
 
@@ -196,7 +197,7 @@ void CPersonnelInfoUI::OnChanged()
 void CPersonnelInfoUI::UpdateState()
 {
     const bool bDetails = m_mode == Mode::Details;
-    const bool bUsable = IsFormShown() && m_bConnected && !m_bBusy;
+    const bool bUsable = IsFormShown() && m_session.IsConnected() && !m_bBusy;
     m_pUi->m_pBtnOk->setVisible(!bDetails);
     m_pUi->m_pAddAndContinue->setVisible(m_mode == Mode::Add);
     m_pUi->m_pBtnExtract->setVisible(!bDetails);
@@ -206,20 +207,16 @@ void CPersonnelInfoUI::UpdateState()
     m_pUi->m_pBtnExtract->setEnabled(bUsable);
     m_pUi->m_pBtnEdit->setEnabled(bUsable);
     m_pUi->wgtSections->setEnabled(!m_bBusy);
-    m_pUi->btnChoicesAgain->setEnabled(m_bConnected);
+    m_pUi->btnChoicesAgain->setEnabled(m_session.IsConnected());
     OnChanged();
 }
 
-void CPersonnelInfoUI::SetConnected(bool bConnected)
+void CPersonnelInfoUI::OnConnectionChanged(bool bConnected)
 {
-    const bool bBack = bConnected && !m_bConnected;
-    m_bConnected = bConnected;
     for (CPersonSection* const pSection : m_vecSections)
         pSection->SetConnected(bConnected);
-    if (m_pExtract)
-        m_pExtract->SetConnected(bConnected);
     UpdateState();
-    if (!bBack || !isVisible())
+    if (!bConnected || !isVisible())
         return;
     if (!m_sChoicesFailed.isEmpty() || !m_sResidenceFailed.isEmpty())
         QueryChoices();
@@ -258,7 +255,7 @@ void CPersonnelInfoUI::OnCancelClicked()
     if (IsDirty()
         && !Common::AskPrompt(this, Text::tr("Current page data are changed, are you sure to leave?")))
         return;
-    m_requests.Clear();
+    m_calls.ForgetAll();
     m_bBusy = false;
     if (IsFormShown())
         ShowRecord(m_loaded);

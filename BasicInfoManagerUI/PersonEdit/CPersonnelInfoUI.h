@@ -1,8 +1,7 @@
 #pragma once
 
-#include <AccessControlLogical/PersonRecords.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
+#include <common/CSession.h>
 
 #include <QPointer>
 #include <QWidget>
@@ -11,9 +10,6 @@
 
 namespace Ui {
 class CPersonnelInfoUI;
-}
-namespace UICommonMdl {
-class CInterfaceSetManager;
 }
 
 namespace BasicInfoManagerUI {
@@ -43,7 +39,6 @@ public:
     void EditPerson(const QString& sPersonId);
     void ShowPerson(const QString& sPersonId);
 
-    void SetConnected(bool bConnected);
     /// Something was entered and is not saved.
     bool IsDirty() const;
 
@@ -84,6 +79,7 @@ private:
     void OnChanged();
 
     // What it asks for.
+    void OnConnectionChanged(bool bConnected);
     void QueryDetail();
     void OnDetail(const Param& param);
     void QueryChoices();
@@ -105,7 +101,6 @@ private:
 
     std::unique_ptr<Ui::CPersonnelInfoUI> m_pUi;
     UICommonMdl::CInterfaceSetManager* m_pInterfaceSet;
-    AccessControlLogical::IAccessControlManager* m_pManager;
     CPersonBasicInfo* m_pBasic = nullptr;
     CCredentialsSection* m_pCredentials = nullptr;
     CAccessControlInfo* m_pAccess = nullptr;
@@ -120,11 +115,10 @@ private:
     Person m_loaded; ///< what the form began with
     Person m_baseline; ///< the same as the form shows it
     bool m_bBusy = false;
-    bool m_bConnected = true;
     QString m_sChoicesFailed; ///< empty: the choices came or are on their way
     QString m_sResidenceFailed;
-    Common::CRequests<Param> m_requests;
-    Common::CPersonManagerAdapter m_adapter;
+    Common::CSession m_session;
+    Common::CCalls<AccessControlLogical::IPersonManagerObserver> m_calls;
 };
 
 } // namespace BasicInfoManagerUI

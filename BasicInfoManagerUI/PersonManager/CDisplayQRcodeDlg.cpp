@@ -23,14 +23,12 @@ struct Text
 
 constexpr QSize DialogSize(400, 300);
 constexpr int CodeSide = 220;
-constexpr int KindQuery = 1;
 
 } // namespace
 
 CDisplayQRcodeDlg::CDisplayQRcodeDlg(
-    AccessControlLogical::IAccessControlManager* pManager, const QString& sPersonId, QWidget* pParent)
+    const UICommonMdl::CInterfaceSetManager* pInterfaceSet, const QString& sPersonId, QWidget* pParent)
     : QDialog(pParent)
-    , m_pManager(pManager)
     , m_sPersonId(sPersonId)
     , m_pCode(new QLabel)
     , m_pValid(new QLabel)
@@ -38,7 +36,8 @@ CDisplayQRcodeDlg::CDisplayQRcodeDlg(
     , m_pState(new VxGUI::VxEmptyState)
     , m_pPages(new QStackedLayout(this))
     , m_timer(this)
-    , m_adapter(pManager)
+    , m_session(pInterfaceSet, this)
+    , m_calls(pInterfaceSet, this)
 {
     setObjectName(QStringLiteral("CDisplayQRcodeDlg"));
     setWindowTitle(Text::tr("Display QR Code"));
@@ -56,9 +55,8 @@ CDisplayQRcodeDlg::CDisplayQRcodeDlg(
     pLayout->addWidget(m_pValid);
     m_pPages->addWidget(m_pState);
     m_pPages->addWidget(m_pCodePage);
-    connect(
-        &m_adapter, &Common::CPersonManagerAdapter::SignalState, this,
-        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
+    connect(&m_session, &Common::CSession::SignalConnectionChanged, this,
+        &CDisplayQRcodeDlg::OnConnectionChanged);
     connect(m_pState, &VxGUI::VxEmptyState::SignalAction, this, &CDisplayQRcodeDlg::Query);
     m_timer.setObjectName(QStringLiteral("timerQrCode"));
     connect(&m_timer, &QTimer::timeout, this, &CDisplayQRcodeDlg::Query);
@@ -71,7 +69,7 @@ void CDisplayQRcodeDlg::Start()
     Query();
 }
 
-void CDisplayQRcodeDlg::SetConnected(bool bConnected)
+void CDisplayQRcodeDlg::OnConnectionChanged(bool bConnected)
 {
     if (bConnected)
         Query();
@@ -81,11 +79,8 @@ void CDisplayQRcodeDlg::SetConnected(bool bConnected)
 
 void CDisplayQRcodeDlg::Query()
 {
-    const int nSequence = m_pManager ? m_pManager->QueryQrCode(m_sPersonId.toStdString()) : 0;
-    if (!m_requests.Supersede(nSequence, KindQuery, [this](const Param& param) { OnAnswer(param); })) {
-        ShowFailed(UICommonMdl::ErrorNone);
-        return;
-    }
+    m_calls.Latest<&AccessControlLogical::IAccessControlManager::QueryQrCode>(
+        m_sPersonId.toStdString(), [this](const Param& param) { OnAnswer(param); });
     // The code of before serves until the fresh one is there.
     if (m_pPages->currentWidget() == m_pCodePage)
         return;

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <AccessControlLogical/IAccessControlManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
+#include <common/CSession.h>
 
 #include <QDialog>
 #include <QTimer>
@@ -25,21 +24,20 @@ public:
     /// Between two codes, in milliseconds.
     static constexpr int RefreshMs = 120000;
 
-    /// pManager is borrowed; null: every query is refused.
+    /// pInterfaceSet is borrowed.
     CDisplayQRcodeDlg(
-        AccessControlLogical::IAccessControlManager* pManager, const QString& sPersonId, QWidget* pParent);
+        const UICommonMdl::CInterfaceSetManager* pInterfaceSet, const QString& sPersonId, QWidget* pParent);
 
     void Start();
-    /// A connection that is back brings a fresh code.
-    void SetConnected(bool bConnected);
 
 private:
     using Param = AccessControlLogical::IPersonManagerObserver::Param;
+    /// A connection that is back brings a fresh code.
+    void OnConnectionChanged(bool bConnected);
     void Query();
     void OnAnswer(const Param& param);
     void ShowFailed(int nErrorCode);
 
-    AccessControlLogical::IAccessControlManager* m_pManager;
     QString m_sPersonId;
     QLabel* m_pCode;
     QLabel* m_pValid;
@@ -47,8 +45,8 @@ private:
     VxGUI::VxEmptyState* m_pState;
     QStackedLayout* m_pPages;
     QTimer m_timer;
-    Common::CRequests<Param> m_requests;
-    Common::CPersonManagerAdapter m_adapter;
+    Common::CSession m_session;
+    Common::CCalls<AccessControlLogical::IPersonManagerObserver> m_calls;
 };
 
 } // namespace BasicInfoManagerUI

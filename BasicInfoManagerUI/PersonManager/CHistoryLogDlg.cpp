@@ -16,19 +16,13 @@
 namespace BasicInfoManagerUI {
 
 using AccessControlLogical::AccessRecord_t;
+using AccessControlLogical::IAccessControlManager;
 
 namespace {
 
 struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(CHistoryLogDlg)
-};
-
-enum RequestKind : int
-{
-    KindTotal = 1,
-    KindPage,
-    KindTrack
 };
 
 constexpr int DefaultDays = 7;
@@ -48,36 +42,32 @@ Common::CTableModel::Row MakeRow(const AccessRecord_t& record)
 
 } // namespace
 
-CHistoryLogDlg::CHistoryLogDlg(AccessControlLogical::IAccessControlManager* pManager,
+CHistoryLogDlg::CHistoryLogDlg(const UICommonMdl::CInterfaceSetManager* pInterfaceSet,
     const QString& sPersonId, const QString& sPersonName, QWidget* pParent)
     : QDialog(pParent)
     , m_pUi(std::make_unique<Ui::CHistoryLogDlg>())
-    , m_pManager(pManager)
     , m_pModel(new Common::CTableModel(
           {{Text::tr("Time"), true}, {Text::tr("Device Name"), true}, {Text::tr("Channel Name"), true},
               {Text::tr("Credential"), true}, {Text::tr("Card No."), true}, {Text::tr("Direction"), true},
               {Text::tr("Result"), true}},
           NoIdColumn, -1, this))
-    , m_adapter(pManager)
+    , m_session(pInterfaceSet, this)
+    , m_calls(pInterfaceSet, this)
+    , m_trackCalls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);
     m_request.sPersonId = sPersonId.toStdString();
-    m_pUi->lbConnection->hide();
+    m_pUi->lbConnection->Watch(m_session);
     m_pUi->lbPerson->setText(sPersonName.isEmpty()
             ? sPersonId
             : sPersonName + QStringLiteral(" (") + sPersonId + QLatin1Char(')'));
     SetUpList();
     SetUpTrack();
     connect(
-        &m_adapter, &Common::CAccessControlAdapter::SignalState, this,
-        [this](const Param& param) {
-            m_requests.Answer(param);
-            UpdateButtons();
-        },
-        Qt::QueuedConnection);
-    UpdateButtons();
+        &m_session, &Common::CSession::SignalConnectionChanged, this, &CHistoryLogDlg::OnConnectionChanged);
+    OnConnectionChanged(m_session.IsConnected());
     Common::LoadStyleSheet(this, QStringLiteral("BasicInfoManagerUI/Personnel"));
 }
 
@@ -130,9 +120,8 @@ void CHistoryLogDlg::Search()
     m_request.nTo = nTo;
     m_pUi->stackHistory->setCurrentWidget(m_pUi->pageRecords);
     m_pUi->m_pPageCtrl->SetCurrentPage(1);
-    const int nSequence = m_pManager ? m_pManager->QueryRecordTotal(m_request) : 0;
-    if (!m_requests.Supersede(nSequence, KindTotal, [this](const Param& param) { OnTotal(param); }))
-        VxGUI::VxNotification::Show(this, Text::tr("Failed to search total record(s)"));
+    m_calls.Latest<&IAccessControlManager::QueryRecordTotal>(
+        m_request, [this](const Param& param) { OnTotal(param); });
     QueryPage();
 }
 
@@ -140,11 +129,9 @@ void CHistoryLogDlg::QueryPage()
 {
     m_request.nPage = qMax(1, m_pUi->m_pPageCtrl->GetCurrentPage());
     m_request.nPageSize = m_pUi->m_pPageCtrl->GetPageSize();
-    const int nSequence = m_pManager ? m_pManager->QueryRecords(m_request) : 0;
-    if (!m_requests.Supersede(nSequence, KindPage, [this](const Param& param) { OnPage(param); })) {
-        VxGUI::VxNotification::Show(this, Text::tr("Failed to search log"));
-        ShowListState(UICommonMdl::ErrorInternal);
-    } else if (m_pModel->rowCount() == 0) {
+    m_calls.Latest<&IAccessControlManager::QueryRecords>(
+        m_request, [this](const Param& param) { OnPage(param); });
+    if (m_pModel->rowCount() == 0) {
         m_pUi->wgtRecordState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading records"));
         m_pUi->stackRecords->setCurrentWidget(m_pUi->wgtRecordState);
     }
@@ -171,6 +158,7 @@ void CHistoryLogDlg::OnPage(const Param& param)
         VxGUI::VxNotification::Show(
             this, Common::FailureText(Text::tr("Failed to search log"), param.nErrorCode));
     ShowListState(param.nErrorCode);
+    UpdateButtons();
 }
 
 void CHistoryLogDlg::ShowListState(int nErrorCode)
@@ -196,14 +184,14 @@ void CHistoryLogDlg::QueryTrack()
     AccessControlLogical::AccessRecordRequest_t request = m_request;
     request.nPage = 1;
     request.nPageSize = TrackRecordLimit;
-    const int nSequence = m_pManager ? m_pManager->QueryRecords(request) : 0;
-    if (!m_requests.Supersede(nSequence, KindTrack, [this](const Param& param) { OnTrack(param); }))
-        VxGUI::VxNotification::Show(this, Text::tr("Failed to search log"));
+    m_trackCalls.Latest<&IAccessControlManager::QueryRecords>(
+        request, [this](const Param& param) { OnTrack(param); });
     UpdateButtons();
 }
 
 void CHistoryLogDlg::OnTrack(const Param& param)
 {
+    UpdateButtons();
     if (param.nErrorCode != UICommonMdl::ErrorNone) {
         VxGUI::VxNotification::Show(
             this, Common::FailureText(Text::tr("Failed to search log"), param.nErrorCode));
@@ -231,22 +219,20 @@ void CHistoryLogDlg::OnStopChanged(int nStop)
     m_pUi->m_pTrackView->setAccessibleDescription(sText);
 }
 
-void CHistoryLogDlg::SetConnected(bool bConnected)
+void CHistoryLogDlg::OnConnectionChanged(bool bConnected)
 {
-    const bool bBack = bConnected && !m_bConnected;
-    m_bConnected = bConnected;
-    m_pUi->lbConnection->setVisible(!bConnected);
     m_pUi->wgtRecordState->setEnabled(bConnected);
     m_pUi->m_pPageCtrl->setEnabled(bConnected);
     UpdateButtons();
-    if (bBack && m_pModel->rowCount() == 0)
+    if (bConnected && isVisible() && m_pModel->rowCount() == 0)
         Search();
 }
 
 void CHistoryLogDlg::UpdateButtons()
 {
-    m_pUi->btnSearch->setEnabled(m_bConnected);
-    m_pUi->btnTrack->setEnabled(m_bConnected && m_pModel->rowCount() > 0 && !m_requests.HasKind(KindTrack));
+    m_pUi->btnSearch->setEnabled(m_session.IsConnected());
+    m_pUi->btnTrack->setEnabled(
+        m_session.IsConnected() && m_pModel->rowCount() > 0 && !m_trackCalls.IsPending());
 }
 
 } // namespace BasicInfoManagerUI

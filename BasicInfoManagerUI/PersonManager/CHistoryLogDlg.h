@@ -1,8 +1,7 @@
 #pragma once
 
-#include <AccessControlLogical/IAccessControlManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
+#include <common/CSession.h>
 
 #include <QDialog>
 
@@ -24,14 +23,13 @@ class CHistoryLogDlg : public QDialog
     Q_OBJECT
 
 public:
-    /// pManager is borrowed; null: every query is refused.
-    CHistoryLogDlg(AccessControlLogical::IAccessControlManager* pManager, const QString& sPersonId,
+    /// pInterfaceSet is borrowed.
+    CHistoryLogDlg(const UICommonMdl::CInterfaceSetManager* pInterfaceSet, const QString& sPersonId,
         const QString& sPersonName, QWidget* pParent);
     ~CHistoryLogDlg() override;
 
     /// Asks for the records of the last days.
     void Start();
-    void SetConnected(bool bConnected);
 
 private:
     using Param = AccessControlLogical::IAccessControlManagerObserver::Param;
@@ -45,15 +43,15 @@ private:
     void QueryTrack();
     void OnTrack(const Param& param);
     void OnStopChanged(int nStop);
+    void OnConnectionChanged(bool bConnected);
     void UpdateButtons();
 
     std::unique_ptr<Ui::CHistoryLogDlg> m_pUi;
-    AccessControlLogical::IAccessControlManager* m_pManager;
     AccessControlLogical::AccessRecordRequest_t m_request; ///< whose records are shown
     Common::CTableModel* m_pModel;
-    bool m_bConnected = true;
-    Common::CRequests<Param> m_requests;
-    Common::CAccessControlAdapter m_adapter;
+    Common::CSession m_session;
+    Common::CCalls<AccessControlLogical::IAccessControlManagerObserver> m_calls;
+    Common::CCalls<AccessControlLogical::IAccessControlManagerObserver> m_trackCalls;
 };
 
 } // namespace BasicInfoManagerUI

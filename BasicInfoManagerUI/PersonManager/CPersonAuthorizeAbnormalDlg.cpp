@@ -15,18 +15,13 @@
 namespace BasicInfoManagerUI {
 
 using AccessControlLogical::AuthorizeException_t;
+using AccessControlLogical::IAccessControlManager;
 
 namespace {
 
 struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(CPersonAuthorizeAbnormalDlg)
-};
-
-enum RequestKind : int
-{
-    KindQuery = 1,
-    KindResend
 };
 
 enum Column : int
@@ -55,18 +50,18 @@ Common::CTableModel::Row MakeRow(const AuthorizeException_t& exception)
 } // namespace
 
 CPersonAuthorizeAbnormalDlg::CPersonAuthorizeAbnormalDlg(
-    AccessControlLogical::IAccessControlManager* pManager, const QString& sPersonId, QWidget* pParent)
+    const UICommonMdl::CInterfaceSetManager* pInterfaceSet, const QString& sPersonId, QWidget* pParent)
     : QDialog(pParent)
     , m_pUi(std::make_unique<Ui::CPersonAuthorizeAbnormalDlg>())
-    , m_pManager(pManager)
     , m_sPersonId(sPersonId)
-    , m_adapter(pManager)
+    , m_session(pInterfaceSet, this)
+    , m_calls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);
-    m_pUi->lbConnection->hide();
-    m_requests.SetTimeOut(ResendTimeOut);
+    m_pUi->lbConnection->Watch(m_session);
+    m_calls.SetLimit(ResendTimeOut);
     m_pUi->m_pSearch->SetBackgroundText(Text::tr("ID/Name"));
     m_pUi->m_pSearch->setAccessibleName(Text::tr("ID/Name"));
     SetUpTabs();
@@ -75,9 +70,8 @@ CPersonAuthorizeAbnormalDlg::CPersonAuthorizeAbnormalDlg(
     connect(m_pUi->m_pBtnResend, &QAbstractButton::clicked, this, &CPersonAuthorizeAbnormalDlg::Resend);
     connect(m_pUi->m_pBtnCancel, &QAbstractButton::clicked, this, &CPersonAuthorizeAbnormalDlg::reject);
     connect(m_pUi->wgtState, &VxGUI::VxEmptyState::SignalAction, this, [this] { Query(true); });
-    connect(
-        &m_adapter, &Common::CPersonManagerAdapter::SignalState, this,
-        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
+    connect(&m_session, &Common::CSession::SignalConnectionChanged, this,
+        &CPersonAuthorizeAbnormalDlg::OnConnectionChanged);
     UpdateButtons();
     Common::LoadStyleSheet(this, QStringLiteral("BasicInfoManagerUI/Personnel"));
 }
@@ -120,11 +114,9 @@ void CPersonAuthorizeAbnormalDlg::Start()
 
 void CPersonAuthorizeAbnormalDlg::Query(bool bTold)
 {
-    const int nSequence = m_pManager ? m_pManager->QueryAuthorizeException(m_sPersonId.toStdString()) : 0;
-    if (!m_requests.Supersede(
-            nSequence, KindQuery, [this, bTold](const Param& param) { OnQueryAnswer(param, bTold); })) {
-        ShowFailed(UICommonMdl::ErrorNone);
-    } else if (m_vecExceptions.empty()) {
+    m_calls.Latest<&IAccessControlManager::QueryAuthorizeException>(
+        m_sPersonId.toStdString(), [this, bTold](const Param& param) { OnQueryAnswer(param, bTold); });
+    if (m_vecExceptions.empty()) {
         m_pUi->wgtState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading exceptions"));
         m_pUi->stackExceptions->setCurrentWidget(m_pUi->wgtState);
     }
@@ -145,11 +137,9 @@ void CPersonAuthorizeAbnormalDlg::OnQueryAnswer(const Param& param, bool bTold)
 
 void CPersonAuthorizeAbnormalDlg::Resend()
 {
-    const int nSequence = m_pManager ? m_pManager->ReissuePersonRight(m_sPersonId.toStdString()) : 0;
-    m_bResending =
-        m_requests.Add(nSequence, KindResend, [this](const Param& param) { OnResendAnswer(param); });
-    if (!m_bResending)
-        VxGUI::VxNotification::Show(this, Text::tr("Failed to re-release right"));
+    m_bResending = true;
+    m_calls.Each<&IAccessControlManager::ReissuePersonRight>(
+        m_sPersonId.toStdString(), [this](const Param& param) { OnResendAnswer(param); });
     UpdateButtons();
 }
 
@@ -223,20 +213,17 @@ void CPersonAuthorizeAbnormalDlg::ShowFailed(int nErrorCode)
     m_pUi->stackExceptions->setCurrentWidget(m_pUi->wgtState);
 }
 
-void CPersonAuthorizeAbnormalDlg::SetConnected(bool bConnected)
+void CPersonAuthorizeAbnormalDlg::OnConnectionChanged(bool bConnected)
 {
-    const bool bBack = bConnected && !m_bConnected;
-    m_bConnected = bConnected;
-    m_pUi->lbConnection->setVisible(!bConnected);
     m_pUi->wgtState->setEnabled(bConnected);
     UpdateButtons();
-    if (bBack)
+    if (bConnected)
         Query(false);
 }
 
 void CPersonAuthorizeAbnormalDlg::UpdateButtons()
 {
-    const bool bFree = m_bConnected && !m_bResending && !m_requests.HasKind(KindQuery);
+    const bool bFree = m_session.IsConnected() && !m_calls.IsPending();
     m_pUi->m_pBtnUpdate->setEnabled(bFree);
     m_pUi->m_pBtnResend->setEnabled(bFree && !m_vecExceptions.empty());
     m_pUi->lbBusy->setText(m_bResending ? Text::tr("The rights are being sent again.") : QString());

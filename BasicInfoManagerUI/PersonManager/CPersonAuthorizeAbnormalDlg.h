@@ -1,8 +1,7 @@
 #pragma once
 
-#include <AccessControlLogical/IAccessControlManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
+#include <common/CSession.h>
 
 #include <QDialog>
 
@@ -24,13 +23,12 @@ class CPersonAuthorizeAbnormalDlg : public QDialog
     Q_OBJECT
 
 public:
-    /// pManager is borrowed; null: every request is refused.
+    /// pInterfaceSet is borrowed.
     CPersonAuthorizeAbnormalDlg(
-        AccessControlLogical::IAccessControlManager* pManager, const QString& sPersonId, QWidget* pParent);
+        const UICommonMdl::CInterfaceSetManager* pInterfaceSet, const QString& sPersonId, QWidget* pParent);
     ~CPersonAuthorizeAbnormalDlg() override;
 
     void Start();
-    void SetConnected(bool bConnected);
 
 private:
     using Param = AccessControlLogical::IPersonManagerObserver::Param;
@@ -42,17 +40,16 @@ private:
     void ShowExceptions(const std::vector<AccessControlLogical::AuthorizeException_t>& vecExceptions);
     void ShowRows();
     void ShowFailed(int nErrorCode);
+    void OnConnectionChanged(bool bConnected);
     void UpdateButtons();
 
     std::unique_ptr<Ui::CPersonAuthorizeAbnormalDlg> m_pUi;
-    AccessControlLogical::IAccessControlManager* m_pManager;
     QString m_sPersonId;
     std::vector<Common::CTableModel*> m_vecModels; ///< by credential
     std::vector<AccessControlLogical::AuthorizeException_t> m_vecExceptions;
-    bool m_bConnected = true;
     bool m_bResending = false;
-    Common::CRequests<Param> m_requests;
-    Common::CPersonManagerAdapter m_adapter;
+    Common::CSession m_session;
+    Common::CCalls<AccessControlLogical::IPersonManagerObserver> m_calls;
 };
 
 } // namespace BasicInfoManagerUI

@@ -22,7 +22,6 @@ struct Text
 
 constexpr int NameLimit = 50;
 constexpr int RemarkLimit = 255;
-constexpr int KindSave = 1;
 
 UICommonMdl::CDepartmentModel* Groups()
 {
@@ -32,27 +31,21 @@ UICommonMdl::CDepartmentModel* Groups()
 } // namespace
 
 CPersonGroupEditUI::CPersonGroupEditUI(
-    AccessControlLogical::IAccessControlManager* pManager, QWidget* pParent)
+    const UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
     : QDialog(pParent)
     , m_pUi(std::make_unique<Ui::CPersonGroupEditUI>())
-    , m_pManager(pManager)
-    , m_adapter(pManager)
+    , m_session(pInterfaceSet, this)
+    , m_calls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);
-    m_pUi->lbConnection->hide();
+    m_pUi->lbConnection->Watch(m_session);
     SetUpFields();
     connect(m_pUi->m_pBtnAdd, &QAbstractButton::clicked, this, &CPersonGroupEditUI::accept);
     connect(m_pUi->m_pAddAndPerson, &QAbstractButton::clicked, this, [this] { Save(true); });
     connect(m_pUi->m_pBtnCancel, &QAbstractButton::clicked, this, &CPersonGroupEditUI::reject);
-    connect(
-        &m_adapter, &Common::CDepartmentManagerAdapter::SignalState, this,
-        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
-    connect(this, &CPersonGroupEditUI::SignalRequestTimeout, this, [this] {
-        m_bSaving = false;
-        UpdateButtons();
-    });
+    connect(&m_session, &Common::CSession::SignalConnectionChanged, this, &CPersonGroupEditUI::UpdateButtons);
     Common::LoadStyleSheet(this, QStringLiteral("BasicInfoManagerUI/Personnel"));
 }
 
@@ -140,17 +133,15 @@ void CPersonGroupEditUI::accept()
 
 void CPersonGroupEditUI::Save(bool bAddPerson)
 {
-    if (m_bSaving || !m_bConnected || !CheckFields())
+    if (m_bSaving || !m_session.IsConnected() || !CheckFields())
         return;
-    int nSequence = 0;
-    if (m_pManager)
-        nSequence = m_loaded.sCode.empty() ? m_pManager->AddDepartment(GetEdited())
-                                           : m_pManager->ModifyDepartment(GetEdited());
-    m_bSaving = m_requests.Add(
-        nSequence, KindSave, [this, bAddPerson](const Param& param) { OnAnswer(param, bAddPerson); });
+    m_bSaving = true;
+    const auto onAnswer = [this, bAddPerson](const Param& param) { OnAnswer(param, bAddPerson); };
+    if (m_loaded.sCode.empty())
+        m_calls.Each<&AccessControlLogical::IAccessControlManager::AddDepartment>(GetEdited(), onAnswer);
+    else
+        m_calls.Each<&AccessControlLogical::IAccessControlManager::ModifyDepartment>(GetEdited(), onAnswer);
     UpdateButtons();
-    if (!m_bSaving)
-        ShowFailure(UICommonMdl::ErrorNone);
 }
 
 void CPersonGroupEditUI::OnAnswer(const Param& param, bool bAddPerson)
@@ -164,14 +155,12 @@ void CPersonGroupEditUI::OnAnswer(const Param& param, bool bAddPerson)
         QDialog::accept();
         return;
     }
-    if (param.nErrorCode == UICommonMdl::ErrorTimeOut)
-        Q_EMIT SignalRequestTimeout();
     ShowFailure(param.nErrorCode);
     // The tree shows what the other one made of the group by the time that the dialog is opened again.
     const bool bStale = param.nErrorCode == UICommonMdl::ErrorVersionConflict
         || param.nErrorCode == UICommonMdl::ErrorNotFound;
-    if (bStale && m_pManager)
-        m_pManager->QueryDepartmentTree();
+    if (bStale && m_calls.GetManager())
+        m_calls.GetManager()->QueryDepartmentTree();
 }
 
 void CPersonGroupEditUI::ShowFailure(int nErrorCode)
@@ -187,17 +176,10 @@ void CPersonGroupEditUI::ShowFailure(int nErrorCode)
             nErrorCode));
 }
 
-void CPersonGroupEditUI::SetConnected(bool bConnected)
-{
-    m_bConnected = bConnected;
-    m_pUi->lbConnection->setVisible(!bConnected);
-    UpdateButtons();
-}
-
 void CPersonGroupEditUI::UpdateButtons()
 {
-    m_pUi->m_pBtnAdd->setEnabled(m_bConnected && !m_bSaving);
-    m_pUi->m_pAddAndPerson->setEnabled(m_bConnected && !m_bSaving);
+    m_pUi->m_pBtnAdd->setEnabled(m_session.IsConnected() && !m_bSaving);
+    m_pUi->m_pAddAndPerson->setEnabled(m_session.IsConnected() && !m_bSaving);
 }
 
 } // namespace BasicInfoManagerUI

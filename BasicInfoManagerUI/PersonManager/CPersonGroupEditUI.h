@@ -1,8 +1,7 @@
 #pragma once
 
-#include <AccessControlLogical/IAccessControlManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
+#include <common/CSession.h>
 
 #include <QDialog>
 
@@ -21,21 +20,18 @@ class CPersonGroupEditUI : public QDialog
     Q_OBJECT
 
 public:
-    /// pManager is borrowed; null: every save is refused.
-    CPersonGroupEditUI(AccessControlLogical::IAccessControlManager* pManager, QWidget* pParent);
+    /// pInterfaceSet is borrowed.
+    CPersonGroupEditUI(const UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent);
     ~CPersonGroupEditUI() override;
 
     void BeginAdd(const QString& sParentCode);
     void BeginModify(const AccessControlLogical::Department_t& department);
 
-    void SetConnected(bool bConnected);
     void accept() override;
 
 Q_SIGNALS:
     /// The server took the change; bAddPerson: a person is to be added to the group next.
     void SignalGroupSaved(const QString& sCode, bool bAddPerson);
-    /// The save was not answered in time: the wait ends.
-    void SignalRequestTimeout();
 
 private:
     using Param = AccessControlLogical::IDepartmentManagerObserver::Param;
@@ -49,12 +45,10 @@ private:
     void UpdateButtons();
 
     std::unique_ptr<Ui::CPersonGroupEditUI> m_pUi;
-    AccessControlLogical::IAccessControlManager* m_pManager;
     AccessControlLogical::Department_t m_loaded; ///< without a code: a new group
     bool m_bSaving = false;
-    bool m_bConnected = true;
-    Common::CRequests<Param> m_requests;
-    Common::CDepartmentManagerAdapter m_adapter;
+    Common::CSession m_session;
+    Common::CCalls<AccessControlLogical::IDepartmentManagerObserver> m_calls;
 };
 
 } // namespace BasicInfoManagerUI

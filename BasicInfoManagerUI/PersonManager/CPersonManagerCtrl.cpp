@@ -5,7 +5,6 @@
 #include "CMovePersonTree.h"
 #include "CPersonAuthorizeAbnormalDlg.h"
 #include "CPersonnelListView.h"
-#include "PersonRequestKinds.h"
 #include "PersonRules.h"
 #include "ui_CPersonManagerCtrl.h"
 
@@ -13,12 +12,13 @@
 #include <PersonEdit/CPersonnelBatchAuthorizeUI.h>
 #include <PersonEdit/CPersonnelInfoUI.h>
 #include <UICommonMdl/CErrorCode.h>
-#include <VxGUI/VxNotification.h>
 #include <common/Prompt.h>
 
 #include <QKeyEvent>
 
 namespace BasicInfoManagerUI {
+
+using AccessControlLogical::IAccessControlManager;
 
 namespace {
 
@@ -62,9 +62,16 @@ void CPersonManagerCtrl::UpdateButtons()
 {
     const int nChecked = m_pUi->m_pPersonnelListView->GetPersons()->GetCheckedIds().size();
     const int nTotal = m_pUi->m_pPageFileCtrl->GetTotalCount();
-    m_pUi->m_btnDel->setEnabled(m_bConnected && nTotal > 0);
+    const bool bRight = MayChange();
+    const bool bUsable = IsConnected() && bRight;
+    m_pUi->m_btnAdd->setEnabled(bUsable);
+    m_pUi->m_btnDel->setEnabled(bUsable && nTotal > 0);
     for (QPushButton* pButton : {m_pUi->m_btnBatchIssuCard, m_pUi->btnMoveTo, m_pUi->btnBatchAuthorize})
-        pButton->setEnabled(m_bConnected && nChecked > 0);
+        pButton->setEnabled(bUsable && nChecked > 0);
+    const QString sReason = bRight ? QString() : Text::tr("You have no permission to change persons.");
+    for (QWidget* pButton : std::initializer_list<QWidget*>{m_pUi->m_btnAdd, m_pUi->m_btnDel,
+             m_pUi->m_btnBatchIssuCard, m_pUi->btnMoveTo, m_pUi->btnBatchAuthorize})
+        pButton->setToolTip(sReason);
     m_pUi->lbStatus->setText(Text::tr("Checked: %1").arg(nChecked));
 }
 
@@ -72,8 +79,7 @@ QStringList CPersonManagerCtrl::GetCheckedIds()
 {
     QStringList listIds = m_pUi->m_pPersonnelListView->GetPersons()->GetCheckedIds();
     if (listIds.isEmpty())
-        VxGUI::VxNotification::Show(
-            this, Text::tr("Please select at least one person."), VxGUI::NotificationKind::Warning);
+        Notify(Text::tr("Please select at least one person."), VxGUI::NotificationKind::Warning);
     return listIds;
 }
 
@@ -120,8 +126,8 @@ void CPersonManagerCtrl::DeletePersons(const QStringList& listIds)
                 "Are you sure you want to delete the selected person(s)? After deletion, the person(s) in "
                 "the group and the related permissions will be deleted.")))
         return;
-    SendBatch(
-        m_pManager ? m_pManager->DeletePersons(ToIds(listIds)) : 0, Text::tr("Failed to delete person"));
+    m_calls.Each<&IAccessControlManager::DeletePersons>(ToIds(listIds),
+        [this](const PersonParam& param) { OnBatchAnswer(param, Text::tr("Failed to delete person")); });
 }
 
 void CPersonManagerCtrl::OnDeleteAllClicked()
@@ -137,22 +143,20 @@ void CPersonManagerCtrl::OnDeleteAllClicked()
                 "permissions will be deleted.")))
         return;
     const bool bSubGroups = m_pUi->cbContainSub->isChecked();
-    SendBatch(m_pManager ? m_pManager->DeleteAllPersons(sGroupCode.toStdString(), bSubGroups) : 0,
-        Text::tr("Failed to delete person"));
+    m_calls.Each<&IAccessControlManager::DeleteAllPersons>(sGroupCode.toStdString(), bSubGroups,
+        [this](const PersonParam& param) { OnBatchAnswer(param, Text::tr("Failed to delete person")); });
 }
 
-void CPersonManagerCtrl::SendBatch(int nSequence, const QString& sFailure)
+void CPersonManagerCtrl::OnBatchAnswer(const PersonParam& param, const QString& sFailure)
 {
-    const bool bSent = m_requests.Add(nSequence, KindBatch, [this, sFailure](const PersonParam& param) {
-        QueryCurrentPage();
-        // Last: the page may be gone when the message is closed.
-        if (!param.vecFailed.empty())
-            Common::ShowFailures(this, sFailure, FailureLines(param.vecFailed));
-        else if (param.nErrorCode != UICommonMdl::ErrorNone)
-            ShowFailure(sFailure, param.nErrorCode);
-    });
-    if (!bSent)
-        ShowFailure(sFailure, UICommonMdl::ErrorNone);
+    QueryCurrentPage();
+    // Last: the page may be gone when the message is closed.
+    if (!param.vecFailed.empty())
+        WhenShown([this, sFailure, listLines = FailureLines(param.vecFailed)] {
+            Common::ShowFailures(this, sFailure, listLines);
+        });
+    else if (param.nErrorCode != UICommonMdl::ErrorNone)
+        NotifyFailure(sFailure, param.nErrorCode);
 }
 
 void CPersonManagerCtrl::MovePersons(const QStringList& listIds, const QWidget* pBelow)
@@ -168,42 +172,37 @@ void CPersonManagerCtrl::MovePersons(const QStringList& listIds, const QWidget* 
 void CPersonManagerCtrl::OnMoveConfirmed(const QStringList& listIds, const QString& sGroupCode)
 {
     if (sGroupCode.isEmpty()) {
-        VxGUI::VxNotification::Show(
-            this, Text::tr("Please select a department."), VxGUI::NotificationKind::Warning);
+        Notify(Text::tr("Please select a department."), VxGUI::NotificationKind::Warning);
         return;
     }
-    SendBatch(m_pManager ? m_pManager->MovePersons(ToIds(listIds), sGroupCode.toStdString()) : 0,
-        Text::tr("Failed to move departments in batches."));
+    m_calls.Each<&IAccessControlManager::MovePersons>(
+        ToIds(listIds), sGroupCode.toStdString(), [this](const PersonParam& param) {
+            OnBatchAnswer(param, Text::tr("Failed to move departments in batches."));
+        });
 }
 
 void CPersonManagerCtrl::ReissuePerson(const QString& sPersonId)
 {
-    const int nSequence = m_pManager ? m_pManager->ReissuePersonRight(sPersonId.toStdString()) : 0;
-    const bool bSent = m_reissues.Add(nSequence, KindReissue, [this](const PersonParam& param) {
+    Notify(Text::tr("The rights are being sent again."), VxGUI::NotificationKind::Information);
+    const auto onAnswer = [this](const PersonParam& param) {
         const QString sFailure = GetReissueFailure(param.nErrorCode, 0, int(param.vecExceptions.size()));
         if (sFailure.isEmpty())
-            VxGUI::VxNotification::Show(
-                this, Text::tr("The rights were sent again."), VxGUI::NotificationKind::Success);
+            Notify(Text::tr("The rights were sent again."), VxGUI::NotificationKind::Success);
         else
-            VxGUI::VxNotification::Show(this, sFailure);
+            Notify(sFailure, VxGUI::NotificationKind::Error);
         QueryCurrentPage();
         if (!param.vecExceptions.empty())
-            Common::ShowFailures(
-                this, Text::tr("Details of authorization failure"), ExceptionLines(param.vecExceptions));
-    });
-    if (!bSent)
-        ShowFailure(Text::tr("Failed to re-release right"), UICommonMdl::ErrorNone);
-    else
-        VxGUI::VxNotification::Show(
-            this, Text::tr("The rights are being sent again."), VxGUI::NotificationKind::Information);
+            WhenShown([this, listLines = ExceptionLines(param.vecExceptions)] {
+                Common::ShowFailures(this, Text::tr("Details of authorization failure"), listLines);
+            });
+    };
+    m_reissueCalls.Each<&IAccessControlManager::ReissuePersonRight>(sPersonId.toStdString(), onAnswer);
 }
 
 void CPersonManagerCtrl::OnBtnAbnormalClicked(const QString& sPersonId, const QString&)
 {
-    auto* pDialog = new CPersonAuthorizeAbnormalDlg(m_pManager, sPersonId, this);
-    connect(this, &CPersonManagerCtrl::SignalConnected, pDialog, &CPersonAuthorizeAbnormalDlg::SetConnected);
+    auto* pDialog = new CPersonAuthorizeAbnormalDlg(GetInterfaceSet(), sPersonId, this);
     connect(pDialog, &QDialog::finished, this, &CPersonManagerCtrl::QueryCurrentPage);
-    pDialog->SetConnected(m_bConnected);
     pDialog->open();
     pDialog->Start();
 }
@@ -212,17 +211,14 @@ void CPersonManagerCtrl::ShowHistory(const QString& sPersonId)
 {
     const auto* const pPerson = m_pUi->m_pPersonnelListView->GetPersons()->FindPerson(sPersonId);
     auto* pDialog = new CHistoryLogDlg(
-        m_pManager, sPersonId, pPerson ? QString::fromStdString(pPerson->sName) : QString(), this);
-    connect(this, &CPersonManagerCtrl::SignalConnected, pDialog, &CHistoryLogDlg::SetConnected);
-    pDialog->SetConnected(m_bConnected);
+        GetInterfaceSet(), sPersonId, pPerson ? QString::fromStdString(pPerson->sName) : QString(), this);
     pDialog->open();
     pDialog->Start();
 }
 
 void CPersonManagerCtrl::ShowQrCode(const QString& sPersonId)
 {
-    auto* pDialog = new CDisplayQRcodeDlg(m_pManager, sPersonId, this);
-    connect(this, &CPersonManagerCtrl::SignalConnected, pDialog, &CDisplayQRcodeDlg::SetConnected);
+    auto* pDialog = new CDisplayQRcodeDlg(GetInterfaceSet(), sPersonId, this);
     pDialog->open();
     pDialog->Start();
 }

@@ -1,13 +1,6 @@
 #pragma once
 
-#include <AccessControlLogical/IAccessControlManager.h>
-#include <RemoteConfigLogical/IRemoteConfigManager.h>
-#include <common/CRequests.h>
-#include <common/IConfigPage.h>
-#include <common/ObserverAdapters.h>
-
-#include <QTimer>
-#include <QWidget>
+#include <common/CPage.h>
 
 #include <memory>
 
@@ -17,7 +10,6 @@ class CPersonManagerCtrl;
 }
 namespace UICommonMdl {
 class CDepartmentModel;
-class CInterfaceSetManager;
 class ILocalConfig;
 } // namespace UICommonMdl
 
@@ -29,11 +21,8 @@ class CPersonnelBatchAuthorizeUI;
 class CPersonnelInfoUI;
 
 /// The person page: tree of person groups, paged list of persons, and the operations on them.
-/// User-interface thread; the observer callbacks come on threads of the host.
-class CPersonManagerCtrl : public QWidget,
-                           public Common::IConfigPage,
-                           private AccessControlLogical::IPersonManagerObserver,
-                           private AccessControlLogical::IDepartmentManagerObserver
+/// User-interface thread.
+class CPersonManagerCtrl : public Common::CPage
 {
     Q_OBJECT
 
@@ -46,25 +35,15 @@ public:
     explicit CPersonManagerCtrl(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent = nullptr);
     ~CPersonManagerCtrl() override;
 
-    bool OnMsg(int nMsg, QVariant* pValue, void* pArgument) override;
-    /// Ends all registrations; the page asks for nothing any more.
-    void UninitUI() override;
-
 Q_SIGNALS:
-    void SignalNotifyPersonManagerState(const AccessControlLogical::IPersonManagerObserver::Param& param);
-    void SignalNotifyDepartmentManagerState(
-        const AccessControlLogical::IDepartmentManagerObserver::Param& param);
     void SgnFirstQueryPersonList();
-    /// The connection was lost or is back.
-    void SignalConnected(bool bConnected);
 
 protected:
-    void showEvent(QShowEvent* pEvent) override;
     void keyPressEvent(QKeyEvent* pEvent) override;
 
 private:
-    void OnNotifyPersonManagerState(const PersonParam& param) override;
-    void OnNotifyDepartmentManagerState(const DepartmentParam& param) override;
+    void OnConnectionChanged(bool bConnected) override;
+    void OnRightsChanged() override;
 
     // Building the page.
     void SetUpTree();
@@ -75,11 +54,7 @@ private:
     void SetUpObservers();
     void RestoreLayout();
 
-    // Answers and pushes, on the user-interface thread.
-    void OnPersonState(const PersonParam& param);
-    void OnDepartmentState(const DepartmentParam& param);
-    void OnSystemState(const RemoteConfigLogical::ISystemConfigObserver::Param& param);
-    void SetConnected(bool bConnected);
+    // Pushes.
     void OnQueryTimer();
     void QueryLater(bool bDepartments);
 
@@ -111,8 +86,8 @@ private:
     void OnBtnDelClicked();
     void OnDeleteAllClicked();
     void DeletePersons(const QStringList& listIds);
-    /// Waits for what was sent for several persons, shows what failed and queries the list again.
-    void SendBatch(int nSequence, const QString& sFailure);
+    /// What was sent for several persons is answered: shows what failed and queries the list again.
+    void OnBatchAnswer(const PersonParam& param, const QString& sFailure);
     void MovePersons(const QStringList& listIds, const QWidget* pBelow);
     void OnMoveConfirmed(const QStringList& listIds, const QString& sGroupCode);
     void ReissuePerson(const QString& sPersonId);
@@ -121,6 +96,7 @@ private:
     /// The checked persons; tells when there is none.
     QStringList GetCheckedIds();
     void UpdateButtons();
+    bool MayChange() const;
 
     // The pages over the list.
     void OnBtnAddClicked();
@@ -131,12 +107,8 @@ private:
     bool IsPageDirty() const;
     void LeavePage();
 
-    void ShowFailure(const QString& sPrefix, int nErrorCode);
     void ShowSelectGroup();
 
-    UICommonMdl::CInterfaceSetManager* m_pInterfaceSet;
-    AccessControlLogical::IAccessControlManager* m_pManager;
-    RemoteConfigLogical::IRemoteConfigManager* m_pRemoteManager;
     UICommonMdl::ILocalConfig* m_pLocalConfig;
     UICommonMdl::CDepartmentModel* m_pDepartments;
     std::unique_ptr<Ui::CPersonManagerCtrl> m_pUi;
@@ -146,22 +118,11 @@ private:
 
     QString m_sSearchKey;
     QString m_sSelectAfterQuery; ///< group to select once the tree shows it
-    bool m_bConnected = true;
-    bool m_bReleased = false; ///< Uninit was called
-
-    Common::CRequests<PersonParam> m_requests;
-    Common::CRequests<DepartmentParam> m_departmentRequests;
-    Common::CRequests<PersonParam> m_reissues; ///< devices take their time
+    Common::CCalls<AccessControlLogical::IPersonManagerObserver> m_calls;
+    Common::CCalls<AccessControlLogical::IPersonManagerObserver> m_reissueCalls; ///< devices take their time
+    Common::CCalls<AccessControlLogical::IDepartmentManagerObserver> m_groupCalls;
     QTimer m_queryTimer; ///< gathers pushes into one query
     bool m_bDepartmentsStale = false;
-
-    Common::CSystemConfigAdapter m_systemAdapter;
-    Common::CObserverRegistration<AccessControlLogical::IAccessControlManager,
-        AccessControlLogical::IPersonManagerObserver>
-        m_personRegistration;
-    Common::CObserverRegistration<AccessControlLogical::IAccessControlManager,
-        AccessControlLogical::IDepartmentManagerObserver>
-        m_departmentRegistration;
 };
 
 } // namespace BasicInfoManagerUI

@@ -1,12 +1,10 @@
 #include "CPersonManagerCtrl.h"
 
 #include "CPersonGroupEditUI.h"
-#include "PersonRequestKinds.h"
 #include "ui_CPersonManagerCtrl.h"
 
 #include <PersonEdit/CPersonnelInfoUI.h>
 #include <UICommonMdl/CDepartmentModelManager.h>
-#include <VxGUI/VxNotification.h>
 #include <common/Prompt.h>
 
 namespace BasicInfoManagerUI {
@@ -29,13 +27,14 @@ void CPersonManagerCtrl::OnGroupChanged()
     const QString sName = group.isValid() ? group.data().toString() : Text::tr("All Persons");
     m_pUi->lbPersonGroupName->setText(sName);
     m_pUi->lbPersonGroupName->setToolTip(sName);
-    m_pUi->m_btnDelOrg->setEnabled(group.isValid() && group.parent().isValid());
+    for (QToolButton* pButton : {m_pUi->m_btnAddOrg, m_pUi->m_btnModifyOrg})
+        pButton->setEnabled(MayChange());
+    m_pUi->m_btnDelOrg->setEnabled(MayChange() && group.isValid() && group.parent().isValid());
 }
 
 void CPersonManagerCtrl::ShowSelectGroup()
 {
-    VxGUI::VxNotification::Show(
-        this, Text::tr("Please select a person group."), VxGUI::NotificationKind::Warning);
+    Notify(Text::tr("Please select a person group."), VxGUI::NotificationKind::Warning);
 }
 
 void CPersonManagerCtrl::OnBtnAddOrgClicked()
@@ -46,13 +45,12 @@ void CPersonManagerCtrl::OnBtnAddOrgClicked()
         return;
     }
     if (UICommonMdl::CDepartmentModel::GetLevel(group) >= AccessControlLogical::DepartmentLevelLimit) {
-        VxGUI::VxNotification::Show(this,
-            Text::tr("Failed to add. Person group level must not exceed %1.")
-                .arg(AccessControlLogical::DepartmentLevelLimit),
+        Notify(Text::tr("Failed to add. Person group level must not exceed %1.")
+                   .arg(AccessControlLogical::DepartmentLevelLimit),
             VxGUI::NotificationKind::Warning);
         return;
     }
-    auto* pDialog = new CPersonGroupEditUI(m_pManager, this);
+    auto* pDialog = new CPersonGroupEditUI(GetInterfaceSet(), this);
     pDialog->BeginAdd(GetGroupCode());
     OpenGroupEditor(pDialog);
 }
@@ -64,7 +62,7 @@ void CPersonManagerCtrl::OnBtnModifyOrgClicked()
         ShowSelectGroup();
         return;
     }
-    auto* pDialog = new CPersonGroupEditUI(m_pManager, this);
+    auto* pDialog = new CPersonGroupEditUI(GetInterfaceSet(), this);
     pDialog->BeginModify(*pGroup);
     OpenGroupEditor(pDialog);
 }
@@ -72,8 +70,6 @@ void CPersonManagerCtrl::OnBtnModifyOrgClicked()
 void CPersonManagerCtrl::OpenGroupEditor(CPersonGroupEditUI* pDialog)
 {
     connect(pDialog, &CPersonGroupEditUI::SignalGroupSaved, this, &CPersonManagerCtrl::OnGroupSaved);
-    connect(this, &CPersonManagerCtrl::SignalConnected, pDialog, &CPersonGroupEditUI::SetConnected);
-    pDialog->SetConnected(m_bConnected);
     pDialog->open();
 }
 
@@ -98,8 +94,7 @@ void CPersonManagerCtrl::OnBtnDelOrgClicked()
         return;
     }
     if (!group.parent().isValid()) {
-        VxGUI::VxNotification::Show(
-            this, Text::tr("The root group cannot be deleted."), VxGUI::NotificationKind::Warning);
+        Notify(Text::tr("The root group cannot be deleted."), VxGUI::NotificationKind::Warning);
         return;
     }
     const QString sCode = GetGroupCode();
@@ -108,12 +103,8 @@ void CPersonManagerCtrl::OnBtnDelOrgClicked()
             Text::tr("Are you sure you want to delete the person group? After deletion, the people in this "
                      "group and sub group(s) will be deleted.")))
         return;
-    const int nSequence = m_pManager ? m_pManager->DeleteDepartment(sCode.toStdString()) : 0;
-    if (!m_departmentRequests.Add(
-            nSequence, KindDeleteDepartment, [this, sParentCode](const DepartmentParam& param) {
-                OnGroupDeleted(sParentCode, param.nErrorCode);
-            }))
-        ShowFailure(Text::tr("Failed to delete person group"), UICommonMdl::ErrorNone);
+    m_groupCalls.Each<&AccessControlLogical::IAccessControlManager::DeleteDepartment>(sCode.toStdString(),
+        [this, sParentCode](const DepartmentParam& param) { OnGroupDeleted(sParentCode, param.nErrorCode); });
 }
 
 void CPersonManagerCtrl::OnGroupDeleted(const QString& sParentCode, int nErrorCode)
@@ -122,7 +113,7 @@ void CPersonManagerCtrl::OnGroupDeleted(const QString& sParentCode, int nErrorCo
         // Another choice that was made in the meantime stays.
         m_sSelectAfterQuery = sParentCode;
     } else {
-        ShowFailure(Text::tr("Failed to delete person group"), nErrorCode);
+        NotifyFailure(Text::tr("Failed to delete person group"), nErrorCode);
     }
     QueryAll();
 }

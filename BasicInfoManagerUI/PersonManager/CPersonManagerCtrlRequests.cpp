@@ -1,15 +1,14 @@
 #include "CPersonManagerCtrl.h"
 
 #include "CPersonnelListView.h"
-#include "PersonRequestKinds.h"
 #include "ui_CPersonManagerCtrl.h"
 
 #include <UICommonMdl/CDepartmentModelManager.h>
 #include <UICommonMdl/CErrorCode.h>
-#include <VxGUI/VxNotification.h>
-#include <common/Prompt.h>
 
 namespace BasicInfoManagerUI {
+
+using AccessControlLogical::IAccessControlManager;
 
 namespace {
 struct Text
@@ -18,53 +17,24 @@ struct Text
 };
 } // namespace
 
-void CPersonManagerCtrl::OnNotifyPersonManagerState(const PersonParam& param)
+bool CPersonManagerCtrl::MayChange() const
 {
-    Q_EMIT SignalNotifyPersonManagerState(param);
+    return HasRight("002003001");
 }
 
-void CPersonManagerCtrl::OnNotifyDepartmentManagerState(const DepartmentParam& param)
+void CPersonManagerCtrl::OnRightsChanged()
 {
-    Q_EMIT SignalNotifyDepartmentManagerState(param);
+    OnGroupChanged();
+    UpdateButtons();
 }
 
-void CPersonManagerCtrl::OnPersonState(const PersonParam& param)
+void CPersonManagerCtrl::OnConnectionChanged(bool bConnected)
 {
-    if (param.nSequence > 0) {
-        if (!m_requests.Answer(param))
-            m_reissues.Answer(param);
-    } else if (param.nResultCode == AccessControlLogical::IPersonManagerObserver::ResultPersonsChanged) {
-        QueryLater(false);
-    }
-}
-
-void CPersonManagerCtrl::OnDepartmentState(const DepartmentParam& param)
-{
-    if (param.nSequence > 0)
-        m_departmentRequests.Answer(param);
-    else if (param.nResultCode == AccessControlLogical::IDepartmentManagerObserver::ResultDepartmentsChanged)
-        QueryLater(true);
-}
-
-void CPersonManagerCtrl::OnSystemState(const RemoteConfigLogical::ISystemConfigObserver::Param& param)
-{
-    using Observer = RemoteConfigLogical::ISystemConfigObserver;
-    if (param.nResultCode == Observer::ResultServerDisconnected)
-        SetConnected(false);
-    else if (param.nResultCode == Observer::ResultServerReconnected)
-        SetConnected(true);
-}
-
-void CPersonManagerCtrl::SetConnected(bool bConnected)
-{
-    m_bConnected = bConnected;
-    m_pUi->lbConnection->setVisible(!bConnected);
     for (QWidget* pControl : {m_pUi->wgtGroups, m_pUi->wgtActions, static_cast<QWidget*>(m_pUi->stackList),
              static_cast<QWidget*>(m_pUi->cbContainSub), static_cast<QWidget*>(m_pUi->m_pSearchPerson),
              static_cast<QWidget*>(m_pUi->m_pPageFileCtrl)})
         pControl->setEnabled(bConnected);
     UpdateButtons();
-    Q_EMIT SignalConnected(bConnected);
     if (bConnected) {
         QueryAll();
         return;
@@ -79,7 +49,7 @@ void CPersonManagerCtrl::SetConnected(bool bConnected)
 void CPersonManagerCtrl::QueryLater(bool bDepartments)
 {
     m_bDepartmentsStale = m_bDepartmentsStale || bDepartments;
-    if (m_bConnected && !m_queryTimer.isActive())
+    if (IsConnected() && !m_queryTimer.isActive())
         m_queryTimer.start();
 }
 
@@ -92,8 +62,7 @@ void CPersonManagerCtrl::OnQueryTimer()
 
 void CPersonManagerCtrl::OnFirsQueryPersonList()
 {
-    if (!m_bReleased)
-        QueryCurrentPage();
+    QueryCurrentPage();
 }
 
 void CPersonManagerCtrl::QueryAll()
@@ -104,23 +73,18 @@ void CPersonManagerCtrl::QueryAll()
 
 void CPersonManagerCtrl::QueryDepartments()
 {
-    const int nSequence = m_pManager ? m_pManager->QueryDepartmentTree() : 0;
-    const bool bSent =
-        m_departmentRequests.Supersede(nSequence, KindDepartmentTree, [this](const DepartmentParam& param) {
-            if (param.nErrorCode == UICommonMdl::ErrorNone)
-                return;
-            ShowFailure(Text::tr("Failed to get person groups"), param.nErrorCode);
-            ShowTreeState(param.nErrorCode);
-        });
-    if (bSent && m_pDepartments->rowCount() == 0) {
-        m_pUi->wgtTreeState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading person groups"));
-        m_pUi->stackTree->setCurrentWidget(m_pUi->wgtTreeState);
-    } else if (!bSent) {
-        ShowFailure(Text::tr("Failed to get person groups"), UICommonMdl::ErrorNone);
-        ShowTreeState(UICommonMdl::ErrorInternal);
-    } else {
+    m_groupCalls.Latest<&IAccessControlManager::QueryDepartmentTree>([this](const DepartmentParam& param) {
+        if (param.nErrorCode == UICommonMdl::ErrorNone)
+            return;
+        NotifyFailure(Text::tr("Failed to get person groups"), param.nErrorCode);
+        ShowTreeState(param.nErrorCode);
+    });
+    if (m_pDepartments->rowCount() > 0) {
         ShowTreeState(UICommonMdl::ErrorNone);
+        return;
     }
+    m_pUi->wgtTreeState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading person groups"));
+    m_pUi->stackTree->setCurrentWidget(m_pUi->wgtTreeState);
 }
 
 void CPersonManagerCtrl::OnDepartmentModelFinish()
@@ -168,16 +132,8 @@ void CPersonManagerCtrl::QueryFirstPage()
 
 void CPersonManagerCtrl::QueryCurrentPage()
 {
-    if (m_bReleased)
-        return;
-    const int nSequence = m_pManager ? m_pManager->QueryPersonList(MakeRequest()) : 0;
-    if (!m_requests.Supersede(
-            nSequence, KindPersonList, [this](const PersonParam& param) { OnPersonList(param); })) {
-        ShowFailure(Text::tr("Failed to search for people list"), UICommonMdl::ErrorNone);
-        if (m_pUi->m_pPersonnelListView->GetPersons()->rowCount() == 0)
-            ShowListState(UICommonMdl::ErrorInternal);
-        return;
-    }
+    m_calls.Latest<&IAccessControlManager::QueryPersonList>(
+        MakeRequest(), [this](const PersonParam& param) { OnPersonList(param); });
     if (m_pUi->m_pPersonnelListView->GetPersons()->rowCount() > 0)
         return;
     m_pUi->wgtListState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading persons"));
@@ -195,7 +151,7 @@ void CPersonManagerCtrl::OnPersonList(const PersonParam& param)
         UpdateButtons();
         return;
     }
-    ShowFailure(Text::tr("Failed to search for people list"), param.nErrorCode);
+    NotifyFailure(Text::tr("Failed to search for people list"), param.nErrorCode);
     // While the connection is lost the rows of before stay, with their checks.
     if (param.nErrorCode == UICommonMdl::ErrorDisconnected && pList->GetPersons()->rowCount() > 0)
         return;
@@ -223,11 +179,6 @@ void CPersonManagerCtrl::ShowListState(int nErrorCode)
         pState->SetState(Kind::Empty, Text::tr("There is no person in this group."));
     }
     m_pUi->stackList->setCurrentWidget(pState);
-}
-
-void CPersonManagerCtrl::ShowFailure(const QString& sPrefix, int nErrorCode)
-{
-    VxGUI::VxNotification::Show(this, Common::FailureText(sPrefix, nErrorCode));
 }
 
 } // namespace BasicInfoManagerUI

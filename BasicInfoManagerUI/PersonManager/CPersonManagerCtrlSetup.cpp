@@ -11,7 +11,6 @@
 #include <UICommonMdl/CInterfaceSetManager.h>
 #include <UICommonMdl/ILocalConfig.h>
 #include <common/CFlowLayout.h>
-#include <common/StyleSheet.h>
 
 #include <QMenu>
 #include <QShortcut>
@@ -29,27 +28,24 @@ constexpr int PushDelayMs = 200;
 constexpr int DefaultTreeWidth = 204;
 constexpr int DeleteMenuHeight = 34;
 constexpr std::chrono::minutes ReissueTimeOut{10};
-const QString SkinFolder = QStringLiteral("BasicInfoManagerUI/Personnel");
 const QString TreeWidthKey = QStringLiteral("PersonManager/TreeWidth");
 const QString PageSizeKey = QStringLiteral("PersonManager/PageSize");
 
 } // namespace
 
 CPersonManagerCtrl::CPersonManagerCtrl(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
-    : QWidget(pParent)
-    , m_pInterfaceSet(pInterfaceSet)
-    , m_pManager(pInterfaceSet->GetAccessControlManager())
-    , m_pRemoteManager(pInterfaceSet->GetRemoteConfigManager())
+    : CPage(pInterfaceSet, QStringLiteral("BasicInfoManagerUI/Personnel"), pParent)
     , m_pLocalConfig(pInterfaceSet->GetLocalConfig())
     , m_pDepartments(UICommonMdl::CDepartmentModelManager::Instance()->GetDepartmentModel())
     , m_pUi(std::make_unique<Ui::CPersonManagerCtrl>())
-    , m_systemAdapter((Common::RegisterSignalTypes(), m_pRemoteManager))
-    , m_personRegistration(m_pManager, this)
-    , m_departmentRegistration(m_pManager, this)
+    , m_calls(pInterfaceSet, this)
+    , m_reissueCalls(pInterfaceSet, this)
+    , m_groupCalls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
     setObjectName(QStringLiteral("CPersonnelManagerCtrl"));
-    m_reissues.SetTimeOut(ReissueTimeOut);
+    m_pUi->lbConnection->Watch(GetSession());
+    m_reissueCalls.SetLimit(ReissueTimeOut);
     SetUpTree();
     SetUpToolBar();
     SetUpList();
@@ -58,9 +54,8 @@ CPersonManagerCtrl::CPersonManagerCtrl(UICommonMdl::CInterfaceSetManager* pInter
     RestoreLayout();
     OnGroupChanged();
     SetUpObservers();
-    Common::LoadStyleSheet(this, SkinFolder);
-    if (m_pRemoteManager && !m_pRemoteManager->IsServerConnected()) {
-        SetConnected(false);
+    if (!IsConnected()) {
+        OnConnectionChanged(false);
         return;
     }
     QueryDepartments();
@@ -68,29 +63,6 @@ CPersonManagerCtrl::CPersonManagerCtrl(UICommonMdl::CInterfaceSetManager* pInter
 }
 
 CPersonManagerCtrl::~CPersonManagerCtrl() = default;
-
-bool CPersonManagerCtrl::OnMsg(int, QVariant*, void*)
-{
-    return false;
-}
-
-void CPersonManagerCtrl::UninitUI()
-{
-    m_bReleased = true;
-    m_personRegistration.Release();
-    m_departmentRegistration.Release();
-    m_systemAdapter.disconnect(this);
-    m_requests.Clear();
-    m_reissues.Clear();
-    m_departmentRequests.Clear();
-    m_queryTimer.stop();
-}
-
-void CPersonManagerCtrl::showEvent(QShowEvent* pEvent)
-{
-    QWidget::showEvent(pEvent);
-    Common::LoadStyleSheet(this, SkinFolder);
-}
 
 void CPersonManagerCtrl::SetUpTree()
 {
@@ -192,9 +164,9 @@ void CPersonManagerCtrl::SetUpList()
 
 void CPersonManagerCtrl::SetUpPages()
 {
-    m_pEditor = new CPersonnelInfoUI(m_pInterfaceSet, this);
-    m_pIssueCard = new CBatchIssueCard(m_pInterfaceSet, this);
-    m_pAuthorize = new CPersonnelBatchAuthorizeUI(m_pInterfaceSet, this);
+    m_pEditor = new CPersonnelInfoUI(GetInterfaceSet(), this);
+    m_pIssueCard = new CBatchIssueCard(GetInterfaceSet(), this);
+    m_pAuthorize = new CPersonnelBatchAuthorizeUI(GetInterfaceSet(), this);
     for (QWidget* pPage : {static_cast<QWidget*>(m_pEditor), static_cast<QWidget*>(m_pIssueCard),
              static_cast<QWidget*>(m_pAuthorize)})
         m_pUi->stackPages->addWidget(pPage);
@@ -209,10 +181,6 @@ void CPersonManagerCtrl::SetUpPages()
     connect(m_pEditor, &CPersonnelInfoUI::SignalPersonSaved, this, &CPersonManagerCtrl::QueryCurrentPage);
     connect(m_pIssueCard, &CBatchIssueCard::SignalBack, this, backAfter);
     connect(m_pAuthorize, &CPersonnelBatchAuthorizeUI::SignalBack, this, backAfter);
-    connect(this, &CPersonManagerCtrl::SignalConnected, m_pEditor, &CPersonnelInfoUI::SetConnected);
-    connect(this, &CPersonManagerCtrl::SignalConnected, m_pIssueCard, &CBatchIssueCard::SetConnected);
-    connect(
-        this, &CPersonManagerCtrl::SignalConnected, m_pAuthorize, &CPersonnelBatchAuthorizeUI::SetConnected);
 }
 
 void CPersonManagerCtrl::SetUpShortcuts()
@@ -227,14 +195,12 @@ void CPersonManagerCtrl::SetUpShortcuts()
 
 void CPersonManagerCtrl::SetUpObservers()
 {
-    connect(this, &CPersonManagerCtrl::SignalNotifyPersonManagerState, this,
-        &CPersonManagerCtrl::OnPersonState, Qt::QueuedConnection);
-    connect(this, &CPersonManagerCtrl::SignalNotifyDepartmentManagerState, this,
-        &CPersonManagerCtrl::OnDepartmentState, Qt::QueuedConnection);
+    m_calls.OnPush(AccessControlLogical::IPersonManagerObserver::ResultPersonsChanged,
+        [this](const PersonParam&) { QueryLater(false); });
+    m_groupCalls.OnPush(AccessControlLogical::IDepartmentManagerObserver::ResultDepartmentsChanged,
+        [this](const DepartmentParam&) { QueryLater(true); });
     connect(this, &CPersonManagerCtrl::SgnFirstQueryPersonList, this,
         &CPersonManagerCtrl::OnFirsQueryPersonList, Qt::QueuedConnection);
-    connect(&m_systemAdapter, &Common::CSystemConfigAdapter::SignalState, this,
-        &CPersonManagerCtrl::OnSystemState, Qt::QueuedConnection);
     m_queryTimer.setSingleShot(true);
     m_queryTimer.setInterval(PushDelayMs);
     connect(&m_queryTimer, &QTimer::timeout, this, &CPersonManagerCtrl::OnQueryTimer);

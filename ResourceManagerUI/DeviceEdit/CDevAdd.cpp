@@ -6,7 +6,6 @@
 
 #include <Trv/QSkin.h>
 #include <UICommonMdl/CErrorCode.h>
-#include <UICommonMdl/CInterfaceSetManager.h>
 #include <common/Prompt.h>
 #include <common/StyleSheet.h>
 
@@ -38,22 +37,14 @@ void MarkStep(QLabel* pLabel, bool bCurrent)
 CDevAdd::CDevAdd(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
     : QWidget(pParent)
     , m_pUi(std::make_unique<Ui::CDevAdd>())
-    , m_pGroupManager(pInterfaceSet->GetGroupManager())
-    , m_pRemoteManager(pInterfaceSet->GetRemoteConfigManager())
-    , m_groupAdapter(m_pGroupManager)
-    , m_systemAdapter(m_pRemoteManager)
+    , m_groupCalls(pInterfaceSet, this)
+    , m_systemCalls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
     setObjectName(QStringLiteral("CDevAdd"));
     SetUpFields();
     SetUpChoices();
     SetUpButtons();
-    connect(
-        &m_groupAdapter, &Common::CGroupManagerAdapter::SignalState, this,
-        [this](const GroupParam& param) { m_groupRequests.Answer(param); }, Qt::QueuedConnection);
-    connect(
-        &m_systemAdapter, &Common::CSystemConfigAdapter::SignalState, this,
-        [this](const SystemParam& param) { m_systemRequests.Answer(param); }, Qt::QueuedConnection);
     Common::LoadStyleSheet(this, SkinFolder);
 }
 
@@ -184,7 +175,7 @@ void CDevAdd::OnCancelClicked()
 {
     if (IsDirty() && !Common::AskPrompt(this, Text::tr("Are you sure to cancel?")))
         return;
-    m_groupRequests.Clear();
+    m_groupCalls.ForgetAll();
     SetBusy(false);
     Q_EMIT SignalFirstBtnClicked();
 }
@@ -266,15 +257,6 @@ void CDevAdd::AddOrModifyDevice()
         Q_EMIT SignalModifyDevice(m_sent);
     else
         Q_EMIT SignalAddDevice(m_sent);
-}
-
-void CDevAdd::SetRefused()
-{
-    if (!m_bBusy)
-        return;
-    SetBusy(false);
-    Q_EMIT SignalShowNotify(
-        m_bEdit ? Text::tr("Failed to modify device") : Text::tr("Failed to add device."));
 }
 
 void CDevAdd::SetAnswer(

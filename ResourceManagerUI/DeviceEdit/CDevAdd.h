@@ -1,9 +1,6 @@
 #pragma once
 
-#include <GroupLogical/IGroupManager.h>
-#include <RemoteConfigLogical/IRemoteConfigManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
 
 #include <QWidget>
 
@@ -11,9 +8,6 @@
 
 namespace Ui {
 class CDevAdd;
-}
-namespace UICommonMdl {
-class CInterfaceSetManager;
 }
 namespace VxGUI {
 class VxLineEdit;
@@ -48,8 +42,6 @@ public:
     /// for a segment of which every address was refused.
     void SetAnswer(int nErrorCode, const std::string& sErrorDetail,
         const std::vector<GroupLogical::FailedItem_t>& vecFailed);
-    /// The manager did not take what was signalled last: no answer will come.
-    void SetRefused();
 
 Q_SIGNALS:
     void SignalAddDevice(const GroupLogical::DeviceAddInfo_t& device);
@@ -126,8 +118,6 @@ private:
     QString FailurePrefix() const;
 
     std::unique_ptr<Ui::CDevAdd> m_pUi;
-    GroupLogical::IGroupManager* m_pGroupManager;
-    RemoteConfigLogical::IRemoteConfigManager* m_pRemoteManager;
     bool m_bEdit = false;
     bool m_bBusy = false; ///< what was signalled waits for its answer
     bool m_bConnected = true;
@@ -138,10 +128,8 @@ private:
     bool m_bDictionary = false; ///< the dictionary is there
     RemoteConfigLogical::Dictionary_t m_dictionary;
     std::vector<RemoteConfigLogical::VideoServer_t> m_vecServers;
-    Common::CRequests<GroupParam> m_groupRequests;
-    Common::CRequests<SystemParam> m_systemRequests;
-    Common::CGroupManagerAdapter m_groupAdapter;
-    Common::CSystemConfigAdapter m_systemAdapter;
+    Common::CCalls<GroupLogical::IGroupManagerObserver> m_groupCalls;
+    Common::CCalls<RemoteConfigLogical::ISystemConfigObserver> m_systemCalls;
 };
 
 } // namespace ResourceManagerUI

@@ -20,12 +20,6 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CDevAdd)
 };
 
-enum RequestKind : int
-{
-    KindDictionary = 1,
-    KindServers
-};
-
 using Items = std::vector<RemoteConfigLogical::DictionaryItem_t>;
 
 /// Replaces the choices by those that belong to the parent; the choice stays when it still can.
@@ -59,18 +53,11 @@ void FillOptional(QComboBox* pCombo, const Items& vecItems, const QString& sPare
 void CDevAdd::QueryChoices()
 {
     m_pUi->wgtChoicesFailed->hide();
-    const int nDictionary = m_pRemoteManager ? m_pRemoteManager->QueryDictionary() : 0;
-    if (!m_systemRequests.Supersede(
-            nDictionary, KindDictionary, [this](const SystemParam& param) { OnDictionary(param); })) {
-        SystemParam refused;
-        refused.nErrorCode = UICommonMdl::ErrorInternal;
-        OnDictionary(refused);
-    }
-    const int nServers = m_pRemoteManager ? m_pRemoteManager->QueryVideoServers() : 0;
-    if (!m_systemRequests.Supersede(
-            nServers, KindServers, [this](const SystemParam& param) { OnVideoServers(param); }))
-        qCInfo(LogDeviceForm, "Failed to query video server list,error code = %d",
-            int(UICommonMdl::ErrorInternal));
+    using RemoteConfigLogical::IRemoteConfigManager;
+    m_systemCalls.Latest<&IRemoteConfigManager::QueryDictionary>(
+        [this](const SystemParam& param) { OnDictionary(param); });
+    m_systemCalls.Latest<&IRemoteConfigManager::QueryVideoServers>(
+        [this](const SystemParam& param) { OnVideoServers(param); });
 }
 
 void CDevAdd::OnDictionary(const SystemParam& param)

@@ -19,7 +19,6 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CDevAdd)
 };
 
-constexpr int KindDetail = 1;
 constexpr const char* DefaultUserName = "admin";
 
 std::string Typed(const VxGUI::VxLineEdit* pEdit)
@@ -63,7 +62,7 @@ void CDevAdd::Start(bool bEdit, const std::vector<GroupLogical::Organization_t>&
     const GroupLogical::DeviceAddInfo_t& device)
 {
     m_bEdit = bEdit;
-    m_groupRequests.Clear();
+    m_groupCalls.ForgetAll();
     SetBusy(false);
     const QString sTitle = bEdit ? Text::tr("Edit Device") : Text::tr("Add Device");
     m_pUi->lbDevAddTitle->setText(sTitle);
@@ -84,12 +83,8 @@ void CDevAdd::QueryDevice()
 {
     m_pUi->wgtDevAddState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading"));
     ShowStep(m_pUi->wgtDevAddState);
-    const int nSequence = m_pGroupManager ? m_pGroupManager->QueryDeviceDetail(m_sDeviceId.toStdString()) : 0;
-    if (m_groupRequests.Supersede(
-            nSequence, KindDetail, [this](const GroupParam& param) { OnDevice(param); }))
-        return;
-    GroupParam refused;
-    OnDevice(refused);
+    m_groupCalls.Latest<&GroupLogical::IGroupManager::QueryDeviceDetail>(
+        m_sDeviceId.toStdString(), [this](const GroupParam& param) { OnDevice(param); });
 }
 
 void CDevAdd::OnDevice(const GroupParam& param)

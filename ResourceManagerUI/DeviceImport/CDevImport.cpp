@@ -46,23 +46,21 @@ CFileDownload::Request TemplateRequest(const std::string& sUrl, const QString& s
 CDevImport::CDevImport(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
     : QDialog(pParent)
     , m_pUi(std::make_unique<Ui::CDevImport>())
-    , m_pRemoteManager(pInterfaceSet->GetRemoteConfigManager())
     , m_pRun(new CImportRun(pInterfaceSet, this))
     , m_pDownload(new CFileDownload(pInterfaceSet, this))
     , m_pResultModel(new CImportResultModel(this))
-    , m_systemAdapter(m_pRemoteManager)
+    , m_session(pInterfaceSet, this)
+    , m_calls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
     setObjectName(QStringLiteral("CDevImport"));
+    m_pUi->wgtP2P->SetInterfaceSet(pInterfaceSet);
     resize(820, 560);
     SetUpChoosing();
     SetUpResult();
     ConnectRun();
-    connect(
-        &m_systemAdapter, &Common::CSystemConfigAdapter::SignalState, this,
-        [this](const SystemParam& param) { m_systemRequests.Answer(param); }, Qt::QueuedConnection);
-    connect(m_pUi->lbConnection, &CConnectionNotice::SignalConnected, this, &CDevImport::OnConnected);
-    m_pUi->lbConnection->Watch(m_pRemoteManager);
+    m_pUi->lbConnection->Watch(m_session);
+    connect(&m_session, &Common::CSession::SignalConnectionChanged, this, &CDevImport::OnConnected);
     SetOrganization({}, {});
     ShowChoosing();
     Common::LoadStyleSheet(this, SkinFolder());
@@ -87,7 +85,6 @@ void CDevImport::SetUpChoosing()
             TemplateRequest(m_features.sIntercomTemplateUrl, QStringLiteral("intercom_template.xlsx")));
     });
     connect(m_pDownload, &CFileDownload::SignalEnded, this, &CDevImport::Notify);
-    m_pUi->wgtP2P->SetManager(m_pRemoteManager);
     connect(m_pUi->wgtP2P, &CP2PImportWidget::SignalRefresh, this, &CDevImport::QueryFeatures);
     connect(m_pUi->wgtP2P, &CP2PImportWidget::SignalNotify, this,
         [this](const QString& sText) { Notify(sText, false); });
@@ -179,7 +176,7 @@ void CDevImport::ShowChoosing()
 
 void CDevImport::UpdateEnabled()
 {
-    const bool bConnected = m_pUi->lbConnection->IsConnected();
+    const bool bConnected = m_session.IsConnected();
     m_pUi->btnBrowse->setEnabled(bConnected);
     m_pUi->btnTemplate->setEnabled(bConnected && !m_features.sTemplateUrl.empty());
     m_pUi->btnIntercomTemplate->setEnabled(bConnected && !m_features.sIntercomTemplateUrl.empty());
@@ -196,15 +193,8 @@ void CDevImport::OnConnected(bool bConnected)
 
 void CDevImport::QueryFeatures()
 {
-    const int nSequence = m_pRemoteManager ? m_pRemoteManager->QueryFeatures() : 0;
-    const bool bSent = m_systemRequests.Supersede(
-        nSequence, KindFeatures, [this](const SystemParam& param) { OnFeatures(param); });
-    if (!bSent) {
-        SystemParam refused;
-        refused.nErrorCode = UICommonMdl::ErrorDisconnected;
-        OnFeatures(refused);
-        return;
-    }
+    m_calls.Latest<&RemoteConfigLogical::IRemoteConfigManager::QueryFeatures>(
+        [this](const SystemParam& param) { OnFeatures(param); });
     m_pUi->wgtP2P->ShowLoading();
 }
 

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <RemoteConfigLogical/IRemoteConfigManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
+#include <common/CSession.h>
 
 #include <QDialog>
 
@@ -10,9 +9,6 @@
 
 namespace Ui {
 class CDevImport;
-}
-namespace UICommonMdl {
-class CInterfaceSetManager;
 }
 
 namespace ResourceManagerUI {
@@ -79,7 +75,6 @@ private:
     void OnFailListClicked();
 
     std::unique_ptr<Ui::CDevImport> m_pUi;
-    RemoteConfigLogical::IRemoteConfigManager* m_pRemoteManager;
     CImportRun* m_pRun;
     CFileDownload* m_pDownload;
     CImportResultModel* m_pResultModel;
@@ -87,8 +82,8 @@ private:
     RemoteConfigLogical::Features_t m_features;
     bool m_bFeaturesKnown = false;
     bool m_bRunning = false; ///< as told by SignalImportStatue
-    Common::CRequests<SystemParam> m_systemRequests;
-    Common::CSystemConfigAdapter m_systemAdapter;
+    Common::CSession m_session;
+    Common::CCalls<RemoteConfigLogical::ISystemConfigObserver> m_calls;
 };
 
 } // namespace ResourceManagerUI

@@ -23,7 +23,7 @@ struct Text
 } // namespace
 
 CFileDownload::CFileDownload(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pWindow)
-    : QObject(pWindow)
+    : CPageWork(pWindow)
     , m_pInterfaceSet(pInterfaceSet)
     , m_pTransfers(pInterfaceSet->GetTransferManager())
     , m_pWindow(pWindow)
@@ -60,6 +60,14 @@ void CFileDownload::Start(const Request& request)
         m_mapRequests.insert(nTransfer, request);
     else
         Q_EMIT SignalEnded(request.sFailed, false);
+}
+
+void CFileDownload::End()
+{
+    const QHash<int, Request> mapRunning = std::exchange(m_mapRequests, {});
+    for (auto it = mapRunning.begin(); it != mapRunning.end(); ++it)
+        m_pTransfers->Cancel(it.key());
+    m_pTransfers = nullptr;
 }
 
 QString CFileDownload::ChoosePath(const Request& request)

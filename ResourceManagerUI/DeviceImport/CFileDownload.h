@@ -1,7 +1,8 @@
 #pragma once
 
+#include <common/CPageWork.h>
+
 #include <QHash>
-#include <QObject>
 #include <QPointer>
 #include <QString>
 
@@ -15,7 +16,7 @@ namespace ResourceManagerUI {
 
 /// Lets the user choose where a file of the server goes and downloads it there. Several may run at once; they
 /// go on when this object is destroyed. User-interface thread.
-class CFileDownload : public QObject
+class CFileDownload : public Common::CPageWork
 {
     Q_OBJECT
 
@@ -34,6 +35,8 @@ public:
     CFileDownload(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pWindow);
 
     void Start(const Request& request);
+    /// Cancels the downloads that run.
+    void End() override;
 
 Q_SIGNALS:
     void SignalEnded(const QString& sText, bool bGood);

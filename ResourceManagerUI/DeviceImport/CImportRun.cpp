@@ -17,7 +17,6 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CDevImport)
 };
 
-constexpr int KindImport = 1;
 /// The server reports at least each time it has worked on some rows; the last step of a large import, when
 /// all devices enter the list at once, has none in between.
 constexpr std::chrono::minutes ReportTimeOut{10};
@@ -28,13 +27,14 @@ CImportRun::CImportRun(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QObject
     : QObject(pParent)
     , m_pInterfaceSet(pInterfaceSet)
     , m_pTransfers(pInterfaceSet->GetTransferManager())
-    , m_adapter(pInterfaceSet->GetGroupManager())
+    , m_calls(pInterfaceSet, this)
 {
-    m_requests.SetTimeOut(ReportTimeOut);
+    m_calls.SetLimit(ReportTimeOut);
     connect(&m_reading, &QFutureWatcherBase::finished, this, &CImportRun::OnLoaded);
-    connect(
-        &m_adapter, &Common::CGroupManagerAdapter::SignalState, this,
-        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
+    connect(&m_calls, &Common::CPageWork::SignalEnding, this, [this] {
+        if (m_stage == Stage::Uploading)
+            m_pTransfers->Cancel(m_nUpload);
+    });
     if (!m_pTransfers)
         return;
     connect(
@@ -43,11 +43,7 @@ CImportRun::CImportRun(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QObject
         m_pTransfers, &UICommonMdl::ITransferManager::SignalFinished, this, &CImportRun::OnUploadFinished);
 }
 
-CImportRun::~CImportRun()
-{
-    if (m_stage == Stage::Uploading)
-        m_pTransfers->Cancel(m_nUpload);
-}
+CImportRun::~CImportRun() = default;
 
 void CImportRun::SetStage(Stage stage)
 {
@@ -69,7 +65,7 @@ void CImportRun::Begin(Stage stage, const Options& options)
 
 void CImportRun::Reset()
 {
-    m_requests.Clear();
+    m_calls.ForgetAll();
     m_nUpload = 0;
     if (m_stage != Stage::Idle)
         SetStage(Stage::Idle);
@@ -147,16 +143,13 @@ void CImportRun::Send(GroupLogical::ImportRequest_t request)
 {
     request.sOrgCode = m_options.sOrgCode.toStdString();
     request.bAllOrNothing = m_options.bAllOrNothing;
-    GroupLogical::IGroupManager* const pManager = m_pInterfaceSet->GetGroupManager();
-    Wait(pManager ? pManager->ImportDevice(request) : 0);
+    m_calls.Latest<&GroupLogical::IGroupManager::ImportDevice>(
+        request, [this](const Param& param) { OnReport(param); });
+    Wait();
 }
 
-void CImportRun::Wait(int nSequence)
+void CImportRun::Wait()
 {
-    if (!m_requests.Supersede(nSequence, KindImport, [this](const Param& param) { OnReport(param); })) {
-        Refuse(Text::tr("Failed to import device!"));
-        return;
-    }
     SetStage(Stage::Importing);
     Q_EMIT SignalProgress();
 }
@@ -210,13 +203,17 @@ void CImportRun::ImportUploaded(bool bOverwrite)
     if (m_stage != Stage::Uploaded)
         return;
     m_state.nTotal = m_sheet.nRows;
-    GroupLogical::IGroupManager* const pManager = m_pInterfaceSet->GetGroupManager();
-    Wait(pManager ? pManager->ImportUploaded(m_sheet.sJob.toStdString(), m_options.bAllOrNothing, bOverwrite)
-                  : 0);
+    m_calls.Latest<&GroupLogical::IGroupManager::ImportUploaded>(m_sheet.sJob.toStdString(),
+        m_options.bAllOrNothing, bOverwrite, [this](const Param& param) { OnReport(param); });
+    Wait();
 }
 
 void CImportRun::OnReport(const Param& param)
 {
+    if (param.nErrorCode == UICommonMdl::ErrorNotSent) {
+        Refuse(Text::tr("Failed to import device!"));
+        return;
+    }
     const GroupLogical::ImportState_t& news = param.importState;
     m_state.vecFailed.insert(m_state.vecFailed.end(), news.vecFailed.begin(), news.vecFailed.end());
     // A failure of the request as a whole may come without figures.

@@ -3,9 +3,7 @@
 #include "CDeviceImportFile.h"
 #include "ImportRules.h"
 
-#include <GroupLogical/IGroupManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
 
 #include <QFutureWatcher>
 #include <QObject>
@@ -98,7 +96,7 @@ private:
     void Refuse(const QString& sText);
     void OnLoaded();
     void Send(GroupLogical::ImportRequest_t request);
-    void Wait(int nSequence);
+    void Wait();
     void OnUploadProgress(int nTransfer, qint64 nDone, qint64 nTotal);
     void OnUploadFinished(int nTransfer, int nErrorCode, const QString& sDetail, const QByteArray& baAnswer);
     void OnReport(const Param& param);
@@ -116,8 +114,7 @@ private:
     int m_nErrorCode = 0;
     QString m_sErrorDetail;
     QFutureWatcher<std::shared_ptr<Loaded>> m_reading;
-    Common::CRequests<Param> m_requests;
-    Common::CGroupManagerAdapter m_adapter;
+    Common::CCalls<GroupLogical::IGroupManagerObserver> m_calls;
 };
 
 } // namespace ResourceManagerUI

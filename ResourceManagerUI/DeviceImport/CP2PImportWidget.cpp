@@ -17,7 +17,6 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CDevImport)
 };
 
-constexpr int KindDeviceList = 1;
 constexpr int MaxFieldLength = 50;
 
 enum Column : int
@@ -79,13 +78,9 @@ void CP2PImportWidget::SetUpList()
     connect(m_pUi->btnP2PImport, &QAbstractButton::clicked, this, &CP2PImportWidget::OnImportClicked);
 }
 
-void CP2PImportWidget::SetManager(RemoteConfigLogical::IRemoteConfigManager* pManager)
+void CP2PImportWidget::SetInterfaceSet(const UICommonMdl::CInterfaceSetManager* pInterfaceSet)
 {
-    m_pManager = pManager;
-    m_pAdapter = std::make_unique<Common::CRemoteDeviceAdapter>(pManager);
-    connect(
-        m_pAdapter.get(), &Common::CRemoteDeviceAdapter::SignalState, this,
-        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
+    m_pCalls = std::make_unique<Calls>(pInterfaceSet, this);
 }
 
 void CP2PImportWidget::ShowLoading()
@@ -120,7 +115,7 @@ void CP2PImportWidget::SetConnected(bool bConnected)
 
 void CP2PImportWidget::Clear()
 {
-    m_requests.Clear();
+    m_pCalls->ForgetAll();
     m_pUi->leP2PPassword->setText({});
     ShowDevices({});
 }
@@ -143,10 +138,8 @@ void CP2PImportWidget::OnQueryClicked()
         }
     }
     ShowDevices({});
-    const int nSequence =
-        m_pManager ? m_pManager->QueryP2PDeviceList(sUser.toStdString(), sPassword.toStdString()) : 0;
-    if (!m_requests.Supersede(nSequence, KindDeviceList, [this](const Param& param) { OnDeviceList(param); }))
-        Q_EMIT SignalNotify(Text::tr("Failed to get P2P device list."));
+    m_pCalls->Latest<&RemoteConfigLogical::IRemoteConfigManager::QueryP2PDeviceList>(
+        sUser.toStdString(), sPassword.toStdString(), [this](const Param& param) { OnDeviceList(param); });
     UpdateEnabled();
 }
 
@@ -192,7 +185,7 @@ void CP2PImportWidget::OnImportClicked()
 
 void CP2PImportWidget::UpdateEnabled()
 {
-    const bool bQuerying = m_requests.HasKind(KindDeviceList);
+    const bool bQuerying = m_pCalls && m_pCalls->IsPending();
     const int nChecked = m_pModel->GetCheckedIds().size();
     const bool bAny = m_pModel->rowCount() > 0;
     m_pUi->btnP2PQuery->setEnabled(m_bConnected && !bQuerying);

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <GroupLogical/GroupRecords.h>
-#include <RemoteConfigLogical/IRemoteConfigManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
 
 #include <QWidget>
 
@@ -27,8 +24,8 @@ public:
     explicit CP2PImportWidget(QWidget* pParent = nullptr);
     ~CP2PImportWidget() override;
 
-    /// Called once, before anything else. pManager (borrowed) may be null.
-    void SetManager(RemoteConfigLogical::IRemoteConfigManager* pManager);
+    /// Called once, before anything else. pInterfaceSet is borrowed.
+    void SetInterfaceSet(const UICommonMdl::CInterfaceSetManager* pInterfaceSet);
 
     /// While it is not known what the platform offers.
     void ShowLoading();
@@ -44,7 +41,8 @@ Q_SIGNALS:
     void SignalImport(const std::vector<GroupLogical::ImportRow_t>& vecRows);
 
 private:
-    using Param = RemoteConfigLogical::IRemoteDeviceObserver::Param;
+    using Calls = Common::CCalls<RemoteConfigLogical::IRemoteDeviceObserver>;
+    using Param = Calls::Param;
     void SetUpFields();
     void SetUpList();
     void OnQueryClicked();
@@ -54,12 +52,10 @@ private:
     void UpdateEnabled();
 
     std::unique_ptr<Ui::CP2PImportWidget> m_pUi;
-    RemoteConfigLogical::IRemoteConfigManager* m_pManager = nullptr;
     Common::CTableModel* m_pModel;
     std::vector<RemoteConfigLogical::P2PDevice_t> m_vecDevices;
     bool m_bConnected = true;
-    Common::CRequests<Param> m_requests;
-    std::unique_ptr<Common::CRemoteDeviceAdapter> m_pAdapter;
+    std::unique_ptr<Calls> m_pCalls;
 };
 
 } // namespace ResourceManagerUI

@@ -2,9 +2,9 @@
 
 #include "ui_CBulkResetPassword.h"
 
-#include <Trv/QSkin.h>
 #include <UICommonMdl/CErrorCode.h>
 #include <common/Prompt.h>
+#include <common/StyleSheet.h>
 
 #include <QKeyEvent>
 #include <QPointer>
@@ -21,19 +21,18 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CBulkResetPassword)
 };
 
-constexpr int KindModify = 1;
 constexpr int MaxPasswordLength = 16;
 /// Devices are worked on one after the other, each with a time-out of its own.
 constexpr std::chrono::minutes ReportTimeOut{5};
 
 } // namespace
 
-CBulkResetPassword::CBulkResetPassword(
-    RemoteConfigLogical::IRemoteConfigManager* pManager, const QStringList& listDeviceIds, QWidget* pParent)
+CBulkResetPassword::CBulkResetPassword(const UICommonMdl::CInterfaceSetManager* pInterfaceSet,
+    const QStringList& listDeviceIds, QWidget* pParent)
     : QDialog(pParent)
     , m_pUi(std::make_unique<Ui::CBulkResetPassword>())
-    , m_pManager(pManager)
-    , m_adapter(pManager)
+    , m_session(pInterfaceSet, this)
+    , m_calls(pInterfaceSet, this)
 {
     for (const QString& sId : listDeviceIds)
         m_vecDeviceIds.push_back(sId.toStdString());
@@ -41,27 +40,21 @@ CBulkResetPassword::CBulkResetPassword(
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);
     setMinimumWidth(460);
-    m_requests.SetTimeOut(ReportTimeOut);
+    m_calls.SetLimit(ReportTimeOut);
     SetUpFields();
     QPushButton* const pOk = m_pUi->buttonBox->button(QDialogButtonBox::Ok);
     pOk->setProperty("role", QStringLiteral("primary"));
     connect(m_pUi->buttonBox, &QDialogButtonBox::accepted, this, &CBulkResetPassword::accept);
     connect(m_pUi->buttonBox, &QDialogButtonBox::rejected, this, &CBulkResetPassword::reject);
     connect(
-        &m_adapter, &Common::CRemoteDeviceAdapter::SignalState, this,
-        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
-    connect(
-        m_pUi->lbConnection, &CConnectionNotice::SignalConnected, this, [this] { ShowRunning(m_bRunning); });
+        &m_session, &Common::CSession::SignalConnectionChanged, this, [this] { ShowRunning(m_bRunning); });
     m_pUi->lbFailed->hide();
     m_pUi->listFailed->hide();
     m_pUi->barProgress->hide();
     m_pUi->lbProgress->hide();
-    m_pUi->lbConnection->Watch(pManager);
-    QString sStyleSheet;
-    if (Trv::loadStyleSheet(Trv::GetSkinPath(QStringLiteral("CBulkResetPassword.qss"),
-                                QStringLiteral("ResourceManagerUI/DeviceManager")),
-            sStyleSheet))
-        setStyleSheet(sStyleSheet);
+    m_pUi->lbConnection->Watch(m_session);
+    ShowRunning(false);
+    Common::LoadStyleSheet(this, QStringLiteral("ResourceManagerUI/DeviceManager"));
     m_pUi->m_leInputOldPwd->setFocus();
 }
 
@@ -133,20 +126,13 @@ bool CBulkResetPassword::CheckFields()
 
 void CBulkResetPassword::accept()
 {
-    if (m_bRunning || !m_pUi->lbConnection->IsConnected() || !CheckFields())
+    if (m_bRunning || !m_session.IsConnected() || !CheckFields())
         return;
-    const int nSequence = m_pManager
-        ? m_pManager->ModifyDevicePassword(m_vecDeviceIds, m_pUi->m_leInputOldPwd->text().toStdString(),
-            m_pUi->m_leInputPwd->text().toStdString())
-        : 0;
     m_vecResults.clear();
     m_pUi->listFailed->clear();
-    if (!m_requests.Add(nSequence, KindModify, [this](const Param& param) { OnReport(param); })) {
-        Q_EMIT SignalShowNotify(Text::tr("Failed to modify device password"));
-        m_pUi->lbProgress->setText(Text::tr("Failed to modify device password"));
-        m_pUi->lbProgress->show();
-        return;
-    }
+    m_calls.Each<&RemoteConfigLogical::IRemoteConfigManager::ModifyDevicePassword>(m_vecDeviceIds,
+        m_pUi->m_leInputOldPwd->text().toStdString(), m_pUi->m_leInputPwd->text().toStdString(),
+        [this](const Param& param) { OnReport(param); });
     ShowRunning(true);
     ShowProgress();
 }
@@ -211,7 +197,7 @@ void CBulkResetPassword::ShowRunning(bool bRunning)
     for (QWidget* const pField : {m_pUi->m_leInputOldPwd, m_pUi->m_leInputPwd, m_pUi->m_leConfirmPwd})
         pField->setEnabled(!bRunning);
     QPushButton* const pOk = m_pUi->buttonBox->button(QDialogButtonBox::Ok);
-    pOk->setEnabled(!bRunning && m_pUi->lbConnection->IsConnected());
+    pOk->setEnabled(!bRunning && m_session.IsConnected());
     m_pUi->barProgress->setVisible(bRunning);
     if (!bRunning)
         return;
@@ -236,7 +222,7 @@ void CBulkResetPassword::reject()
         || Common::AskPrompt(this, Text::tr("The passwords are being changed. Are you sure to close it?"));
     if (!guard || !bClose)
         return;
-    m_requests.Clear();
+    m_calls.ForgetAll();
     QDialog::reject();
 }
 

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <RemoteConfigLogical/IRemoteConfigManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
+#include <common/CSession.h>
 
 #include <QDialog>
 
@@ -21,9 +20,9 @@ class CBulkResetPassword : public QDialog
     Q_OBJECT
 
 public:
-    /// pManager (borrowed) may be null: the change fails then.
-    CBulkResetPassword(RemoteConfigLogical::IRemoteConfigManager* pManager, const QStringList& listDeviceIds,
-        QWidget* pParent);
+    /// pInterfaceSet is borrowed.
+    CBulkResetPassword(const UICommonMdl::CInterfaceSetManager* pInterfaceSet,
+        const QStringList& listDeviceIds, QWidget* pParent);
     ~CBulkResetPassword() override;
 
     /// Sends the change, after the checks of the fields.
@@ -51,12 +50,11 @@ private:
     bool ShowFailures();
 
     std::unique_ptr<Ui::CBulkResetPassword> m_pUi;
-    RemoteConfigLogical::IRemoteConfigManager* m_pManager;
     std::vector<std::string> m_vecDeviceIds; ///< the devices that are not done
     RemoteConfigLogical::ModifyDevicePasswordResultInfoVec m_vecResults; ///< of the request under way
     bool m_bRunning = false;
-    Common::CRequests<Param> m_requests;
-    Common::CRemoteDeviceAdapter m_adapter;
+    Common::CSession m_session;
+    Common::CCalls<RemoteConfigLogical::IRemoteDeviceObserver> m_calls;
 };
 
 } // namespace ResourceManagerUI

@@ -10,18 +10,13 @@
 
 namespace ResourceManagerUI {
 
+using RemoteConfigLogical::IRemoteConfigManager;
+
 namespace {
 
 struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(CDevTimeZone)
-};
-
-enum RequestKind : int
-{
-    KindZone = 1,
-    KindServers,
-    KindPush
 };
 
 /// Devices are worked on one after the other, each with a time-out of its own.
@@ -30,31 +25,25 @@ constexpr std::chrono::minutes ReportTimeOut{5};
 } // namespace
 
 CDevTimeZone::CDevTimeZone(
-    RemoteConfigLogical::IRemoteConfigManager* pManager, const Devices& vecDevices, QWidget* pParent)
+    const UICommonMdl::CInterfaceSetManager* pInterfaceSet, const Devices& vecDevices, QWidget* pParent)
     : QDialog(pParent)
     , m_pUi(std::make_unique<Ui::CDevTimeZone>())
-    , m_pManager(pManager)
-    , m_systemAdapter(pManager)
-    , m_remoteAdapter(pManager)
+    , m_session(pInterfaceSet, this)
+    , m_systemCalls(pInterfaceSet, this)
+    , m_deviceCalls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);
     resize(600, 620);
-    m_remoteRequests.SetTimeOut(ReportTimeOut);
+    m_deviceCalls.SetLimit(ReportTimeOut);
     m_pUi->treeDevices->SetDevices(vecDevices);
     m_pUi->buttonBox->button(QDialogButtonBox::Ok)->setProperty("role", QStringLiteral("primary"));
     connect(m_pUi->buttonBox, &QDialogButtonBox::accepted, this, &CDevTimeZone::accept);
     connect(m_pUi->buttonBox, &QDialogButtonBox::rejected, this, &CDevTimeZone::reject);
     connect(m_pUi->wgtServer, &CHomeServerSel::SignalServerChosen, this, &CDevTimeZone::QueryZone);
-    connect(
-        &m_systemAdapter, &Common::CSystemConfigAdapter::SignalState, this,
-        [this](const SystemParam& param) { m_systemRequests.Answer(param); }, Qt::QueuedConnection);
-    connect(
-        &m_remoteAdapter, &Common::CRemoteDeviceAdapter::SignalState, this,
-        [this](const RemoteParam& param) { m_remoteRequests.Answer(param); }, Qt::QueuedConnection);
-    connect(m_pUi->lbConnection, &CConnectionNotice::SignalConnected, this, &CDevTimeZone::UpdateEnabled);
-    m_pUi->lbConnection->Watch(pManager);
+    connect(&m_session, &Common::CSession::SignalConnectionChanged, this, &CDevTimeZone::UpdateEnabled);
+    m_pUi->lbConnection->Watch(m_session);
     Common::LoadStyleSheet(this, QStringLiteral("ResourceManagerUI/DeviceManager"));
 }
 
@@ -71,8 +60,7 @@ void CDevTimeZone::Start()
 
 void CDevTimeZone::QueryServers()
 {
-    const int nSequence = m_pManager ? m_pManager->QueryVideoServers() : 0;
-    m_systemRequests.Supersede(nSequence, KindServers, [this](const SystemParam& param) {
+    m_systemCalls.Latest<&IRemoteConfigManager::QueryVideoServers>([this](const SystemParam& param) {
         if (param.nErrorCode != UICommonMdl::ErrorNone)
             qInfo("Failed to query video server list,error code = %d", param.nErrorCode);
         else
@@ -82,15 +70,8 @@ void CDevTimeZone::QueryServers()
 
 void CDevTimeZone::QueryZone()
 {
-    const int nSequence = m_pManager ? m_pManager->QueryTimeZone() : 0;
-    const bool bSent =
-        m_systemRequests.Supersede(nSequence, KindZone, [this](const SystemParam& param) { OnZone(param); });
-    if (!bSent) {
-        SystemParam refused;
-        refused.nErrorCode = UICommonMdl::ErrorDisconnected;
-        OnZone(refused);
-        return;
-    }
+    m_systemCalls.Latest<&IRemoteConfigManager::QueryTimeZone>(
+        [this](const SystemParam& param) { OnZone(param); });
     UpdateEnabled();
 }
 
@@ -116,9 +97,9 @@ void CDevTimeZone::OnZone(const SystemParam& param)
 
 void CDevTimeZone::UpdateEnabled()
 {
-    const bool bPushing = m_remoteRequests.HasKind(KindPush);
-    const bool bReading = m_systemRequests.HasKind(KindZone);
-    const bool bConnected = m_pUi->lbConnection->IsConnected();
+    const bool bPushing = m_deviceCalls.IsPending();
+    const bool bReading = m_systemCalls.IsPending<&IRemoteConfigManager::QueryTimeZone>();
+    const bool bConnected = m_session.IsConnected();
     const bool bShown = m_pUi->stackTimeZone->currentWidget() == m_pUi->pageSetting;
     m_pUi->wgtServer->setEnabled(!bPushing && !bReading && bConnected);
     m_pUi->wgtTimeZone->setEnabled(!bPushing && !bReading);
@@ -146,11 +127,8 @@ void CDevTimeZone::accept()
     const std::vector<std::string> vecIds = ChooseTargets(setting);
     m_sent = setting;
     SetStates(vecIds, RemoteConfigLogical::TimeZoneSending, UICommonMdl::ErrorNone);
-    const int nSequence = m_pManager ? m_pManager->SetDeviceTimeZone(vecIds, setting) : 0;
-    if (!m_remoteRequests.Add(nSequence, KindPush, [this](const RemoteParam& param) { OnReport(param); })) {
-        SetStates(vecIds, RemoteConfigLogical::TimeZoneFailed, UICommonMdl::ErrorNone);
-        Q_EMIT SignalShowNotify(Text::tr("Failed to set the time zone of the devices."));
-    }
+    m_deviceCalls.Each<&IRemoteConfigManager::SetDeviceTimeZone>(
+        vecIds, setting, [this](const RemoteParam& param) { OnReport(param); });
     ShowSummary();
     UpdateEnabled();
 }

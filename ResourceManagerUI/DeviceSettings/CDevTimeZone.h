@@ -1,8 +1,7 @@
 #pragma once
 
-#include <RemoteConfigLogical/IRemoteConfigManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
+#include <common/CSession.h>
 
 #include <QDialog>
 #include <QPair>
@@ -26,9 +25,9 @@ class CDevTimeZone : public QDialog
 public:
     using Devices = QVector<QPair<QString, QString>>; ///< device ID and name
 
-    /// pManager (borrowed) may be null: the platform's zone cannot be read then.
+    /// pInterfaceSet is borrowed.
     CDevTimeZone(
-        RemoteConfigLogical::IRemoteConfigManager* pManager, const Devices& vecDevices, QWidget* pParent);
+        const UICommonMdl::CInterfaceSetManager* pInterfaceSet, const Devices& vecDevices, QWidget* pParent);
     ~CDevTimeZone() override;
 
     /// Shows the dialog and reads the platform's zone. When that fails the dialog says so by SignalShowNotify
@@ -57,12 +56,10 @@ private:
     void ShowSummary();
 
     std::unique_ptr<Ui::CDevTimeZone> m_pUi;
-    RemoteConfigLogical::IRemoteConfigManager* m_pManager;
     RemoteConfigLogical::TimeZoneSetting_t m_sent; ///< what the marks are about
-    Common::CRequests<SystemParam> m_systemRequests;
-    Common::CRequests<RemoteParam> m_remoteRequests;
-    Common::CSystemConfigAdapter m_systemAdapter;
-    Common::CRemoteDeviceAdapter m_remoteAdapter;
+    Common::CSession m_session;
+    Common::CCalls<RemoteConfigLogical::ISystemConfigObserver> m_systemCalls;
+    Common::CCalls<RemoteConfigLogical::IRemoteDeviceObserver> m_deviceCalls;
 };
 
 } // namespace ResourceManagerUI

@@ -34,7 +34,6 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CAutoSearchOnlineDev)
 };
 
-constexpr int KindSearch = 1;
 const QString StartKey = QStringLiteral("AutoSearchIP/StartIP");
 const QString EndKey = QStringLiteral("AutoSearchIP/EndIP");
 
@@ -44,28 +43,25 @@ CAutoSearchOnlineDev::CAutoSearchOnlineDev(UICommonMdl::CInterfaceSetManager* pI
     : QWidget(pParent)
     , m_pUi(std::make_unique<Ui::CAutoSearchOnlineDev>())
     , m_pInterfaceSet(pInterfaceSet)
-    , m_pRemoteManager(pInterfaceSet->GetRemoteConfigManager())
     , m_pLocalConfig(pInterfaceSet->GetLocalConfig())
     , m_pModel(new COnlineDeviceModel(this))
     , m_pSorted(new QSortFilterProxyModel(this))
-    , m_adapter(m_pRemoteManager)
+    , m_calls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
     setObjectName(QStringLiteral("AutoSearchOnlineDev"));
     SetUpTable();
     SetUpRange();
     SetUpButtons();
-    connect(&m_adapter, &Common::CRemoteDeviceAdapter::SignalState, this,
-        &CAutoSearchOnlineDev::OnRemoteState, Qt::QueuedConnection);
+    connect(&m_calls, &Common::CPageWork::SignalEnding, this, [this] {
+        if (m_nSearch > 0)
+            m_calls.GetManager()->StopSearch(m_nSearch);
+    });
     ShowState();
     Common::LoadStyleSheet(this, QStringLiteral("ResourceManagerUI/DeviceManager"));
 }
 
-CAutoSearchOnlineDev::~CAutoSearchOnlineDev()
-{
-    if (m_nSearch > 0)
-        m_pRemoteManager->StopSearch(m_nSearch);
-}
+CAutoSearchOnlineDev::~CAutoSearchOnlineDev() = default;
 
 void CAutoSearchOnlineDev::SetUpTable()
 {
@@ -197,35 +193,27 @@ void CAutoSearchOnlineDev::StartSearch()
     m_pModel->Clear();
     m_bSearched = true;
     m_nSearchError = UICommonMdl::ErrorNone;
-    const int nSequence = m_pRemoteManager
-        ? m_pRemoteManager->SearchOnlineDevice(pStart->text().toStdString(), pEnd->text().toStdString())
-        : 0;
-    m_bFailed =
-        !m_requests.Supersede(nSequence, KindSearch, [this](const Param& param) { OnSearchReport(param); });
-    m_nSearch = m_bFailed ? 0 : nSequence;
-    if (m_bFailed)
-        Q_EMIT SignalShowNotify(Text::tr("Failed to search device"));
+    m_bFailed = false;
+    m_calls.Latest<&RemoteConfigLogical::IRemoteConfigManager::SearchOnlineDevice>(
+        pStart->text().toStdString(), pEnd->text().toStdString(),
+        [this](const Param& param) { OnSearchReport(param); });
+    m_nSearch = qMax(0, m_calls.GetLastSequence());
     ShowState();
 }
 
 void CAutoSearchOnlineDev::StopSearch()
 {
     // What is on its way still comes: the request stays open until its final report.
-    m_pRemoteManager->StopSearch(std::exchange(m_nSearch, 0));
+    m_calls.GetManager()->StopSearch(std::exchange(m_nSearch, 0));
     ShowState();
-}
-
-void CAutoSearchOnlineDev::OnRemoteState(const Param& param)
-{
-    if (param.nResultCode == RemoteConfigLogical::IRemoteDeviceObserver::ResultSearchDevice && !m_bShown) {
-        qCInfo(LogSearch, "Result return befor the dialog open!");
-        return;
-    }
-    m_requests.Answer(param);
 }
 
 void CAutoSearchOnlineDev::OnSearchReport(const Param& param)
 {
+    if (!m_bShown) {
+        qCInfo(LogSearch, "Result return befor the dialog open!");
+        return;
+    }
     m_pModel->Add(param.vecFound);
     if (!param.bFinal)
         return;
@@ -333,7 +321,7 @@ void CAutoSearchOnlineDev::OnOperationClicked(const QModelIndex& index, int nRol
 
 void CAutoSearchOnlineDev::OpenInitialize(const RemoteConfigLogical::SearchDeviceInfoVec& vecDevices)
 {
-    auto* pDialog = new CDeviceInitialize(m_pRemoteManager, vecDevices, this);
+    auto* pDialog = new CDeviceInitialize(m_pInterfaceSet, vecDevices, this);
     connect(pDialog, &CDeviceInitialize::SignalInitialized, m_pModel, &COnlineDeviceModel::SetInitialized);
     pDialog->open();
 }
@@ -343,15 +331,15 @@ void CAutoSearchOnlineDev::OpenModifyIp(
 {
     if (vecDevices.empty())
         return;
-    auto* pDialog = new CModifyIP(m_pRemoteManager, vecDevices, m_pModel->GetAll(), sNewIp, this);
+    auto* pDialog = new CModifyIP(m_pInterfaceSet, vecDevices, m_pModel->GetAll(), sNewIp, this);
     connect(pDialog, &CModifyIP::SignalAddressModified, m_pModel, &COnlineDeviceModel::SetAddress);
     pDialog->open();
 }
 
 void CAutoSearchOnlineDev::OpenAdd(const RemoteConfigLogical::SearchDeviceInfoVec& vecDevices)
 {
-    auto* pDialog = new CBatchAddDiscoverDeviceDlg(
-        m_pInterfaceSet->GetGroupManager(), vecDevices, m_vecOrganizations, m_sOrgCode, this);
+    auto* pDialog =
+        new CBatchAddDiscoverDeviceDlg(m_pInterfaceSet, vecDevices, m_vecOrganizations, m_sOrgCode, this);
     connect(pDialog, &CBatchAddDiscoverDeviceDlg::SignalStateChanged, this,
         [this](const QStringList& listKeys, int nState) {
             m_pModel->SetState(listKeys, static_cast<FoundState>(nState));

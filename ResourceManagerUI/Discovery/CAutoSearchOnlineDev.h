@@ -1,9 +1,6 @@
 #pragma once
 
-#include <GroupLogical/GroupRecords.h>
-#include <RemoteConfigLogical/IRemoteConfigManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
 
 #include <QWidget>
 
@@ -14,7 +11,6 @@ namespace Ui {
 class CAutoSearchOnlineDev;
 }
 namespace UICommonMdl {
-class CInterfaceSetManager;
 class ILocalConfig;
 } // namespace UICommonMdl
 
@@ -32,7 +28,6 @@ public:
     /// pInterfaceSet is borrowed and outlives the panel.
     explicit CAutoSearchOnlineDev(
         UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent = nullptr);
-    /// Stops a search that runs.
     ~CAutoSearchOnlineDev() override;
 
     /// While the connection is lost the panel is disabled; what was found stays.
@@ -62,7 +57,6 @@ private:
     void OnBtnSearchClicked();
     void StartSearch();
     void StopSearch();
-    void OnRemoteState(const Param& param);
     void OnSearchReport(const Param& param);
     void ShowState();
     void ShowChecks();
@@ -79,7 +73,6 @@ private:
 
     std::unique_ptr<Ui::CAutoSearchOnlineDev> m_pUi;
     UICommonMdl::CInterfaceSetManager* m_pInterfaceSet;
-    RemoteConfigLogical::IRemoteConfigManager* m_pRemoteManager;
     UICommonMdl::ILocalConfig* m_pLocalConfig;
     COnlineDeviceModel* m_pModel;
     QSortFilterProxyModel* m_pSorted;
@@ -91,8 +84,7 @@ private:
     int m_nSearch = 0; ///< number of the search that runs; 0: none
     bool m_bFailed = false; ///< the last search failed
     int m_nSearchError = 0; ///< UICommonMdl::ErrorCode of that
-    Common::CRequests<Param> m_requests;
-    Common::CRemoteDeviceAdapter m_adapter;
+    Common::CCalls<RemoteConfigLogical::IRemoteDeviceObserver> m_calls;
 };
 
 } // namespace ResourceManagerUI

@@ -5,7 +5,6 @@
 #include "ui_CBatchAddDiscoverDeviceDlg.h"
 
 #include <DeviceEdit/DeviceFormFields.h>
-#include <VxGUI/VxNotification.h>
 #include <common/CTableModel.h>
 #include <common/Prompt.h>
 #include <common/StyleSheet.h>
@@ -21,18 +20,16 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CBatchAddDiscoverDeviceDlg)
 };
 
-constexpr int KindImport = 1;
 constexpr int ColumnName = 0;
 
 } // namespace
 
-CBatchAddDiscoverDeviceDlg::CBatchAddDiscoverDeviceDlg(GroupLogical::IGroupManager* pManager,
+CBatchAddDiscoverDeviceDlg::CBatchAddDiscoverDeviceDlg(const UICommonMdl::CInterfaceSetManager* pInterfaceSet,
     Devices vecDevices, const std::vector<GroupLogical::Organization_t>& vecOrganizations,
     const QString& sOrgCode, QWidget* pParent)
     : CFoundDeviceDlg(std::move(vecDevices), pParent)
     , m_pUi(std::make_unique<Ui::CBatchAddDiscoverDeviceDlg>())
-    , m_pManager(pManager)
-    , m_adapter(pManager)
+    , m_calls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
     resize(760, 520);
@@ -57,9 +54,6 @@ CBatchAddDiscoverDeviceDlg::CBatchAddDiscoverDeviceDlg(GroupLogical::IGroupManag
     connect(
         m_pUi->btnBatchAdd, &QAbstractButton::clicked, this, &CBatchAddDiscoverDeviceDlg::OnBtnAddClicked);
     connect(m_pUi->btnBatchClose, &QAbstractButton::clicked, this, &CBatchAddDiscoverDeviceDlg::reject);
-    connect(
-        &m_adapter, &Common::CGroupManagerAdapter::SignalState, this,
-        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
     m_pUi->btnBatchAdd->setDefault(true);
     m_pUi->editBatchPassword->setFocus();
     Common::LoadStyleSheet(this, QStringLiteral("ResourceManagerUI/DeviceManager"));
@@ -125,12 +119,8 @@ void CBatchAddDiscoverDeviceDlg::OnBtnAddClicked()
             m_pUi->editBatchUser->text(), m_pUi->editBatchPassword->text()));
         listKeys.append(GetKey(nRow));
     }
-    const int nSequence = m_pManager ? m_pManager->ImportDevice(request) : 0;
-    if (!m_requests.Add(
-            nSequence, KindImport, [this, vecRows](const Param& param) { OnImportReport(vecRows, param); })) {
-        VxGUI::VxNotification::Show(this, Text::tr("Failed to add device"));
-        return;
-    }
+    m_calls.Each<&GroupLogical::IGroupManager::ImportDevice>(
+        request, [this, vecRows](const Param& param) { OnImportReport(vecRows, param); });
     BeginWork(vecRows);
     Q_EMIT SignalStateChanged(listKeys, FoundAdding);
 }

@@ -2,9 +2,7 @@
 
 #include "CFoundDeviceDlg.h"
 
-#include <GroupLogical/IGroupManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
 
 #include <memory>
 
@@ -21,8 +19,8 @@ class CBatchAddDiscoverDeviceDlg : public CFoundDeviceDlg
     Q_OBJECT
 
 public:
-    /// pManager (borrowed) may be null: every adding is refused then.
-    CBatchAddDiscoverDeviceDlg(GroupLogical::IGroupManager* pManager, Devices vecDevices,
+    /// pInterfaceSet is borrowed.
+    CBatchAddDiscoverDeviceDlg(const UICommonMdl::CInterfaceSetManager* pInterfaceSet, Devices vecDevices,
         const std::vector<GroupLogical::Organization_t>& vecOrganizations, const QString& sOrgCode,
         QWidget* pParent);
     ~CBatchAddDiscoverDeviceDlg() override;
@@ -46,9 +44,7 @@ private:
     void OnImportReport(const QVector<int>& vecRows, const Param& param);
 
     std::unique_ptr<Ui::CBatchAddDiscoverDeviceDlg> m_pUi;
-    GroupLogical::IGroupManager* m_pManager;
-    Common::CRequests<Param> m_requests;
-    Common::CGroupManagerAdapter m_adapter;
+    Common::CCalls<GroupLogical::IGroupManagerObserver> m_calls;
 };
 
 } // namespace ResourceManagerUI

@@ -3,7 +3,6 @@
 #include "DiscoveryRules.h"
 #include "ui_CDeviceInitialize.h"
 
-#include <VxGUI/VxNotification.h>
 #include <common/CTableModel.h>
 #include <common/StyleSheet.h>
 
@@ -16,16 +15,13 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CDeviceInitialize)
 };
 
-constexpr int KindInitialize = 1;
-
 } // namespace
 
 CDeviceInitialize::CDeviceInitialize(
-    RemoteConfigLogical::IRemoteConfigManager* pManager, Devices vecDevices, QWidget* pParent)
+    const UICommonMdl::CInterfaceSetManager* pInterfaceSet, Devices vecDevices, QWidget* pParent)
     : CFoundDeviceDlg(std::move(vecDevices), pParent)
     , m_pUi(std::make_unique<Ui::CDeviceInitialize>())
-    , m_pManager(pManager)
-    , m_adapter(pManager)
+    , m_calls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
     resize(640, 560);
@@ -45,9 +41,6 @@ CDeviceInitialize::CDeviceInitialize(
         &Common::CPasswordStrength::SetPassword);
     connect(m_pUi->btnInitOk, &QAbstractButton::clicked, this, &CDeviceInitialize::OnBtnOkClicked);
     connect(m_pUi->btnInitClose, &QAbstractButton::clicked, this, &CDeviceInitialize::reject);
-    connect(
-        &m_adapter, &Common::CRemoteDeviceAdapter::SignalState, this,
-        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
     m_pUi->btnInitOk->setDefault(true);
     m_pUi->editInitPassword->setFocus();
     Common::LoadStyleSheet(this, QStringLiteral("ResourceManagerUI/DeviceManager"));
@@ -88,14 +81,10 @@ void CDeviceInitialize::OnBtnOkClicked()
         const RemoteConfigLogical::SearchDeviceInfo_t& device = GetDevices()[std::size_t(nRow)];
         vecDevices.push_back({device.sIp, device.nPort, device.sProtocol});
     }
-    const int nSequence = m_pManager
-        ? m_pManager->InitializeDevice(vecDevices, m_pUi->editInitPassword->text().toStdString(),
-            m_pUi->editInitContact->text().trimmed().toStdString())
-        : 0;
-    if (m_requests.Add(nSequence, KindInitialize, [this](const Param& param) { OnReport(param); }))
-        BeginWork(vecRows);
-    else
-        VxGUI::VxNotification::Show(this, Text::tr("Failed to initialize device"));
+    m_calls.Each<&RemoteConfigLogical::IRemoteConfigManager::InitializeDevice>(vecDevices,
+        m_pUi->editInitPassword->text().toStdString(), m_pUi->editInitContact->text().trimmed().toStdString(),
+        [this](const Param& param) { OnReport(param); });
+    BeginWork(vecRows);
 }
 
 void CDeviceInitialize::OnReport(const Param& param)

@@ -2,9 +2,7 @@
 
 #include "CFoundDeviceDlg.h"
 
-#include <RemoteConfigLogical/IRemoteConfigManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
 
 #include <memory>
 
@@ -20,9 +18,9 @@ class CDeviceInitialize : public CFoundDeviceDlg
     Q_OBJECT
 
 public:
-    /// pManager (borrowed) may be null: the work is refused then.
+    /// pInterfaceSet is borrowed.
     CDeviceInitialize(
-        RemoteConfigLogical::IRemoteConfigManager* pManager, Devices vecDevices, QWidget* pParent);
+        const UICommonMdl::CInterfaceSetManager* pInterfaceSet, Devices vecDevices, QWidget* pParent);
     ~CDeviceInitialize() override;
 
 Q_SIGNALS:
@@ -38,9 +36,7 @@ private:
     void OnReport(const Param& param);
 
     std::unique_ptr<Ui::CDeviceInitialize> m_pUi;
-    RemoteConfigLogical::IRemoteConfigManager* m_pManager;
-    Common::CRequests<Param> m_requests;
-    Common::CRemoteDeviceAdapter m_adapter;
+    Common::CCalls<RemoteConfigLogical::IRemoteDeviceObserver> m_calls;
 };
 
 } // namespace ResourceManagerUI

@@ -4,7 +4,6 @@
 #include "ui_CModifyIP.h"
 
 #include <DeviceEdit/DeviceFormFields.h>
-#include <VxGUI/VxNotification.h>
 #include <common/CTableModel.h>
 #include <common/StyleSheet.h>
 
@@ -17,7 +16,6 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CModifyIP)
 };
 
-constexpr int KindModify = 1;
 enum Column : int
 {
     ColumnCurrent = 0,
@@ -27,12 +25,11 @@ enum Column : int
 
 } // namespace
 
-CModifyIP::CModifyIP(RemoteConfigLogical::IRemoteConfigManager* pManager, Devices vecDevices,
+CModifyIP::CModifyIP(const UICommonMdl::CInterfaceSetManager* pInterfaceSet, Devices vecDevices,
     const Devices& vecFound, const QString& sNewIp, QWidget* pParent)
     : CFoundDeviceDlg(std::move(vecDevices), pParent)
     , m_pUi(std::make_unique<Ui::CModifyIP>())
-    , m_pManager(pManager)
-    , m_adapter(pManager)
+    , m_calls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
     resize(680, 560);
@@ -53,9 +50,6 @@ CModifyIP::CModifyIP(RemoteConfigLogical::IRemoteConfigManager* pManager, Device
     SetUpFields(sNewIp);
     connect(m_pUi->btnModifyOk, &QAbstractButton::clicked, this, &CModifyIP::OnBtnOkClicked);
     connect(m_pUi->btnModifyClose, &QAbstractButton::clicked, this, &CModifyIP::reject);
-    connect(
-        &m_adapter, &Common::CRemoteDeviceAdapter::SignalState, this,
-        [this](const Param& param) { m_requests.Answer(param); }, Qt::QueuedConnection);
     Common::LoadStyleSheet(this, QStringLiteral("ResourceManagerUI/DeviceManager"));
 }
 
@@ -141,11 +135,9 @@ void CModifyIP::OnBtnOkClicked()
             GetModel()->item(nRow, ColumnNew)->text().toStdString(), m_pUi->editNewMask->text().toStdString(),
             m_pUi->editNewGateway->text().toStdString()});
     }
-    const int nSequence = m_pManager ? m_pManager->ModifyAddress(vecDevices) : 0;
-    if (m_requests.Add(nSequence, KindModify, [this](const Param& param) { OnReport(param); }))
-        BeginWork(vecRows);
-    else
-        VxGUI::VxNotification::Show(this, Text::tr("Failed to modify IP"));
+    m_calls.Each<&RemoteConfigLogical::IRemoteConfigManager::ModifyAddress>(
+        vecDevices, [this](const Param& param) { OnReport(param); });
+    BeginWork(vecRows);
 }
 
 void CModifyIP::OnReport(const Param& param)

@@ -2,9 +2,7 @@
 
 #include "CFoundDeviceDlg.h"
 
-#include <RemoteConfigLogical/IRemoteConfigManager.h>
-#include <common/CRequests.h>
-#include <common/ObserverAdapters.h>
+#include <common/CCalls.h>
 
 #include <memory>
 
@@ -23,8 +21,8 @@ class CModifyIP : public CFoundDeviceDlg
 
 public:
     /// vecFound: all devices of the search, whose addresses are taken. sNewIp, when not empty, is proposed.
-    /// pManager (borrowed) may be null: the work is refused then.
-    CModifyIP(RemoteConfigLogical::IRemoteConfigManager* pManager, Devices vecDevices,
+    /// pInterfaceSet is borrowed.
+    CModifyIP(const UICommonMdl::CInterfaceSetManager* pInterfaceSet, Devices vecDevices,
         const Devices& vecFound, const QString& sNewIp, QWidget* pParent);
     ~CModifyIP() override;
 
@@ -44,10 +42,8 @@ private:
     void OnReport(const Param& param);
 
     std::unique_ptr<Ui::CModifyIP> m_pUi;
-    RemoteConfigLogical::IRemoteConfigManager* m_pManager;
     QStringList m_listUsed; ///< addresses of the devices that are not in the list
-    Common::CRequests<Param> m_requests;
-    Common::CRemoteDeviceAdapter m_adapter;
+    Common::CCalls<RemoteConfigLogical::IRemoteDeviceObserver> m_calls;
 };
 
 } // namespace ResourceManagerUI

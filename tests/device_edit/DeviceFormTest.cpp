@@ -255,8 +255,8 @@ TEST_F(DeviceForm, RefusalComesUpUnderItsField)
     m_pForm->SetAnswer(UICommonMdl::ErrorTimeOut, {}, {});
     EXPECT_EQ(LastNotice(), "Failed to add device: The server did not answer in time.");
     Click("btnFinish");
-    m_pForm->SetRefused();
-    EXPECT_EQ(LastNotice(), "Failed to add device.");
+    m_pForm->SetAnswer(UICommonMdl::ErrorNotSent, {}, {});
+    EXPECT_EQ(LastNotice(), "Failed to add device: The request could not be sent to the server.");
     EXPECT_EQ(Content("editDevName"), "Gate camera 2") << "the input stays";
     EXPECT_EQ(m_vecAdded.size(), 4U);
     m_pForm->SetAnswer(UICommonMdl::ErrorNone, {}, {});

@@ -153,8 +153,7 @@ TEST_F(FoundDeviceDialogs, AddingThatFailsAsAWholeLeavesTheRowsNew)
     EXPECT_EQ(m_nAdded, 0);
     m_host.group.Refuse("ImportDevice");
     pDialog->Click(QStringLiteral("btnBatchAdd"));
-    EXPECT_EQ(VxGUI::VxNotification::CurrentText(FindDialog<CBatchAddDiscoverDeviceDlg>()),
-        QStringLiteral("Failed to add device"));
+    EXPECT_EQ(Text(*pDialog, "tableBatch", 0, 4), "The request could not be sent to the server.");
     EXPECT_TRUE(pDialog->IsUsable(QStringLiteral("btnBatchAdd")));
     FindDialog<CBatchAddDiscoverDeviceDlg>()->reject();
 }

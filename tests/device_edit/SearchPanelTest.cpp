@@ -134,7 +134,7 @@ TEST_F(SearchPanel, FailuresAndNothingFoundLookDifferent)
     EXPECT_EQ(LastNotice(), "Failed to search device: The server cannot be reached.");
     m_host.remote.devices.Refuse("SearchOnlineDevice");
     Click("btnStateAction");
-    EXPECT_EQ(LastNotice(), "Failed to search device");
+    EXPECT_EQ(LastNotice(), "Failed to search device: The request could not be sent to the server.");
     EXPECT_EQ(
         m_pDriver->Find<QPushButton>(QStringLiteral("btnAutoSearch"))->text(), QStringLiteral("Auto Search"));
     m_pPanel->SetConnected(false);

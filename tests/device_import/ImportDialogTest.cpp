@@ -439,7 +439,8 @@ TEST_F(ImportDialog, AccountFailuresReleaseTheSection)
     EXPECT_EQ(ask(UICommonMdl::ErrorNone, 0), QStringLiteral("Import P2P device list is empty."));
     m_host.remote.devices.Refuse("QueryP2PDeviceList");
     m_driver.Click(QStringLiteral("btnP2PQuery"));
-    EXPECT_EQ(Notice(), QStringLiteral("Failed to get P2P device list."));
+    EXPECT_EQ(Notice(),
+        QStringLiteral("Failed to get P2P device list. The request could not be sent to the server."));
 }
 
 TEST_F(ImportDialog, WithoutAnAccountServiceTheSectionSaysSo)

@@ -22,7 +22,7 @@ protected:
     void SetUp() override
     {
         m_pDialog = new CBulkResetPassword(
-            &m_host.remote, {QStringLiteral("1001"), QStringLiteral("1002")}, &m_window);
+            &m_host.interfaceSet, {QStringLiteral("1001"), QStringLiteral("1002")}, &m_window);
         QObject::connect(m_pDialog, &CBulkResetPassword::SignalShowNotify, &m_window,
             [this](const QString& sText) { m_listNotices << sText; });
         m_pDialog->open();
@@ -137,7 +137,9 @@ TEST_F(PasswordDialog, FailureOfTheWholeIsToldAndReleasesTheDialog)
         QStringLiteral("Failed to modify device password: You do not have the right to do this."));
     m_host.remote.devices.Refuse("ModifyDevicePassword");
     ClickOk();
-    EXPECT_EQ(m_listNotices.last(), QStringLiteral("Failed to modify device password"));
+    PageDriver::Settle();
+    EXPECT_EQ(m_listNotices.last(),
+        QStringLiteral("Failed to modify device password: The request could not be sent to the server."));
     EXPECT_TRUE(m_driver.IsUsable(QStringLiteral("m_leInputOldPwd")));
     Connect(false);
     EXPECT_FALSE(Ok()->isEnabled());

@@ -60,7 +60,7 @@ protected:
     }
     void Open()
     {
-        m_pDialog = new CDevTimeZone(&m_host.remote,
+        m_pDialog = new CDevTimeZone(&m_host.interfaceSet,
             {{QStringLiteral("1"), QStringLiteral("Gate")}, {QStringLiteral("2"), QStringLiteral("Yard")},
                 {QStringLiteral("3"), QStringLiteral("Dock")}},
             &m_window);
@@ -171,6 +171,7 @@ TEST_F(TimeZoneDialog, FailedPushReleasesTheDialog)
     Connect(true);
     m_host.remote.devices.Refuse("SetDeviceTimeZone");
     ClickOk();
+    PageDriver::Settle();
     EXPECT_EQ(State("2"), TimeZoneFailed);
     EXPECT_EQ(m_listNotices.size(), 2);
     EXPECT_TRUE(Ok()->isEnabled());

@@ -39,15 +39,15 @@ void WaitFor(const std::function<bool()>& condition)
 class Recorder : public IGroupManagerObserver, public RemoteConfigLogical::ISystemConfigObserver
 {
 public:
-    void OnNotifyGroupManagerState(const IGroupManagerObserver::Param& param) override
+    void OnNotifyGroupManagerState(const IGroupManagerObserver::Answer& pAnswer) override
     {
         const std::lock_guard lock(m_mutex);
-        m_vecAnswers.push_back(param);
+        m_vecAnswers.push_back(*pAnswer);
     }
-    void OnNotifySystemConfigState(const ISystemConfigObserver::Param& param) override
+    void OnNotifySystemConfigState(const ISystemConfigObserver::Answer& pAnswer) override
     {
         const std::lock_guard lock(m_mutex);
-        m_vecStates.push_back(param.nResultCode);
+        m_vecStates.push_back(pAnswer->nResultCode);
     }
     std::vector<IGroupManagerObserver::Param> Answers()
     {

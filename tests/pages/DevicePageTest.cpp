@@ -183,7 +183,8 @@ TEST_F(DevicePage, FailedQueriesShowTheirState)
     }
     m_host.group.Refuse("QueryDevicePage");
     Open();
-    EXPECT_EQ(Notice(), QStringLiteral("Failed to get device list"));
+    EXPECT_EQ(
+        Notice(), QStringLiteral("Failed to get device list: The request could not be sent to the server."));
 }
 
 TEST_F(DevicePage, HiddenColumnsAreKept)

@@ -140,10 +140,12 @@ TEST_F(BatchIssue, PersonsAreTakenOffAndNumbersAreNotLeftBehindUnasked)
     m_dialogs.AnswerNext(false);
     m_driver.Click(QStringLiteral("m_pBtnCancelBatch"));
     EXPECT_EQ(back.count(), 0);
-    m_page.SetConnected(false);
+    m_host.remote.PushConnected(false);
+    PageDriver::Settle();
     EXPECT_FALSE(m_driver.IsUsable(QStringLiteral("m_pBtnSaveBatch")));
     EXPECT_EQ(CardNo(0), "A1");
-    m_page.SetConnected(true);
+    m_host.remote.PushConnected(true);
+    PageDriver::Settle();
     Save();
     EXPECT_EQ(std::get<0>(m_host.access.persons.LastArgument<Sent>("IssueCards")).size(), 2u);
     // The answer to other persons' cards comes after the page has got new persons.
@@ -153,7 +155,7 @@ TEST_F(BatchIssue, PersonsAreTakenOffAndNumbersAreNotLeftBehindUnasked)
     m_host.access.persons.Refuse("IssueCards");
     TypeAll({"A1", "B2"});
     Save();
-    EXPECT_EQ(Notice(), "Failed to batch issue card.");
+    EXPECT_EQ(Notice(), "Failed to batch issue card. The request could not be sent to the server.");
     m_dialogs.AnswerNext(true);
     m_driver.Click(QStringLiteral("m_pBtnBack"));
     ASSERT_EQ(back.count(), 1);

@@ -181,7 +181,7 @@ TEST_F(FingerprintSection, DeviceCapturesOnceAndLateCapturesAreDropped)
     m_host.access.persons.Refuse("CaptureFingerprint");
     Open(CInputFinger::ReaderDevice);
     Start();
-    EXPECT_EQ(Tip(), "Failed to collect fingerprint");
+    EXPECT_EQ(Tip(), "Failed to collect fingerprint: The request could not be sent to the server.");
 }
 
 TEST_F(FingerprintSection, LostConnectionEndsADeviceCaptureAndKeepsTheUsbReader)

@@ -96,7 +96,8 @@ TEST_P(CredentialLooks, BatchPage)
     PageDriver driver(page, {1000, 560});
     Save(page, "batch-empty");
     page.SetPersons(m_host.access.vecPersons);
-    page.SetConnected(false);
+    m_host.remote.PushConnected(false);
+    PageDriver::Settle();
     PageDriver::Settle();
     auto* const pTable = driver.Find<QTreeView>(QStringLiteral("tableIssueCard"));
     pTable->model()->setData(pTable->model()->index(0, 1), QStringLiteral("04a1b2c3"));

@@ -121,10 +121,12 @@ TEST_F(BatchAuthorize, FailureReleasesThePage)
     EXPECT_TRUE(m_pPage->IsDirty());
     m_host.access.persons.Refuse("AuthorizePersons");
     Click("m_pBtnOk");
-    EXPECT_EQ(Notice(), "Batch authorize person failed");
-    m_pPage->SetConnected(false);
+    EXPECT_EQ(Notice(), "Batch authorize person failed: The request could not be sent to the server.");
+    m_host.remote.PushConnected(false);
+    PageDriver::Settle();
     EXPECT_FALSE(IsUsable("m_pBtnOk"));
-    m_pPage->SetConnected(true);
+    m_host.remote.PushConnected(true);
+    PageDriver::Settle();
     EXPECT_TRUE(IsUsable("m_pBtnOk"));
     EXPECT_TRUE(m_vecBack.empty());
 }

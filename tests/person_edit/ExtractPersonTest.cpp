@@ -113,7 +113,8 @@ TEST_F(ExtractPerson, FailuresAreToldAndTriedAgain)
     m_host.access.persons.Refuse("ExtractPersons");
     Click("btnQueryDevice");
     EXPECT_EQ(State(), QStringLiteral("Failed to extract persons"));
-    m_pPage->SetConnected(false);
+    m_host.remote.PushConnected(false);
+    PageDriver::Settle();
     EXPECT_FALSE(IsUsable("btnQueryDevice"));
     ClickInDialog("CExtractPersonDlg", QDialogButtonBox::Cancel);
 }

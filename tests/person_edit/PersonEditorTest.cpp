@@ -141,7 +141,7 @@ TEST_F(PersonEditor, RefusalsKeepTheInputAndAreToldWhereTheyBelong)
     EXPECT_EQ(m_nBack, 0);
     m_host.access.persons.Refuse("ModifyPerson");
     Click("m_pBtnOk");
-    EXPECT_EQ(Notice(), "Failed to modify user");
+    EXPECT_EQ(Notice(), "Failed to modify user: The request could not be sent to the server.");
     EXPECT_TRUE(IsUsable("m_pBtnOk"));
 }
 
@@ -217,7 +217,7 @@ TEST_F(PersonEditor, FailedDetailIsToldAndAskedForAgain)
     Screenshot("editor-failed");
     m_host.access.persons.Refuse("QueryPersonDetail");
     Click("btnStateAction");
-    EXPECT_EQ(Notice(), "Failed to search user detail");
+    EXPECT_EQ(Notice(), "Failed to search user detail: The request could not be sent to the server.");
 }
 
 TEST_F(PersonEditor, LateAnswersOfAnotherPersonAreDropped)
@@ -256,7 +256,8 @@ TEST_F(PersonEditor, LostConnectionKeepsTheInputAndAsksAgainAfterwards)
     OpenAdd();
     FillRequired();
     EXPECT_NE(LabelText("lbChoicesFailed").find("Failed to get residence scenario"), std::string::npos);
-    m_pPage->SetConnected(false);
+    m_host.remote.PushConnected(false);
+    PageDriver::Settle();
     EXPECT_FALSE(IsUsable("m_pBtnOk"));
     EXPECT_FALSE(IsUsable("btnChoicesAgain"));
     Screenshot("editor-choices-failed");
@@ -264,7 +265,8 @@ TEST_F(PersonEditor, LostConnectionKeepsTheInputAndAsksAgainAfterwards)
         param.choices.vecAccessGroups = {{"1", "Day shift"}};
     });
     m_host.access.persons.AnswerAlways("QueryResidenceScenario", {});
-    m_pPage->SetConnected(true);
+    m_host.remote.PushConnected(true);
+    PageDriver::Settle();
     PageDriver::Settle();
     EXPECT_FALSE(IsShown("wgtChoicesFailed"));
     EXPECT_EQ(Content("m_pEditName"), "Grace");

@@ -217,7 +217,10 @@ TEST_F(PersonPhoto, StoredPhotoThatCannotBeFetchedIsTold)
     Type("m_pEditRemark", "x");
     UICommonMdl::CGlobalPhotoManager::GetPhotoManager()->SetSource(
         &m_host.transfer, [] { return QStringLiteral("token"); }, m_folder.path());
-    m_pPage->SetConnected(true);
+    for (const bool bConnected : {false, true}) {
+        m_host.remote.PushConnected(bConnected);
+        PageDriver::Settle();
+    }
     EXPECT_TRUE(PageDriver::WaitFor([&] { return !m_host.transfer.vecTransfers.empty(); }));
     Click("m_pBtnOk");
     EXPECT_EQ(Sent("ModifyPerson").sPhotoUrl, person.sPhotoUrl);

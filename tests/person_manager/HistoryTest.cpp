@@ -114,7 +114,8 @@ TEST_F(History, FailuresAreTold)
         QStringLiteral("There is no record in this period."));
     m_host.access.records.Refuse("QueryRecords");
     Press("btnSearch");
-    EXPECT_EQ(DialogNotice(), QStringLiteral("Failed to search log"));
+    EXPECT_EQ(
+        DialogNotice(), QStringLiteral("Failed to search log: The request could not be sent to the server."));
 }
 
 TEST_F(History, TheTrackHoldsAtMostAThousandRecords)

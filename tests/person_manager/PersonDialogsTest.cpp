@@ -91,6 +91,7 @@ TEST_F(QrCode, FailureCanBeTriedAgain)
     Connect(true);
     EXPECT_EQ(Queries(), nQueries + 1);
     m_host.access.persons.Refuse("QueryQrCode");
+    Connect(false);
     Connect(true);
     EXPECT_EQ(State()->GetTitle(), QStringLiteral("Failed to get the QR code"));
 }

@@ -102,7 +102,8 @@ TEST_F(PersonPage, ListStatesAreTold)
     EXPECT_EQ(ListState(), QStringLiteral("There is no person in this group."));
     m_host.access.persons.Refuse("QueryPersonList");
     Click("btnRefresh");
-    EXPECT_EQ(Notice(), QStringLiteral("Failed to search for people list"));
+    EXPECT_EQ(Notice(),
+        QStringLiteral("Failed to search for people list: The request could not be sent to the server."));
 }
 
 TEST_F(PersonPage, DeletingTakesTheCheckedOnesAfterTheQuestion)
@@ -216,7 +217,8 @@ TEST_F(PersonPage, RowButtonsAreThoseOfTheRow)
     EXPECT_TRUE(m_dialogs.LastText().startsWith(QStringLiteral("Details of authorization failure")));
     m_host.access.persons.Refuse("ReissuePersonRight");
     ClickRowButton("104", 3);
-    EXPECT_EQ(Notice(), QStringLiteral("Failed to re-release right"));
+    EXPECT_EQ(
+        Notice(), QStringLiteral("Failed to re-release right: The request could not be sent to the server."));
 }
 
 TEST_F(PersonPage, TheEditorOpensAndComesBack)

@@ -12,7 +12,7 @@
 #include <gtest/gtest.h>
 
 PageDriver::PageDriver(QWidget& page, QSize size)
-    : m_page(page)
+    : m_pPage(&page)
 {
     page.window()->resize(size);
     page.window()->show();
@@ -22,7 +22,9 @@ PageDriver::PageDriver(QWidget& page, QSize size)
 
 PageDriver::~PageDriver()
 {
-    m_page.window()->hide();
+    // A dialog that closed itself may be gone.
+    if (m_pPage)
+        m_pPage->window()->hide();
 }
 
 void PageDriver::Fail(const QString& sName, const char* pszReason)
@@ -32,7 +34,7 @@ void PageDriver::Fail(const QString& sName, const char* pszReason)
 
 QWidget* PageDriver::FindWidget(const QString& sName) const
 {
-    const auto listFound = m_page.findChildren<QWidget*>(sName);
+    const auto listFound = m_pPage->findChildren<QWidget*>(sName);
     if (listFound.size() > 1)
         Fail(sName, "more than one widget has this name");
     return listFound.isEmpty() ? nullptr : listFound.first();
@@ -68,6 +70,7 @@ void PageDriver::Click(const QString& sName)
 {
     if (QWidget* pWidget = Usable(sName))
         QTest::mouseClick(pWidget, Qt::LeftButton);
+    Settle();
 }
 
 void PageDriver::Type(const QString& sName, const QString& sText)
@@ -166,5 +169,5 @@ void PageDriver::Screenshot(const QString& sName) const
     if (sFolder.isEmpty())
         return;
     QDir().mkpath(sFolder);
-    EXPECT_TRUE(m_page.grab().save(sFolder + QLatin1Char('/') + sName + QStringLiteral(".png")));
+    EXPECT_TRUE(m_pPage->grab().save(sFolder + QLatin1Char('/') + sName + QStringLiteral(".png")));
 }

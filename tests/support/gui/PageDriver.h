@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QModelIndex>
+#include <QPointer>
 #include <QTest>
 #include <QWidget>
 
@@ -54,5 +55,5 @@ private:
     QWidget* Usable(const QString& sName) const;
     static void Fail(const QString& sName, const char* pszReason);
 
-    QWidget& m_page;
+    QPointer<QWidget> m_pPage;
 };
