@@ -1,6 +1,5 @@
 #include <UICommonMdl/CErrorCode.h>
 #include <UICommonMdl/CGlobalInfo.h>
-#include <UICommonMdl/COperSequence.h>
 
 #include <QSet>
 
@@ -9,50 +8,6 @@
 namespace {
 
 using UICommonMdl::CErrorCode;
-using UICommonMdl::COperSequence;
-
-TEST(OperSequence, AnswerIsTakenOnceAndOnlyWhenItsRequestWasAccepted)
-{
-    COperSequence sequence;
-    EXPECT_FALSE(sequence.Add(0));
-    EXPECT_FALSE(sequence.Add(-3));
-    EXPECT_FALSE(sequence.Take(0)); // what the server pushes by itself has the number 0
-    EXPECT_FALSE(sequence.Take(-3));
-    EXPECT_TRUE(sequence.Add(7));
-    EXPECT_FALSE(sequence.Take(8));
-    EXPECT_TRUE(sequence.Take(7));
-    EXPECT_FALSE(sequence.Take(7));
-}
-
-TEST(OperSequence, SupersedingDropsTheSameKindOnly)
-{
-    enum Kind
-    {
-        Query,
-        Delete
-    };
-    COperSequence sequence;
-    sequence.Add(1, Query);
-    sequence.Add(2, Delete);
-    sequence.Add(3, Query);
-    EXPECT_TRUE(sequence.Supersede(4, Query));
-    EXPECT_FALSE(sequence.Take(1));
-    EXPECT_FALSE(sequence.Take(3));
-    EXPECT_TRUE(sequence.IsPending(2));
-    EXPECT_TRUE(sequence.Take(4));
-    EXPECT_FALSE(sequence.HasKind(Query));
-    EXPECT_TRUE(sequence.HasKind(Delete));
-    sequence.Clear();
-    EXPECT_FALSE(sequence.Take(2));
-}
-
-TEST(OperSequence, RefusedRequestStillSupersedesWhatTheUserNoLongerWants)
-{
-    COperSequence sequence;
-    sequence.Add(1, 5);
-    EXPECT_FALSE(sequence.Supersede(0, 5));
-    EXPECT_FALSE(sequence.Take(1));
-}
 
 TEST(ErrorCode, EveryCodeHasATextOfItsOwn)
 {
