@@ -22,7 +22,8 @@ void CUserManagerUserCtrl::OnRightsChanged()
 {
     UpdateRights();
     Notify(Text::tr("Your permissions were changed."), VxGUI::NotificationKind::Information);
-    OnQueryCurrentPage();
+    if (IsConnected())
+        OnQueryCurrentPage();
 }
 
 void CUserManagerUserCtrl::OnConnectionChanged(bool bConnected)
