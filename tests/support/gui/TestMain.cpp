@@ -13,12 +13,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-
-#if defined(__SANITIZE_ADDRESS__)
-#include <sanitizer/lsan_interface.h>
-#endif
-
 namespace {
 
 /// What a test leaves behind would work on in the next one.
@@ -40,32 +34,6 @@ class Leftovers : public testing::EmptyTestEventListener
     }
 };
 
-/// The platform without a display keeps what it made for its screen until the process ends; that is no leak
-/// of ours.
-class WithoutLeakCheck
-{
-public:
-#if defined(__SANITIZE_ADDRESS__)
-    WithoutLeakCheck()
-    {
-        __lsan_disable();
-    }
-    ~WithoutLeakCheck()
-    {
-        __lsan_enable();
-    }
-#else
-    WithoutLeakCheck() = default;
-    ~WithoutLeakCheck() { }
-#endif
-};
-
-std::unique_ptr<QApplication> MakeApplication(int& argc, char** argv)
-{
-    const WithoutLeakCheck scope;
-    return std::make_unique<QApplication>(argc, argv);
-}
-
 /// Animations that Qt's widgets started free themselves when they end.
 void LetAnimationsEnd()
 {
@@ -82,11 +50,11 @@ int main(int argc, char** argv)
     testing::InitGoogleTest(&argc, argv);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QStandardPaths::setTestModeEnabled(true);
-    const auto pApplication = MakeApplication(argc, argv);
+    QApplication application(argc, argv);
     Trv::SetSkinRoot(qEnvironmentVariable("PRODUCT_BINARY_DIR") + QStringLiteral("/skin"));
     QString sStyleSheet;
     if (Trv::loadStyleSheet(Trv::GetSkinPath(QStringLiteral("Client.qss"), QString()), sStyleSheet))
-        pApplication->setStyleSheet(sStyleSheet);
+        application.setStyleSheet(sStyleSheet);
     testing::UnitTest::GetInstance()->listeners().Append(new Leftovers);
     InstallWarningHandler();
     const int nResult = RUN_ALL_TESTS();
