@@ -5,6 +5,7 @@
 #include <charconv>
 #include <concepts>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace wire {
@@ -42,10 +43,50 @@ void AppendJson(std::string& sJson, const std::vector<Item>& vecItems)
     sJson += vecItems.empty() ? "[]" : "]";
 }
 
+/// Each Read throws nlohmann::json::exception when the value is of another type.
+template <class Value>
+void Read(const nlohmann::json& json, Value& value)
+{
+    json.get_to(value);
+}
+
+/// A number is taken as it is or not at all: no fraction is cut off, and nothing out of range wraps around.
+template <std::integral Number>
+requires(!std::same_as<Number, bool>) void Read(const nlohmann::json& json, Number& nValue)
+{
+    using Json = nlohmann::json;
+    const auto nSigned = json.get_ref<const Json::number_integer_t&>();
+    const bool bFits = json.is_number_unsigned()
+        ? std::in_range<Number>(json.get_ref<const Json::number_unsigned_t&>())
+        : std::in_range<Number>(nSigned);
+    if (!bFits)
+        throw Json::out_of_range::create(406, "number out of range", &json);
+    nValue = static_cast<Number>(nSigned);
+}
+
+template <class Item>
+void Read(const nlohmann::json& json, std::vector<Item>& vecItems)
+{
+    const auto& items = json.get_ref<const nlohmann::json::array_t&>();
+    vecItems.resize(items.size());
+    for (std::size_t n = 0; n < items.size(); ++n)
+        Read(items[n], vecItems[n]);
+}
+
+/// A field that is missing stays as it is.
+template <class Value>
+void ReadField(const nlohmann::json& json, const char* szName, Value& value)
+{
+    const auto& fields = json.get_ref<const nlohmann::json::object_t&>();
+    if (const auto it = fields.find(szName); it != fields.end())
+        Read(it->second, value);
+}
+
 } // namespace wire
 
 /// WIRE_RECORD(Type, fields …) is the one line that a record's codec takes, in the record's own namespace. A
-/// field that is missing keeps its default; a field of a wrong type is an error (nlohmann::json::exception).
+/// field that is missing keeps its default; a field of a wrong type and a number that does not fit are errors
+/// (nlohmann::json::exception).
 /// AppendJson writes what to_json makes a tree of, without the tree.
 /// The codecs are compiled once, by the source that defines WIRE_DEFINE_RECORDS; everybody else sees that
 /// they are there.
@@ -55,15 +96,16 @@ void AppendJson(std::string& sJson, const std::vector<Item>& vecItems)
     sJson += "\"" #field "\":";                                                                              \
     AppendJson(sJson, record.field);                                                                         \
     cSeparator = ',';
+#define WIRE_READ_FIELD(field) wire::ReadField(json, #field, record.field);
 #define WIRE_RECORD(Type, ...)                                                                               \
     void to_json(nlohmann::json& nlohmann_json_j, const Type& nlohmann_json_t)                               \
     {                                                                                                        \
         NLOHMANN_JSON_EXPAND(NLOHMANN_JSON_PASTE(NLOHMANN_JSON_TO, __VA_ARGS__))                             \
     }                                                                                                        \
-    void from_json(const nlohmann::json& nlohmann_json_j, Type& nlohmann_json_t)                             \
+    void from_json(const nlohmann::json& json, Type& record)                                                 \
     {                                                                                                        \
-        const Type nlohmann_json_default_obj;                                                                \
-        NLOHMANN_JSON_EXPAND(NLOHMANN_JSON_PASTE(NLOHMANN_JSON_FROM_WITH_DEFAULT, __VA_ARGS__))              \
+        record = Type();                                                                                     \
+        NLOHMANN_JSON_EXPAND(NLOHMANN_JSON_PASTE(WIRE_READ_FIELD, __VA_ARGS__))                              \
     }                                                                                                        \
     void AppendJson(std::string& sJson, const Type& record)                                                  \
     {                                                                                                        \

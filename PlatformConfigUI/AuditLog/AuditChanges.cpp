@@ -23,6 +23,7 @@ struct Text
 };
 
 constexpr qint64 MsPerSecond = 1000;
+constexpr double MostExact = 9007199254740992.0; ///< 2^53; a time in seconds as much as in milliseconds
 
 /// Fields that hold a time, and its unit in milliseconds. 0 is no time.
 const QHash<QString, qint64>& TimeUnits()
@@ -47,11 +48,11 @@ const QHash<QString, QString>& Words()
 }
 
 /// Numbers that stand for something: the text, empty for other fields and unknown numbers.
-QString GetMeaning(const QString& sKey, int nValue)
+QString GetMeaning(const QString& sKey, qint64 nValue)
 {
     using namespace UserLogical;
-    if (sKey == QLatin1String("nErrorCode"))
-        return UICommonMdl::CErrorCode::GetErroCodeInfor(nValue);
+    if (sKey == QLatin1String("nErrorCode") && nValue == int(nValue))
+        return UICommonMdl::CErrorCode::GetErroCodeInfor(int(nValue));
     if (sKey == QLatin1String("nLockState"))
         return nValue == LockStateUsable ? Text::tr("Usable") : Text::tr("Locked");
     if (sKey == QLatin1String("nUserType") && nValue == UserTypeNormal)
@@ -63,13 +64,14 @@ QString GetMeaning(const QString& sKey, int nValue)
 
 QString GetNumberText(const QString& sKey, double dValue)
 {
-    const qint64 nUnit = TimeUnits().value(sKey);
-    if (nUnit > 0)
-        return dValue == 0 ? QString() : GetTimeText(qint64(dValue) * nUnit);
-    QString sMeaning = GetMeaning(sKey, int(dValue));
-    if (!sMeaning.isEmpty())
-        return sMeaning;
-    return dValue == std::floor(dValue) ? QString::number(dValue, 'f', 0) : QString::number(dValue);
+    // What a double does not hold exactly, and a fraction, is neither a time nor the number of something.
+    if (dValue != std::floor(dValue) || std::abs(dValue) > MostExact)
+        return QString::number(dValue);
+    const auto nValue = qint64(dValue);
+    if (const qint64 nUnit = TimeUnits().value(sKey); nUnit > 0)
+        return nValue == 0 ? QString() : GetTimeText(nValue * nUnit);
+    const QString sMeaning = GetMeaning(sKey, nValue);
+    return sMeaning.isEmpty() ? QString::number(nValue) : sMeaning;
 }
 
 QString GetValueText(const QString& sKey, const QJsonValue& value);

@@ -105,7 +105,9 @@ QIcon GetIcon(const QString& sName)
     const auto it = state.hashIcons.constFind(sPath);
     if (it != state.hashIcons.constEnd())
         return *it;
-    QIcon icon = QFile::exists(sPath) ? QIcon(sPath) : QIcon();
+    const QIcon icon = QFile::exists(sPath) ? QIcon(sPath) : QIcon();
+    if (icon.isNull())
+        qWarning("The skin has no icon \"%s\"", qPrintable(sName));
     state.hashIcons.insert(sPath, icon);
     return icon;
 }

@@ -52,19 +52,17 @@ private:
         if (pAnswer->nResultCode != ResultQueryDepartmentTree || pAnswer->nErrorCode != ErrorNone)
             return;
         QMetaObject::invokeMethod(
-            &m_owner,
-            [this, pAnswer] {
-                // An answer of a manager that counts no longer.
-                if (m_owner.m_pObserver.get() != this)
-                    return;
-                m_owner.m_model.SetDepartments(pAnswer->vecDepartments);
-                Q_EMIT m_owner.SignalDepartmentModelFinish();
+            &m_context,
+            [&owner = m_owner, pAnswer] {
+                owner.m_model.SetDepartments(pAnswer->vecDepartments);
+                Q_EMIT owner.SignalDepartmentModelFinish();
             },
             Qt::QueuedConnection);
     }
 
     CDepartmentModelManager& m_owner;
     AccessControlLogical::IAccessControlManager* m_pManager;
+    QObject m_context; ///< answers of a manager that counts no longer are dropped with it
 };
 
 CDepartmentModelManager::CDepartmentModelManager() = default;

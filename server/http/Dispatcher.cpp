@@ -120,16 +120,6 @@ nlohmann::json Dispatcher::Parse(const std::string& sBody)
     return body;
 }
 
-void Dispatcher::CheckExact(const nlohmann::json& body, const nlohmann::json& decoded)
-{
-    for (const auto& [sName, value] : body.items()) {
-        const auto it = decoded.find(sName);
-        if (it != decoded.end() && value.is_primitive()
-            && (*it != value || it->is_boolean() != value.is_boolean()))
-            throw ServiceError(UICommonMdl::ErrorMalformed, sName);
-    }
-}
-
 std::string Dispatcher::Run(const RawRequest& request) const
 {
     const auto it = m_mapEntries.find(request.sOperation);

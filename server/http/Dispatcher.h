@@ -53,7 +53,7 @@ public:
         Add({std::string(Op::Name), Op::AccessRule, std::string(Op::Right)},
             [handler = std::move(handler)](const Context& context, const nlohmann::json& body) {
                 std::string sAnswer;
-                AppendJson(sAnswer, handler(context, Decode<typename Op::Request>(body)));
+                AppendJson(sAnswer, handler(context, body.get<typename Op::Request>()));
                 return sAnswer;
             });
     }
@@ -113,16 +113,6 @@ private:
     Context Admit(const RawRequest& request, const Rule& rule) const;
     std::string Run(const RawRequest& request) const;
     static nlohmann::json Parse(const std::string& sBody);
-    /// Throws when a plain field of the body did not survive decoding: a fraction, a number out of range.
-    static void CheckExact(const nlohmann::json& body, const nlohmann::json& decoded);
-
-    template <class Request>
-    static Request Decode(const nlohmann::json& body)
-    {
-        auto request = body.get<Request>();
-        CheckExact(body, nlohmann::json(request));
-        return request;
-    }
 
     FindSession m_findSession;
     std::map<std::string, Entry, std::less<>> m_mapEntries;

@@ -38,14 +38,14 @@ std::string Text(const nlohmann::json& object, const char* szKey)
 wire::CloudDevices Read(const nlohmann::json& answer)
 {
     wire::CloudDevices result;
-    result.nCloudCode = answer.at("code").get<int>();
+    wire::Read(answer.at("code"), result.nCloudCode);
     if (result.nCloudCode != 0)
         return result;
     for (const nlohmann::json& device : answer.at("devices")) {
         if (result.vecDevices.size() >= DeviceLimit)
             break;
-        result.vecDevices.push_back(
-            {Text(device, "sn"), Text(device, "name"), Text(device, "model"), device.value("category", 0)});
+        result.vecDevices.push_back({Text(device, "sn"), Text(device, "name"), Text(device, "model")});
+        wire::ReadField(device, "category", result.vecDevices.back().nCategory);
     }
     return result;
 }

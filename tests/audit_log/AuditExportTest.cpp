@@ -60,7 +60,7 @@ TEST_F(AuditExportTest, StopsAtTheLimitAndSaysSo)
     Serve(120000);
     Open();
     StartExport("log.xlsx");
-    ASSERT_TRUE(PageDriver::WaitFor([&] { return !Notice().isEmpty(); }, 60000));
+    ASSERT_TRUE(PageDriver::WaitFor([&] { return !Notice().isEmpty(); }, 240000));
     EXPECT_EQ(Notice(), QStringLiteral("The newest 100000 of 120000 entries are exported."));
     EXPECT_EQ(Pieces().size(), 100U);
 }

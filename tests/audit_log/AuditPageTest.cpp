@@ -1,5 +1,7 @@
 #include "AuditFixture.h"
 
+#include <tests/support/gui/Look.h>
+
 #include <QComboBox>
 #include <QDateTimeEdit>
 #include <QLabel>
@@ -184,19 +186,18 @@ TEST_F(AuditPage, AnEntryOpensByEnterAndDoubleClickFieldByField)
     PageDriver::Settle();
 }
 
-TEST_F(AuditPage, LooksRightInTheDarkToo)
+class AuditLooks : public AuditFixture, public testing::WithParamInterface<Look>
 {
-    const QString sBefore = Trv::GetSkin();
-    const QString sSheet = qApp->styleSheet();
-    ASSERT_TRUE(Trv::SetSkin(QStringLiteral("dark")));
-    QString sDark;
-    ASSERT_TRUE(Trv::loadStyleSheet(Trv::GetSkinPath(QStringLiteral("Client.qss"), QString()), sDark));
-    qApp->setStyleSheet(sDark);
+protected:
+    LookScope m_look{GetParam()};
+};
+
+TEST_P(AuditLooks, PageIsReadable)
+{
     Open();
-    Screenshot(m_pPage.get(), "audit-dark");
-    // The page's own sheet has the colours of the skin in use.
-    EXPECT_TRUE(m_pPage->styleSheet().contains(Trv::GetColor(QStringLiteral("surface")).name()));
-    Close();
-    Trv::SetSkin(sBefore);
-    qApp->setStyleSheet(sSheet);
+    m_pPage->window()->resize(m_look.Scaled(m_pPage->window()->size()));
+    m_look.ExpectReadable(*m_pPage, "audit");
+    m_look.ExpectFocusSeen(*m_pPage);
 }
+
+INSTANTIATE_TEST_SUITE_P(Every, AuditLooks, EveryLook, NameOf);

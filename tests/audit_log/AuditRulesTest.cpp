@@ -49,6 +49,9 @@ TEST(AuditRules, OnlyWhatChangedIsTold)
         {"", R"({"nErrorCode":21})", "Refused: (empty) → User name or password is wrong."},
         {R"({"sPassword":"***","nBig":4503599627370497})", R"({"sPassword":"***","nBig":4503599627370496})",
             "Big: 4503599627370497 → 4503599627370496"},
+        {"", R"({"nErrorCode":1e300,"nExpiry":-1e300,"nUserType":4294967297,"nLockState":1.5})",
+            "Expiry: (empty) → -1e+300|Lock State: (empty) → 1.5|Refused: (empty) → 1e+300|"
+            "User Type: (empty) → 4294967297"},
         {R"({"nRate":1.5})", R"({"nRate":null})", "Rate: 1.5 → (empty)"},
         {"not JSON", R"({"sName":"a"})", "not JSON → {\"sName\":\"a\"}"},
         {"[1]", "", "[1] → (empty)"},

@@ -1,6 +1,8 @@
 #include <UICommonMdl/CErrorCode.h>
 #include <UICommonMdl/CGlobalInfo.h>
 
+#include <QFile>
+#include <QRegularExpression>
 #include <QSet>
 
 #include <gtest/gtest.h>
@@ -11,25 +13,21 @@ using UICommonMdl::CErrorCode;
 
 TEST(ErrorCode, EveryCodeHasATextOfItsOwn)
 {
-    using namespace UICommonMdl;
-    const int codes[] = {ErrorTimeOut, ErrorDisconnected, ErrorBadAnswer, ErrorCancelled, ErrorTlsFailed,
-        ErrorInternal, ErrorMalformed, ErrorTooLarge, ErrorProtocolVersion, ErrorUnknownOperation,
-        ErrorInvalidInput, ErrorDatabaseBusy, ErrorDatabaseFull, ErrorServerBusy, ErrorNotSignedIn,
-        ErrorWrongPassword, ErrorAccountLocked, ErrorNoRight, ErrorPasswordRule, ErrorSetupDone,
-        ErrorSetupNeeded, ErrorSetupRemote, ErrorVersionConflict, ErrorNotFound, ErrorNameExists,
-        ErrorReferenced, ErrorOrganizationRoot, ErrorOrganizationDepth, ErrorOrganizationNotEmpty,
-        ErrorOrganizationCycle, ErrorDeviceUsedByRecordPlan, ErrorDeviceUsedByAlarmScheme,
-        ErrorDeviceExtractingLogs, ErrorDeviceExtractingPersons, ErrorDeviceGettingRecordings,
-        ErrorDeviceUpdating};
+    QFile header(QStringLiteral(PRODUCT_SOURCE_DIR "/host/UICommonMdl/ErrorCodes.h"));
+    ASSERT_TRUE(header.open(QIODevice::ReadOnly));
+    const QString sHeader = QString::fromUtf8(header.readAll());
+    static const QRegularExpression s_code(QStringLiteral("\\b(Error\\w+) = (-?\\d+)"));
     const QString sUnknown = CErrorCode::GetErroCodeInfor(123456);
-    EXPECT_EQ(sUnknown, QStringLiteral("Unknown error"));
-    EXPECT_EQ(CErrorCode::GetErroCodeInfor(ErrorNone), QString());
-    QSet<QString> setTexts{QString(), sUnknown};
-    for (const int nCode : codes) {
-        const QString sText = CErrorCode::GetErroCodeInfor(nCode);
-        EXPECT_FALSE(setTexts.contains(sText)) << nCode << ": " << qPrintable(sText);
+    EXPECT_NE(sUnknown, QString());
+    QSet<QString> setTexts{sUnknown};
+    for (auto it = s_code.globalMatch(sHeader); it.hasNext();) {
+        const auto match = it.next();
+        const QString sText = CErrorCode::GetErroCodeInfor(match.captured(2).toInt());
+        EXPECT_EQ(sText.isEmpty(), match.captured(1) == QLatin1String("ErrorNone"));
+        EXPECT_FALSE(setTexts.contains(sText)) << qPrintable(match.captured(1) + QLatin1Char(' ') + sText);
         setTexts.insert(sText);
     }
+    EXPECT_EQ(setTexts.size() - 1, sHeader.count(QStringLiteral("\n    Error"))) << "a code was not read";
 }
 
 TEST(GlobalInfo, PasswordsThatEverybodyKnowsAreWeakWhateverTheirCase)

@@ -1,13 +1,13 @@
+#include "Look.h"
 #include "PageDriver.h"
 
 #include <Trv/QSkin.h>
 #include <VxGUI/VxLineEdit.h>
 #include <VxGUI/VxNotification.h>
 
-#include <QApplication>
+#include <QDialog>
 #include <QDirIterator>
-#include <QImage>
-#include <QLineEdit>
+#include <QLabel>
 #include <QPushButton>
 #include <QStandardItemModel>
 #include <QTreeView>
@@ -15,137 +15,111 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 namespace {
 
 /// What the style sheet of the client makes of real widgets. Every rule that Qt cannot read warns, and so
 /// fails the test.
-class SkinLook : public testing::TestWithParam<const char*>
+class SkinLook : public testing::TestWithParam<Look>
 {
 protected:
-    void SetUp() override
-    {
-        m_sSkin = Trv::GetSkin();
-        m_sSheet = qApp->styleSheet();
-        ASSERT_TRUE(Trv::SetSkin(QLatin1String(GetParam())));
-        QString sSheet;
-        ASSERT_TRUE(Trv::loadStyleSheet(Trv::GetSkinPath(QStringLiteral("Client.qss"), QString()), sSheet));
-        qApp->setStyleSheet(sSheet);
-    }
-    void TearDown() override
-    {
-        Trv::SetSkin(m_sSkin);
-        qApp->setStyleSheet(m_sSheet);
-    }
-
-    /// nSlack: difference that counts as the same, summed over the channels (thin lines are smoothed).
-    static bool Shows(QWidget& widget, const char* pszToken, int nSlack = 0)
-    {
-        const QImage image = widget.grab().toImage();
-        const QRgb wanted = Trv::GetColor(QLatin1String(pszToken)).rgb();
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                const QRgb found = image.pixel(x, y);
-                const int nOff = std::abs(qRed(found) - qRed(wanted))
-                    + std::abs(qGreen(found) - qGreen(wanted)) + std::abs(qBlue(found) - qBlue(wanted));
-                if (nOff <= nSlack)
-                    return true;
-            }
-        }
-        return false;
-    }
-
-private:
-    QString m_sSkin;
-    QString m_sSheet;
+    LookScope m_look{GetParam()};
 };
 
-TEST_P(SkinLook, ButtonsTellTheirRoleTheirFocusAndThatTheyAreDisabled)
+TEST_P(SkinLook, ButtonsTellTheirRoleAndTheirState)
 {
-    QWidget window;
-    auto* pLayout = new QVBoxLayout(&window);
-    const struct
-    {
-        const char* pszRole;
-        const char* pszBackground;
-    } roles[] = {{"", "surface"}, {"primary", "accent"}, {"danger", "danger"}};
-    QVector<QPushButton*> vecButtons;
-    for (const auto& role : roles) {
-        vecButtons.append(new QPushButton(QStringLiteral("Delete"), &window));
-        vecButtons.last()->setProperty("role", QLatin1String(role.pszRole));
-        pLayout->addWidget(vecButtons.last());
+    for (const char* const pszRole : {"", "primary", "danger", "flat"}) {
+        SCOPED_TRACE(pszRole);
+        QDialog window;
+        auto* const pLayout = new QVBoxLayout(&window);
+        auto* const pOther = new QPushButton(QStringLiteral("Other"), &window);
+        auto* const pButton = new QPushButton(QStringLiteral("Delete"), &window);
+        for (QPushButton* const pEach : {pOther, pButton})
+            pLayout->addWidget(pEach);
+        const PageDriver driver(window, m_look.Scaled({300, 160}));
+        window.activateWindow();
+        pOther->setFocus();
+        const auto setRole = [pButton](const char* pszName) {
+            pButton->setProperty("role", QLatin1String(pszName));
+            pButton->style()->unpolish(pButton);
+            pButton->style()->polish(pButton);
+        };
+        std::vector<LookState> vecStates{{"another role", [&] { setRole(*pszRole ? "" : "primary"); }},
+            {"plain", [&] { setRole(pszRole); }}, {"pressed", [&] { pButton->setDown(true); }},
+            {"focus",
+                [&] {
+                    pButton->setDown(false);
+                    pButton->setFocus(Qt::TabFocusReason);
+                }},
+            {"disabled", [&] { pButton->setEnabled(false); }}};
+        ExpectToldApart(*pButton, vecStates);
+        pButton->setEnabled(true);
+        pOther->setFocus();
+        m_look.ExpectReadable(window, "buttons");
     }
-    auto* pOther = new QLineEdit(&window);
+}
+
+TEST_P(SkinLook, FieldTellsThatItIsRefusedAlsoWhileItHasTheFocus)
+{
+    QDialog window;
+    auto* const pLayout = new QVBoxLayout(&window);
+    auto* const pOther = new QPushButton(QStringLiteral("Other"), &window);
+    auto* const pField = new VxGUI::VxLineEdit(&window);
     pLayout->addWidget(pOther);
-    const PageDriver driver(window, {300, 240});
+    pLayout->addWidget(pField);
+    const PageDriver driver(window, m_look.Scaled({300, 160}));
     window.activateWindow();
-    for (int i = 0; i < vecButtons.size(); ++i) {
-        SCOPED_TRACE(roles[i].pszRole);
-        pOther->setFocus();
-        EXPECT_TRUE(Shows(*vecButtons[i], roles[i].pszBackground));
-        const QImage plain = vecButtons[i]->grab().toImage();
-        vecButtons[i]->setFocus(Qt::TabFocusReason);
-        EXPECT_NE(vecButtons[i]->grab().toImage(), plain) << "the focus is not seen";
-        pOther->setFocus();
-        vecButtons[i]->setEnabled(false);
-        EXPECT_NE(vecButtons[i]->grab().toImage(), plain) << "disabled is not seen";
-    }
+    const QString sHint = QStringLiteral("The name exists already.");
+    // The edit alone, without the hint below it; a cursor would tell the states apart by itself.
+    pField->GetLineEdit()->setReadOnly(true);
+    ExpectToldApart(*pField->GetLineEdit(),
+        {{"plain", [&] { pOther->setFocus(); }}, {"focus", [&] { pField->GetLineEdit()->setFocus(); }},
+            {"refused with focus", [&] { pField->SetErrorHint(sHint); }},
+            {"refused", [&] { pOther->setFocus(); }}, {"disabled", [&] {
+                                                           pField->ClearErrorHint();
+                                                           pField->setEnabled(false);
+                                                       }}});
+    pField->setEnabled(true);
+    pField->SetErrorHint(sHint);
+    m_look.ExpectReadable(window, "refused-field");
 }
 
-TEST_P(SkinLook, RefusedFieldIsRedAlsoWhileItHasTheFocus)
+TEST_P(SkinLook, NotificationsTellTheirKindAndCanBeRead)
 {
-    VxGUI::VxLineEdit field;
-    const PageDriver driver(field, {300, 80});
-    field.activateWindow();
-    field.GetLineEdit()->setFocus();
-    PageDriver::Settle();
-    EXPECT_TRUE(Shows(*field.GetLineEdit(), "focus"));
-    EXPECT_FALSE(Shows(*field.GetLineEdit(), "danger"));
-    field.SetErrorHint(QStringLiteral("The name exists already."));
-    EXPECT_TRUE(Shows(*field.GetLineEdit(), "danger"));
-    field.ClearErrorHint();
-    EXPECT_FALSE(Shows(*field.GetLineEdit(), "danger"));
-}
-
-TEST_P(SkinLook, NotificationsHaveTheColourOfTheirKind)
-{
+    using VxGUI::NotificationKind;
     QWidget window;
-    const PageDriver driver(window, {500, 200});
-    const struct
-    {
-        VxGUI::NotificationKind kind;
-        const char* pszColor;
-    } kinds[] = {{VxGUI::NotificationKind::Information, "information-soft"},
-        {VxGUI::NotificationKind::Success, "success-soft"},
-        {VxGUI::NotificationKind::Warning, "warning-soft"}, {VxGUI::NotificationKind::Error, "danger-soft"}};
-    for (const auto& kind : kinds) {
-        VxGUI::VxNotification::Show(&window, QStringLiteral("Saved"), kind.kind);
-        EXPECT_TRUE(Shows(window, kind.pszColor)) << kind.pszColor;
+    const PageDriver driver(window, m_look.Scaled({500, 200}));
+    const auto show = [&window](NotificationKind kind) {
+        return [&window, kind] { VxGUI::VxNotification::Show(&window, QStringLiteral("Saved"), kind); };
+    };
+    const std::vector<LookState> vecKinds{{"information", show(NotificationKind::Information)},
+        {"success", show(NotificationKind::Success)}, {"warning", show(NotificationKind::Warning)},
+        {"error", show(NotificationKind::Error)}};
+    ExpectToldApart(window, vecKinds);
+    for (const LookState& kind : vecKinds) {
+        kind.enter();
+        m_look.ExpectReadable(window, kind.pszName);
     }
 }
 
-TEST_P(SkinLook, TreeShowsChecksBranchesAndSelection)
+TEST_P(SkinLook, TreeTellsChecksBranchesAndSelection)
 {
     QStandardItemModel model;
-    auto* pRoot = new QStandardItem(QStringLiteral("Site"));
+    auto* const pRoot = new QStandardItem(QStringLiteral("Site"));
     pRoot->setCheckable(true);
     pRoot->appendRow(new QStandardItem(QStringLiteral("Gate")));
     model.appendRow(pRoot);
     QTreeView view;
     view.setModel(&model);
-    const PageDriver driver(view, {300, 200});
-    EXPECT_GE(view.visualRect(pRoot->index()).height(), 32);
-    EXPECT_FALSE(Shows(*view.viewport(), "accent"));
-    pRoot->setCheckState(Qt::Checked);
-    EXPECT_TRUE(Shows(*view.viewport(), "accent"));
-    EXPECT_TRUE(Shows(*view.viewport(), "on-accent", 90)) << "the check mark is not drawn";
-    const QImage closed = view.viewport()->grab().toImage();
+    const PageDriver driver(view, m_look.Scaled({300, 200}));
+    ExpectToldApart(*view.viewport(),
+        {{"unchecked", [] {}}, {"checked", [&] { pRoot->setCheckState(Qt::Checked); }},
+            {"checked in part", [&] { pRoot->setCheckState(Qt::PartiallyChecked); }},
+            {"selected", [&] { view.setCurrentIndex(pRoot->index()); }}});
+    const QRect row = view.visualRect(pRoot->index());
+    const QRect branch(0, row.top(), row.left(), row.height());
+    const QImage closed = view.viewport()->grab(branch).toImage();
     view.expandAll();
-    EXPECT_NE(view.viewport()->grab({0, 0, 20, 32}).toImage(), closed.copy(0, 0, 20, 32))
-        << "an open branch looks like a closed one";
-    view.setCurrentIndex(pRoot->index());
-    EXPECT_TRUE(Shows(*view.viewport(), "selected"));
+    EXPECT_NE(view.viewport()->grab(branch).toImage(), closed) << "an open branch looks like a closed one";
 }
 
 TEST_P(SkinLook, SheetsOfPagesAreUnderstood)
@@ -162,6 +136,6 @@ TEST_P(SkinLook, SheetsOfPagesAreUnderstood)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Looks, SkinLook, testing::Values("light", "dark"));
+INSTANTIATE_TEST_SUITE_P(Every, SkinLook, EveryLook, NameOf);
 
 } // namespace

@@ -1,17 +1,20 @@
+#include "Look.h"
+#include "QtWarnings.h"
+
 #include <Trv/QSkin.h>
 
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QFileInfo>
 #include <QImage>
+#include <QMap>
 #include <QMovie>
 #include <QPainter>
 #include <QRegularExpression>
 #include <QSvgRenderer>
 
 #include <gtest/gtest.h>
-
-#include <cmath>
 
 namespace {
 
@@ -20,6 +23,42 @@ QString ReadText(const QString& sPath)
     QFile file(sPath);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(sPath);
     return QString::fromUtf8(file.readAll());
+}
+
+/// The targets of the map, as paths in a skin.
+QStringList PicturesOfTheMap()
+{
+    static const QRegularExpression s_line(
+        QStringLiteral("^([^# ]+) = [^ ]+"), QRegularExpression::MultilineOption);
+    QStringList listPictures;
+    for (auto it = s_line.globalMatch(ReadText(QStringLiteral(PRODUCT_SOURCE_DIR "/skin/icons.map")));
+         it.hasNext();)
+        listPictures << it.next().captured(1);
+    return listPictures;
+}
+
+using SourceTexts = QMap<QString, QString>;
+
+/// Path and text of every source and style sheet that may name pictures.
+SourceTexts SourcesThatShowPictures()
+{
+    const QDir root(QStringLiteral(PRODUCT_SOURCE_DIR));
+    QStringList listFolders = root.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    for (const char* const pszOther :
+        {"build", "benchmarks", "client", "fielddevice", "server", "tests", "wire"})
+        listFolders.removeAll(QLatin1String(pszOther));
+    for (const char* const pszLibrary : {"app", "Trv", "UICommonMdl", "VxGUI"})
+        listFolders << QStringLiteral("client/") + QLatin1String(pszLibrary);
+    SourceTexts sources;
+    for (const QString& sFolder : qAsConst(listFolders)) {
+        QDirIterator files(root.filePath(sFolder), {QStringLiteral("*.cpp"), QStringLiteral("*.qss.in")},
+            QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            const QString sFile = files.next();
+            sources.insert(sFile, ReadText(sFile));
+        }
+    }
+    return sources;
 }
 
 bool IsBlank(const QImage& image)
@@ -66,21 +105,12 @@ protected:
 
     static QString Root() { return Trv::GetSkinPath(QString(), QString()); }
 
-    /// WCAG's ratio of the luminance of two tokens.
     static double Contrast(const char* pszOne, const char* pszOther)
     {
-        const auto luminance = [](const char* pszToken) {
-            const QColor color = Trv::GetColor(QLatin1String(pszToken));
-            EXPECT_TRUE(color.isValid()) << pszToken;
-            const auto linear = [](double value) {
-                return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-            };
-            return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF())
-                + 0.0722 * linear(color.blueF());
-        };
-        const double one = luminance(pszOne) + 0.05;
-        const double other = luminance(pszOther) + 0.05;
-        return std::max(one, other) / std::min(one, other);
+        const QColor one = Trv::GetColor(QLatin1String(pszOne));
+        const QColor other = Trv::GetColor(QLatin1String(pszOther));
+        EXPECT_TRUE(one.isValid() && other.isValid()) << pszOne << ", " << pszOther;
+        return ContrastOf(one, other);
     }
 
 private:
@@ -89,12 +119,10 @@ private:
 
 TEST_P(Skin, EveryPictureOfTheMapIsThereAndShowsSomething)
 {
-    static const QRegularExpression s_line(
-        QStringLiteral("^([^# ]+) = [^ ]+"), QRegularExpression::MultilineOption);
-    auto it = s_line.globalMatch(ReadText(QStringLiteral(PRODUCT_SOURCE_DIR "/skin/icons.map")));
-    EXPECT_TRUE(it.hasNext());
-    while (it.hasNext()) {
-        const QString sPath = Root() + it.next().captured(1);
+    const QStringList listPictures = PicturesOfTheMap();
+    EXPECT_FALSE(listPictures.isEmpty());
+    for (const QString& sPicture : listPictures) {
+        const QString sPath = Root() + sPicture;
         SCOPED_TRACE(qPrintable(sPath));
         if (sPath.endsWith(QLatin1String(".svg")))
             ExpectSvgDraws(sPath);
@@ -105,25 +133,42 @@ TEST_P(Skin, EveryPictureOfTheMapIsThereAndShowsSomething)
     }
 }
 
+// Names that come from a table are seen by the tests of the pages: an icon that is not there warns.
 TEST_P(Skin, IconsThatTheSourcesNameExist)
 {
-    static const QRegularExpression s_name(
-        QStringLiteral("GetIcon\\(Q(?:StringLiteral|Latin1String)\\(\"([^\"]+)\""));
+    static const QRegularExpression s_call(QStringLiteral("GetIcon(\\((?:[^()]|(?1))*\\))"));
+    static const QRegularExpression s_name(QStringLiteral("\"([^\"]+)\""));
     int nNamed = 0;
-    for (const char* const pszFolder : {"client", "plugin", "common", "ResourceManagerUI"}) {
-        QDirIterator files(QStringLiteral(PRODUCT_SOURCE_DIR "/") + QLatin1String(pszFolder),
-            {QStringLiteral("*.cpp")}, QDir::Files, QDirIterator::Subdirectories);
-        while (files.hasNext()) {
-            const QString sFile = files.next();
-            for (auto it = s_name.globalMatch(ReadText(sFile)); it.hasNext(); ++nNamed) {
+    const SourceTexts sources = SourcesThatShowPictures();
+    for (auto source = sources.begin(); source != sources.end(); ++source) {
+        for (auto call = s_call.globalMatch(source.value()); call.hasNext();) {
+            const QString sArguments = call.next().captured(1);
+            for (auto it = s_name.globalMatch(sArguments); it.hasNext(); ++nNamed) {
                 const QString sName = it.next().captured(1);
                 EXPECT_FALSE(Trv::GetIcon(sName).isNull())
-                    << qPrintable(sName + QLatin1String(" in ") + sFile);
+                    << qPrintable(sName + QLatin1String(" in ") + source.key());
             }
         }
     }
     EXPECT_GT(nNamed, 0);
+    const ExpectWarning warning(QStringLiteral("no-such-icon"));
     EXPECT_TRUE(Trv::GetIcon(QStringLiteral("no-such-icon")).isNull());
+}
+
+TEST(Skins, HaveNoPicturesThatNobodyShows)
+{
+    const SourceTexts sources = SourcesThatShowPictures();
+    const QString sAll = QStringList(sources.values()).join(QLatin1Char('\n'));
+    static const QRegularExpression s_state(QStringLiteral("-[nhp]$"));
+    const QStringList listPictures = PicturesOfTheMap();
+    for (const QString& sPicture : listPictures) {
+        const QFileInfo file(sPicture);
+        const QString sStem = file.completeBaseName().remove(s_state);
+        const bool bShown = sAll.contains(QStringLiteral("url(skin:") + sPicture)
+            || sAll.contains(file.fileName() + QLatin1Char('"'))
+            || sAll.contains(QLatin1Char('"') + sStem + QLatin1Char('"'));
+        EXPECT_TRUE(bShown) << qPrintable(sPicture);
+    }
 }
 
 TEST_P(Skin, StyleSheetsAreCompleteAndTheirPicturesExist)

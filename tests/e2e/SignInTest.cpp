@@ -3,13 +3,16 @@
 #include <UICommonMdl/CErrorCode.h>
 #include <VxGUI/VxEmptyState.h>
 #include <VxGUI/VxLineEdit.h>
+#include <VxPluginAPI/IAbstractUI.h>
 #include <VxPluginAPI/IAbstractWidget.h>
+#include <VxPluginAPI/IPluginAPI.h>
 #include <client/app/CMainWindow.h>
 #include <client/app/CPluginHost.h>
 #include <client/app/CSignInDlg.h>
 #include <server/services/RightsService.h>
 
 #include <QLabel>
+#include <QPluginLoader>
 #include <QToolButton>
 
 using ClientApp::CSignInDlg;
@@ -141,13 +144,16 @@ namespace {
 class MainWindow : public testing::Test
 {
 protected:
+    static QString PluginPath()
+    {
+        return qEnvironmentVariable("PRODUCT_BINARY_DIR")
+            + QStringLiteral("/lib/plugins/libConfigManagerPlugin.so");
+    }
     void Open(const std::string& sUser)
     {
         m_pClient = std::make_unique<LiveClient>(m_server, sUser);
         m_pPlugin = std::make_unique<ClientApp::CPluginHost>();
-        const QString sError = m_pPlugin->Load(qEnvironmentVariable("PRODUCT_BINARY_DIR")
-                + QStringLiteral("/lib/plugins/libConfigManagerPlugin.so"),
-            &m_pClient->Client());
+        const QString sError = m_pPlugin->Load(PluginPath(), &m_pClient->Client());
         ASSERT_TRUE(sError.isEmpty()) << qPrintable(sError);
         m_pWindow =
             std::make_unique<ClientApp::CMainWindow>(m_pClient->Client(), m_pPlugin->GetTopLevelWidget());
@@ -221,6 +227,16 @@ TEST_F(MainWindow, EveryEntryOpensItsPageAndHomeLeadsBack)
         EXPECT_EQ(m_pWindow->GetShownPage()->objectName(), QStringLiteral("pageHome"));
     }
     m_pClient->WaitIdle();
+
+    // The plug-in asks for the rights that the server gives for its entries.
+    QPluginLoader loader(PluginPath());
+    auto* const pPlugin = qobject_cast<VxPluginAPI::IClientUIPluginAPI*>(loader.instance());
+    ASSERT_TRUE(pPlugin);
+    for (const UserLogical::MenuRight_t& right : m_pClient->Client().GetUserManager()->GetMenuRights()) {
+        auto* const pEntry = pPlugin->GetAbstractUI()->GetAbstractWidget(right.sWidgetName);
+        ASSERT_TRUE(pEntry) << right.sWidgetName;
+        EXPECT_EQ(pEntry->GetWidgetRight(), right.sCode) << right.sWidgetName;
+    }
 }
 
 TEST_F(MainWindow, ALostConnectionIsShownUntilItIsBack)

@@ -1,13 +1,9 @@
-#include "ScriptedServer.h"
+#include "ConnectionFixture.h"
 
 #include <GroupLogical/IGroupManager.h>
-#include <PlatformLogic/CPlatformClient.h>
 #include <RemoteConfigLogical/IRemoteConfigManager.h>
 #include <UICommonMdl/ErrorCodes.h>
 #include <UICommonMdl/ILocalConfig.h>
-
-#include <QElapsedTimer>
-#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -19,21 +15,7 @@ using PlatformLogic::CPlatformClient;
 
 namespace {
 
-const QString SignInPath = QStringLiteral("/api/v1/session/sign-in");
 const QString PagePath = QStringLiteral("/api/v1/device/page");
-const QString EventPath = QStringLiteral("/api/v1/events");
-const QByteArray SignedIn = R"({"code":0,"data":{"sToken":"t","sUserName":"system","vecRights":["001001"],
-    "vecMenuRights":[{"sCode":"001001","sWidgetName":"ResourceManagerWidget","nEntryId":0}]}})";
-
-void WaitFor(const std::function<bool()>& condition)
-{
-    QElapsedTimer clock;
-    clock.start();
-    while (!condition()) {
-        ASSERT_LT(clock.elapsed(), 20000) << "waited in vain";
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
-    }
-}
 
 /// Keeps what comes on the network thread.
 class Recorder : public IGroupManagerObserver, public RemoteConfigLogical::ISystemConfigObserver
@@ -66,42 +48,19 @@ private:
     std::vector<int> m_vecStates;
 };
 
-class ConnectionTest : public testing::Test
+class ConnectionTest : public ConnectionFixture
 {
 protected:
     ConnectionTest()
     {
-        m_server.SetScript(SignInPath, ScriptedServer::Answer(SignedIn));
-        m_server.SetScript(QStringLiteral("/api/v1/session/get"), ScriptedServer::Answer(SignedIn));
-        m_server.SetScript(EventPath, [this](QTcpSocket& socket, const QByteArray&) {
-            m_pStream = &socket;
-            socket.write(
-                "HTTP/1.1 200 OK\r\nContent-Type: text/event-stream\r\n\r\nevent: hello\ndata: {}\n\n");
-        });
-        m_pClient = std::make_unique<CPlatformClient>(m_folder.path());
-        m_pClient->SetServer(m_server.Url());
         m_pClient->GetGroupManager()->AddObserver(&m_recorder);
         m_pClient->GetRemoteConfigManager()->AddObserver(&m_recorder);
-        QObject::connect(m_pClient.get(), &CPlatformClient::SignalSignIn, m_pClient.get(),
-            [this](int nErrorCode) { m_vecSignIns.push_back(nErrorCode); });
         QObject::connect(m_pClient.get(), &CPlatformClient::SignalSessionEnded, m_pClient.get(),
             [this] { ++m_nSessionsEnded; });
     }
+    ~ConnectionTest() override { m_pClient.reset(); }
 
-    void SignIn()
-    {
-        m_vecSignIns.clear();
-        m_pClient->SignIn(QStringLiteral("system"), QStringLiteral("secret"));
-        WaitFor([&] { return !m_vecSignIns.empty() && m_server.RequestCount(EventPath) > 0; });
-        ASSERT_EQ(m_vecSignIns.back(), 0);
-    }
-
-    QTemporaryDir m_folder;
-    ScriptedServer m_server;
-    QPointer<QTcpSocket> m_pStream;
     Recorder m_recorder;
-    std::unique_ptr<CPlatformClient> m_pClient;
-    std::vector<int> m_vecSignIns;
     int m_nSessionsEnded = 0;
 };
 

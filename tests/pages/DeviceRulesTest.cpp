@@ -4,23 +4,33 @@
 #include <UICommonMdl/ErrorCodes.h>
 #include <common/DeviceCategory.h>
 
+#include <QSet>
+
 #include <gtest/gtest.h>
 
 using namespace ResourceManagerUI;
 
-TEST(DeviceRules, CategoriesHaveTheirTexts)
+TEST(DeviceRules, CodesHaveTextsOfTheirOwnAndUnknownOnesNone)
 {
-    const std::map<int, const char*> texts = {{1, "Encoder"}, {2, "Decoder"}, {3, "Alarm Control Panel"},
-        {4, "TV Wall"}, {5, "ANPR Device"}, {6, "Matrix"}, {7, "Intelligent Device"}, {8, "Access Control"},
-        {16, "LED Device"}, {21, "Video Intercom"}, {34, "Emergency"}, {40, "POS"}, {43, "Radar"},
-        {45, "VideoWall Control"}};
-    for (int nCode = -1; nCode <= 60; ++nCode) {
-        const auto it = texts.find(nCode);
-        EXPECT_EQ(Common::GetCategoryText(nCode).toStdString(), it == texts.end() ? "" : it->second) << nCode;
+    const struct
+    {
+        QString (*text)(int);
+        std::vector<int> vecUnknown;
+    } tables[] = {{&Common::GetCategoryText, {-1, 0, 9, Common::CategoryLiftController}},
+        {&Common::GetCategoryFilterText, {-1, 9}}, {&Common::GetAccessDirectionText, {-1, 4}},
+        {&Common::GetOfflineReasonText, {-1, GroupLogical::ReasonNone, 99}}};
+    for (const auto& table : tables) {
+        QSet<QString> setTexts;
+        for (int nCode = -1; nCode < 100; ++nCode) {
+            const QString sText = table.text(nCode);
+            EXPECT_FALSE(setTexts.contains(sText)) << nCode << ' ' << qPrintable(sText);
+            if (!sText.isEmpty())
+                setTexts.insert(sText);
+        }
+        EXPECT_GT(setTexts.size(), 1);
+        for (const int nCode : table.vecUnknown)
+            EXPECT_EQ(table.text(nCode), QString()) << nCode;
     }
-    EXPECT_EQ(Common::GetCategoryFilterText(50), QStringLiteral("Lift Controller"));
-    EXPECT_EQ(Common::GetAccessDirectionText(2), QStringLiteral("Pull"));
-    EXPECT_EQ(Common::GetAccessDirectionText(4), QString());
 }
 
 TEST(DeviceRules, RequestFollowsTheQuery)
@@ -46,25 +56,15 @@ TEST(DeviceRules, RequestFollowsTheQuery)
 
 TEST(DeviceRules, DeleteFailuresSayWhy)
 {
-    struct
-    {
-        int nErrorCode;
-        const char* pszText;
-    } const cases[] = {
-        {UICommonMdl::ErrorDeviceUsedByRecordPlan, "Door Used by record plan, you cannot delete!"},
-        {UICommonMdl::ErrorDeviceUsedByAlarmScheme, "Door Used by alarm scheme, you cannot delete!"},
-        {UICommonMdl::ErrorDeviceExtractingLogs,
-            "The platform is extracting device logs. Please delete later."},
-        {UICommonMdl::ErrorDeviceExtractingPersons,
-            "The platform is extracting device person information. Please delete later."},
-        {UICommonMdl::ErrorDeviceGettingRecordings,
-            "The platform is getting device recordings. Please delete later."},
-        {UICommonMdl::ErrorDeviceUpdating, "The platform is updating device. Please delete later."},
-        {UICommonMdl::ErrorNone, "Unknown error"},
-        {987654, "Unknown error"},
-    };
-    for (const auto& test : cases)
-        EXPECT_EQ(GetDeleteFailureText({"7", "Door", test.nErrorCode, {}}).toStdString(), test.pszText);
+    const auto text = [](int nErrorCode) { return GetDeleteFailureText({"7", "Door", nErrorCode, {}}); };
+    EXPECT_EQ(text(UICommonMdl::ErrorNone), text(987654)) << "no reason is known";
+    QSet<QString> setTexts{text(987654)};
+    for (int nCode = UICommonMdl::ErrorDeviceUsedByRecordPlan; nCode <= UICommonMdl::ErrorDeviceUpdating;
+         ++nCode) {
+        EXPECT_FALSE(setTexts.contains(text(nCode))) << nCode << ' ' << qPrintable(text(nCode));
+        setTexts.insert(text(nCode));
+    }
+    EXPECT_TRUE(text(UICommonMdl::ErrorDeviceUsedByAlarmScheme).contains(QStringLiteral("Door")));
 }
 
 TEST(DeviceRules, ReferencesStandUnderTheirLabels)

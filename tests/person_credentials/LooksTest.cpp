@@ -2,61 +2,33 @@
 
 #include <Credentials/CBatchIssueCard.h>
 #include <Credentials/CPersonAuthenticationInfo.h>
-#include <Trv/QSkin.h>
+#include <tests/support/gui/Look.h>
 
-#include <QApplication>
 #include <QDialog>
-#include <QDir>
+#include <QVBoxLayout>
 
 using namespace BasicInfoManagerUI;
 using namespace AccessControlLogical;
 
 namespace {
 
-/// The pages in each skin: rules that Qt cannot read warn, texts that are cut are found.
-class CredentialLooks : public testing::TestWithParam<const char*>
+class CredentialLooks : public testing::TestWithParam<Look>
 {
 protected:
-    void SetUp() override { UseSkin(QLatin1String(GetParam())); }
-    void TearDown() override { UseSkin(m_sBefore); }
-    static void UseSkin(const QString& sSkin)
-    {
-        ASSERT_TRUE(Trv::SetSkin(sSkin));
-        QString sSheet;
-        ASSERT_TRUE(Trv::loadStyleSheet(Trv::GetSkinPath(QStringLiteral("Client.qss"), QString()), sSheet));
-        qApp->setStyleSheet(sSheet);
-    }
-    /// Texts of labels and buttons that do not fit where they stand.
-    static QStringList CutTexts(const QWidget& page)
-    {
-        QStringList listCut;
-        for (const auto* const pButton : page.findChildren<QAbstractButton*>()) {
-            if (pButton->isVisible() && pButton->width() < pButton->minimumSizeHint().width())
-                listCut << pButton->objectName();
-        }
-        return listCut;
-    }
-    static void Save(QWidget& widget, const char* pszName)
-    {
-        const QString sFolder = qEnvironmentVariable("PRODUCT_SCREENSHOT_DIR");
-        if (!sFolder.isEmpty()) {
-            const auto sFile = QStringLiteral("%1/%2-%3.png");
-            EXPECT_TRUE(QDir().mkpath(sFolder)
-                && widget.grab().save(sFile.arg(sFolder, QLatin1String(pszName), QLatin1String(GetParam()))));
-        }
-        EXPECT_EQ(CutTexts(widget), QStringList());
-    }
+    void ExpectReadable(QWidget& widget, const char* pszName) { m_look.ExpectReadable(widget, pszName); }
 
-    QString m_sBefore = Trv::GetSkin();
+    LookScope m_look{GetParam()};
     FakeHost m_host;
 };
 
 TEST_P(CredentialLooks, SectionAndItsDialogs)
 {
     m_host.group.ServeSite();
-    CPersonAuthenticationInfo section(&m_host.interfaceSet);
-    PageDriver driver(section, {820, 560});
-    Save(section, "section-empty");
+    QDialog window;
+    CPersonAuthenticationInfo section(&m_host.interfaceSet, &window);
+    (new QVBoxLayout(&window))->addWidget(&section);
+    PageDriver driver(section, m_look.Scaled({820, 560}));
+    ExpectReadable(window, "section-empty");
     Person_t person;
     person.vecCards = {{"04A1B2C3", true, false, false}, {"0123456789ABCDEF", false, true, true}, {"B2"}};
     person.vecFingerprints = {{1, "Finger 1", false, {}}, {2, "Thumb", true, {}}};
@@ -64,10 +36,11 @@ TEST_P(CredentialLooks, SectionAndItsDialogs)
     section.SetPerson(person);
     section.ShowClashes({{ClashCardNo, "B2"}});
     PageDriver::Settle();
-    Save(section, "section");
+    ExpectReadable(window, "section");
+    m_look.ExpectFocusSeen(window);
     driver.Click(QStringLiteral("m_pBtnReaderManager"));
     PageDriver::Settle();
-    Save(*section.findChild<QDialog*>(), "reader-manager");
+    ExpectReadable(*section.findChild<QDialog*>(), "reader-manager");
     QTest::keyClick(section.findChild<QDialog*>(), Qt::Key_Escape);
     for (const int nType : {0, 1, 2}) {
         m_host.config.mapValues[QStringLiteral("AuthenFinger/type")] = nType;
@@ -80,21 +53,21 @@ TEST_P(CredentialLooks, SectionAndItsDialogs)
             PageDriver::WaitFor(
                 [&] { return driver.Find<QWidget>(QStringLiteral("wgtPress2"))->property("done").toBool(); });
         }
-        Save(*pDialog, nType == 0 ? "finger-none" : nType == 1 ? "finger-usb" : "finger-device");
+        ExpectReadable(*pDialog, nType == 0 ? "finger-none" : nType == 1 ? "finger-usb" : "finger-device");
         QTest::keyClick(pDialog, Qt::Key_Escape);
         PageDriver::Settle();
     }
     section.SetReadOnly(true);
     PageDriver::Settle();
-    Save(section, "section-readonly");
+    ExpectReadable(window, "section-readonly");
 }
 
 TEST_P(CredentialLooks, BatchPage)
 {
     m_host.access.ServeSite();
     CBatchIssueCard page(&m_host.interfaceSet);
-    PageDriver driver(page, {1000, 560});
-    Save(page, "batch-empty");
+    PageDriver driver(page, m_look.Scaled({1000, 560}));
+    ExpectReadable(page, "batch-empty");
     page.SetPersons(m_host.access.vecPersons);
     m_host.remote.PushConnected(false);
     PageDriver::Settle();
@@ -106,9 +79,10 @@ TEST_P(CredentialLooks, BatchPage)
     driver.Click(QStringLiteral("m_ckEffective"));
     driver.ClickIndex(pTable, pTable->model()->index(2, 1));
     PageDriver::Settle();
-    Save(page, "batch");
+    ExpectReadable(page, "batch");
+    m_look.ExpectFocusSeen(page);
 }
 
-INSTANTIATE_TEST_SUITE_P(Looks, CredentialLooks, testing::Values("light", "dark"));
+INSTANTIATE_TEST_SUITE_P(Every, CredentialLooks, EveryLook, NameOf);
 
 } // namespace

@@ -4,6 +4,8 @@
 #include <UICommonMdl/CDepartmentModelManager.h>
 #include <UICommonMdl/ErrorCodes.h>
 
+#include <QSet>
+
 #include <gtest/gtest.h>
 
 using namespace BasicInfoManagerUI;
@@ -11,13 +13,16 @@ using namespace AccessControlLogical;
 
 TEST(PersonTexts, CodesOutsideOfTheirRangeAreNotTakenForOthers)
 {
-    const char* const genders[] = {"Unknown", "Male", "Female", "Unknown"};
-    for (int nGender = 0; nGender < 4; ++nGender)
-        EXPECT_EQ(GetGenderText(nGender), QLatin1String(genders[nGender])) << nGender;
-    const char* const types[] = {"General", "Blocklist", "Guest", "Patrol", "VIP", "Other", ""};
-    for (int nType = 0; nType < 7; ++nType)
-        EXPECT_EQ(GetPersonTypeText(nType), QLatin1String(types[nType])) << nType;
-    EXPECT_EQ(GetPersonTypeText(-1), QString());
+    QSet<QString> setTexts;
+    for (int nType = 0; nType <= PersonOther; ++nType)
+        setTexts.insert(GetPersonTypeText(nType));
+    EXPECT_EQ(setTexts.size(), PersonOther + 1) << "no two types have one text";
+    EXPECT_FALSE(setTexts.contains(QString()));
+    for (const int nOther : {-1, PersonOther + 1}) {
+        EXPECT_EQ(GetPersonTypeText(nOther), QString()) << nOther;
+        EXPECT_EQ(GetGenderText(nOther), GetGenderText(0)) << nOther;
+    }
+    EXPECT_NE(GetGenderText(1), GetGenderText(2));
 }
 
 TEST(ReissueOutcome, TellsNoneSomeAndAll)

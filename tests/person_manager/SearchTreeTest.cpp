@@ -1,5 +1,6 @@
 #include <UICommonMdl/CDepartmentModelManager.h>
 #include <common/CSearchTreeView.h>
+#include <tests/support/fakes/FakeAccessControlManager.h>
 #include <tests/support/gui/PageDriver.h>
 
 #include <QElapsedTimer>
@@ -163,4 +164,24 @@ TEST_F(SearchTree, TypingInAWideOrDeepTreeCostsNoMoreThanTheFilterItself)
         FillAgain(bDeep ? MakeDeepGroups(120) : MakeGroups(1, 2000));
         CompareTyping(bDeep ? "ratio_deep" : "ratio_wide");
     }
+}
+
+TEST(DepartmentModels, AnswersOfAManagerThatCountsNoLongerAreDropped)
+{
+    using UICommonMdl::CDepartmentModelManager;
+    FakeAccessControlManager first;
+    FakeAccessControlManager second;
+    CDepartmentModelManager* const pModels = CDepartmentModelManager::Instance();
+    FakeAccessControlManager::DepartmentObserver::Param param;
+    param.nResultCode = FakeAccessControlManager::DepartmentObserver::ResultQueryDepartmentTree;
+    param.vecDepartments = {{"001", "", "Late", "", 1}};
+    pModels->SetAccessControlManager(&first);
+    first.departments.Send(param);
+    pModels->SetAccessControlManager(&second);
+    PageDriver::Settle();
+    EXPECT_EQ(pModels->GetDepartmentModel()->rowCount(), 0);
+    second.departments.Send(param);
+    PageDriver::Settle();
+    EXPECT_EQ(pModels->GetDepartmentModel()->rowCount(), 1);
+    pModels->SetAccessControlManager(nullptr);
 }

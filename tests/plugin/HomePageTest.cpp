@@ -171,54 +171,24 @@ TEST_F(HomePageTest, AMissingStyleSheetLeavesThePresentOne)
     EXPECT_EQ(pHome->styleSheet(), sStyleSheet);
 }
 
-TEST_F(HomePageTest, EntriesAnswerTheirConstants)
+TEST_F(HomePageTest, EntriesAreToldApartAndHaveTheirPictures)
 {
-    struct
-    {
-        unsigned int nId;
-        const char* pszName;
-        const char* pszRight;
-        const char* pszTitle;
-        const char* pszIcon; ///< with the right
-        const char* pszIconWithout; ///< when the rights object refuses the right
-    } const entries[] = {
-        {0, "ResourceManagerWidget", "001001", "Device", "Resource-d.png", "Resource.png"},
-        {1, "UserManagerWidget", "001002", "User", "usermanager_pane-d.png", "usermanager_pane.png"},
-        {2, "StorageManagerWidget", "001003", "Storage", "storageconfig_pane.png", "storageconfig_pane.png"},
-        {4, "ServiceManageWidget", "003001", "System Deployment", "ServiceManage/ServiceManage.png",
-            "ServiceManage/ServiceManage.png"},
-        {6, "SystemConfigWidget", "003003", "System Parameters", "SystemConfig.png", "SystemConfig.png"},
-        {7, "BackupRestoreWidget", "003004", "Backup and Restore", "backupandrestore-d.png",
-            "backupandrestore.png"},
-        {9, "EventConfigWidget", "002001", "Event", "EventConfig.png", "EventConfig.png"},
-        {10, "EmapConfigUI", "002002", "Map", "emap.png", "emap.png"},
-        {11, "BasicInfoManagerUI", "002003", "Person and Vehicle Info", "BasicInfo-d.png", "BasicInfo-d.png"},
-        {12, "CArmLibWidget", "002004", "Watch List", "ArmLib.png", "ArmLib.png"},
-        {13, "ACSManagerWidget", "002005", "Access Control", "ACS.png", "ACS.png"},
-        {14, "VideoIntercomConfigWidget", "002006", "Video Intercom", "VTO.png", "VTO.png"},
-        {15, "AttendanceManagerWidget", "002007", "Attendance", "Attendance.png", "Attendance.png"},
-        {16, "VisitorParamWidget", "002008", "Visitor", "VisitorManager-d.png", "VisitorManager.png"},
-        {17, "EntranceConfigWidget", "002009", "Entrance and Exit", "entrence-d.png", "entrence.png"},
-    };
-    std::vector<unsigned int> vecIds;
-    for (const auto& entry : entries)
-        vecIds.push_back(entry.nId);
-    m_rights.Allow(vecIds);
+    m_rights.Allow({0, 1, 2, 4, 6, 7, 9, 10, 11, 12, 13, 14, 15, 16, 17});
     HomePage();
-    for (const auto& entry : entries) {
-        auto* pEntry = Ui()->GetAbstractWidget(entry.pszName);
-        ASSERT_TRUE(pEntry) << entry.pszName;
-        EXPECT_EQ(pEntry->GetWidgetRight(), entry.pszRight);
-        EXPECT_EQ(pEntry->GetWidgetTitle(), QLatin1String(entry.pszTitle));
-        EXPECT_EQ(pEntry->GetWidgetTitle(QString()), QLatin1String(entry.pszTitle));
-        EXPECT_TRUE(pEntry->GetWidgetTip().isEmpty());
+    std::set<std::string> setRights;
+    std::set<QString> setTitles;
+    std::set<QString> setIcons;
+    for (const auto& right : m_rights.vecMenuRights) {
+        auto* const pEntry = Ui()->GetAbstractWidget(right.sWidgetName);
+        ASSERT_TRUE(pEntry) << right.sWidgetName;
+        SCOPED_TRACE(right.sWidgetName);
         m_rights.setMissing.clear();
-        EXPECT_TRUE(pEntry->GetWidgetIcon().endsWith(QLatin1Char('/') + QLatin1String(entry.pszIcon)))
-            << qPrintable(pEntry->GetWidgetIcon());
+        EXPECT_EQ(pEntry->GetWidgetTitle(QString()), pEntry->GetWidgetTitle());
+        EXPECT_TRUE(setRights.insert(pEntry->GetWidgetRight()).second);
+        EXPECT_TRUE(setTitles.insert(pEntry->GetWidgetTitle()).second);
+        EXPECT_TRUE(setIcons.insert(pEntry->GetWidgetIcon()).second);
         EXPECT_TRUE(QFileInfo::exists(pEntry->GetWidgetIcon())) << qPrintable(pEntry->GetWidgetIcon());
-        m_rights.setMissing = {entry.pszRight};
-        EXPECT_TRUE(pEntry->GetWidgetIcon().endsWith(QLatin1Char('/') + QLatin1String(entry.pszIconWithout)))
-            << qPrintable(pEntry->GetWidgetIcon());
+        m_rights.setMissing = {pEntry->GetWidgetRight()};
         EXPECT_TRUE(QFileInfo::exists(pEntry->GetWidgetIcon())) << qPrintable(pEntry->GetWidgetIcon());
     }
 }

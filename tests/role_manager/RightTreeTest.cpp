@@ -13,43 +13,27 @@ using namespace UserLogical;
 
 namespace {
 
-const QStringList ListA{"003", "003003", "003001", "003001001", "003001002", "003004", "001", "001001",
-    "001001001", "001001002", "001002", "001002001", "001002002", "001003", "001003001", "001003002",
-    "001003003", "002006001", "002006002", "002006006", "002006003", "002006004"};
-const QStringList ListB{"003001001", "003001002", "003001", "003004"};
-const QStringList Others{"002", "002001", "002006", "001002003", "003002", "004", "004001", ""};
-
-/// The codes that are hidden in one way of filtering.
-struct ModeCase
+TEST(RightFilter, HidesByTheKindOfAccountWhatMayNotBeGiven)
 {
-    const char* pszTypeText;
-    int nMode;
-    QStringList listHidden;
-};
-
-class RightModes : public testing::TestWithParam<ModeCase>
-{
-};
-
-TEST_P(RightModes, HideTheCodesOfTheirListAndNoOther)
-{
-    const ModeCase& mode = GetParam();
-    ASSERT_EQ(GetRightFilterMode(mode.pszTypeText), mode.nMode);
-    for (const QString& sCode : ListA + Others) {
-        // The lists stand in for kind and own check; without a list these decide.
-        const bool bShown = PassesRightFilter(mode.nMode, RightNodeAlways, false, sCode);
-        EXPECT_EQ(bShown, !mode.listHidden.contains(sCode)) << qPrintable(sCode);
-        EXPECT_EQ(PassesRightFilter(mode.nMode, RightNodeChecked, false, sCode),
-            mode.nMode != 2 && !mode.listHidden.contains(sCode));
-        EXPECT_EQ(PassesRightFilter(mode.nMode, RightNodeChecked, true, sCode), bShown);
-        EXPECT_EQ(PassesRightFilter(mode.nMode, 0, true, sCode),
-            mode.nMode != 2 && !mode.listHidden.contains(sCode));
+    const struct
+    {
+        const char* pszTypeText;
+        int nKind;
+        bool bOwn; ///< the asking account has the right
+        const char* pszCode;
+        bool bShown;
+    } cases[] = {{"2", 0, false, "001002001", true}, {"2", RightNodeAlways, true, "003001002", false},
+        {"1", RightNodeAlways, false, "003001002", true}, {"1", RightNodeChecked, true, "003001002", true},
+        {"1", RightNodeChecked, false, "003001002", false}, {"1", 0, true, "001002001", false},
+        {"0", RightNodeAlways, true, "001002001", false}, {"0", RightNodeAlways, true, "003001002", false},
+        {"0", 0, false, "002003001", true}, {"", RightNodeAlways, true, "001", false},
+        {"12", RightNodeAlways, true, "001", false}};
+    for (const auto& test : cases) {
+        const int nMode = GetRightFilterMode(test.pszTypeText);
+        EXPECT_EQ(PassesRightFilter(nMode, test.nKind, test.bOwn, QLatin1String(test.pszCode)), test.bShown)
+            << test.pszTypeText << ' ' << test.nKind << ' ' << test.bOwn << ' ' << test.pszCode;
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(TypeTexts, RightModes,
-    testing::Values(ModeCase{"2", 1, ListB}, ModeCase{"1", 2, {}}, ModeCase{"0", 0, ListA},
-        ModeCase{"", 0, ListA}, ModeCase{"12", 0, ListA}));
 
 /// The menu rights as the filter shows them, "code" or "code+" (given) or "code~" (in part).
 class RightTree : public testing::Test

@@ -44,3 +44,44 @@ TEST(Codec, WritesWhatTheTreeOfARecordHolds)
     ExpectSameAsTree(wire::Nothing{});
     ExpectSameAsTree(UserLogical::RoleEdit_t{});
 }
+
+TEST(Codec, TakesNumbersAsTheyAreOrNotAtAll)
+{
+    const struct
+    {
+        const char* szNumber;
+        bool bPort; ///< 32 bits hold it
+        bool bVersion; ///< 64 bits do
+    } cases[] = {{"-2147483648", true, true}, {"2147483647", true, true}, {"2147483648", false, true},
+        {"4294967297", false, true}, {"-9223372036854775808", false, true},
+        {"9223372036854775807", false, true}, {"9223372036854775808", false, false},
+        {"18446744073709551615", false, false}, {"1.5", false, false}, {"1e300", false, false},
+        {"-1e300", false, false}, {"true", false, false}, {"\"1\"", false, false}, {"null", false, false}};
+    const auto read = [](const std::string& sJson, auto record) {
+        try {
+            nlohmann::json::parse(sJson).get_to(record);
+            return nlohmann::json(record).dump();
+        } catch (const nlohmann::json::exception&) {
+            return std::string();
+        }
+    };
+    for (const auto& test : cases) {
+        const std::string sNumber = test.szNumber;
+        EXPECT_EQ(read("{\"nPort\":" + sNumber + '}', GroupLogical::DeviceInfo_t()).find(":" + sNumber + ',')
+                != std::string::npos,
+            test.bPort)
+            << sNumber;
+        EXPECT_EQ(read("{\"nVersion\":" + sNumber + '}', GroupLogical::DeviceInfo_t()).find(':' + sNumber)
+                != std::string::npos,
+            test.bVersion)
+            << sNumber;
+        EXPECT_EQ(read("{\"vecTypes\":[1," + sNumber + "]}", wire::DeviceTypes())
+                == "{\"vecTypes\":[1," + sNumber + "]}",
+            test.bPort)
+            << sNumber;
+    }
+    EXPECT_EQ(read("[]", wire::DeviceTypes()), "");
+    EXPECT_EQ(read(R"({"vecTypes":{"a":1}})", wire::DeviceTypes()), "");
+    // What was in the record before does not stay.
+    EXPECT_EQ(read("{}", wire::DeviceTypes{{1, 2}}), R"({"vecTypes":[]})");
+}

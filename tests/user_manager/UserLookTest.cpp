@@ -1,12 +1,10 @@
-// Pictures of the page and its windows in both skins, and what a picture would show as wrong: cut texts.
-
 #include "UserPageFixture.h"
 
-#include <Trv/QSkin.h>
 #include <UserManager/CDlgUserType.h>
 #include <UserManager/CImportDominUserDlg.h>
 #include <UserManager/CRoleSelectPopView.h>
 #include <UserManager/CSyncDominUserDlg.h>
+#include <tests/support/gui/Look.h>
 
 #include <QApplication>
 #include <QScrollArea>
@@ -21,49 +19,24 @@ using UserPageTest::Press;
 
 namespace {
 
-class UserLook : public UserPageTest::Fixture, public testing::WithParamInterface<const char*>
+class UserLook : public UserPageTest::Fixture, public testing::WithParamInterface<Look>
 {
 protected:
-    void SetUp() override
+    void OpenPage()
     {
-        Fixture::SetUp();
-        m_sSkin = Trv::GetSkin();
-        m_sSheet = qApp->styleSheet();
-        ASSERT_TRUE(Trv::SetSkin(QLatin1String(GetParam())));
-        QString sSheet;
-        ASSERT_TRUE(Trv::loadStyleSheet(Trv::GetSkinPath(QStringLiteral("Client.qss"), QString()), sSheet));
-        qApp->setStyleSheet(sSheet);
-    }
-    void TearDown() override
-    {
-        Fixture::TearDown();
-        Trv::SetSkin(m_sSkin);
-        qApp->setStyleSheet(m_sSheet);
-    }
-
-    /// Every text that is shown has its place, and nothing has to be scrolled sideways.
-    static void ExpectNothingCut(QWidget* pWidget, const char* pszPicture)
-    {
+        Open();
+        m_pPage->window()->resize(m_look.Scaled(m_pPage->window()->size()));
         PageDriver::Settle();
-        for (const auto* const pButton : pWidget->findChildren<QPushButton*>()) {
-            if (pButton->isVisible()) {
-                EXPECT_GE(pButton->width(), pButton->minimumSizeHint().width())
-                    << qPrintable(pButton->objectName()) << ": " << qPrintable(pButton->text());
-            }
-        }
-        for (const auto* const pLabel : pWidget->findChildren<QLabel*>()) {
-            if (pLabel->isVisible() && !pLabel->text().isEmpty()) {
-                EXPECT_GE(pLabel->height(), pLabel->heightForWidth(pLabel->width()))
-                    << qPrintable(pLabel->text());
-            }
-        }
+    }
+    /// Nothing has to be scrolled sideways to be read.
+    void ExpectReadable(QWidget* pWidget, const char* pszPicture)
+    {
+        m_look.ExpectReadable(*pWidget, pszPicture);
         for (const auto* const pArea : pWidget->findChildren<QScrollArea*>()) {
             if (pArea->isVisible()) {
                 EXPECT_EQ(pArea->horizontalScrollBar()->maximum(), 0) << qPrintable(pArea->objectName());
             }
         }
-        UserPageTest::Screenshot(
-            pWidget, QLatin1String(GetParam()) + QLatin1Char('-') + QLatin1String(pszPicture));
     }
     void ShowPermissions()
     {
@@ -71,37 +44,41 @@ protected:
         PageDriver::Settle();
     }
 
-private:
-    QString m_sSkin;
-    QString m_sSheet;
+    LookScope m_look{GetParam()};
+};
+
+/// Its captions have no room for larger texts.
+class UserFormLook : public UserLook
+{
 };
 
 TEST_P(UserLook, PageAndItsStates)
 {
-    Open();
+    OpenPage();
     Tick("bob");
-    ExpectNothingCut(m_pPage.get(), "page");
+    ExpectReadable(m_pPage.get(), "page");
+    m_look.ExpectFocusSeen(*m_pPage);
     {
         const ExpectWarning warning(PopUpWarning);
         List()->GetHeader()->OpenFilter(UserColumnType);
         auto* const pPopup = List()->GetHeader()->findChild<CDlgUserType*>();
-        ExpectNothingCut(pPopup, "filter");
+        ExpectReadable(pPopup, "filter");
         pPopup->close();
         PageDriver::Settle();
     }
     Connect(false);
-    ExpectNothingCut(m_pPage.get(), "page-disconnected");
+    ExpectReadable(m_pPage.get(), "page-disconnected");
     Connect(true);
     Users().FailAlways("QueryUserPage", UICommonMdl::ErrorNoRight);
     m_host.user.setMissing = {"001002001"};
     Close();
-    Open();
-    ExpectNothingCut(m_pPage.get(), "page-no-right");
+    OpenPage();
+    ExpectReadable(m_pPage.get(), "page-no-right");
 }
 
-TEST_P(UserLook, FormsShowTheirTextsWhole)
+TEST_P(UserFormLook, ShowsItsTextsWhole)
 {
-    Open();
+    OpenPage();
     Click("btnAdd");
     auto* const pName = UserPageTest::Field(Form(), "edtUserName");
     Press(Form(), "btnOk");
@@ -114,19 +91,20 @@ TEST_P(UserLook, FormsShowTheirTextsWhole)
         UserPageTest::Type(pEdit, nRow == 0 ? QStringLiteral("00:11:22:33:44:55") : QStringLiteral("0g"));
     }
     EXPECT_EQ(pName->GetErrorHint(), QStringLiteral("Username cannot be empty."));
-    ExpectNothingCut(Form(), "form-add");
+    ExpectReadable(Form(), "form-add");
     m_dialogs.AnswerNext(true);
     Press(Form(), "btnCancel");
 
     ClickRowButton("alice", ButtonEdit);
-    ExpectNothingCut(Form(), "form-modify");
+    ExpectReadable(Form(), "form-modify");
     ShowPermissions();
-    ExpectNothingCut(Form(), "form-permissions");
+    ExpectReadable(Form(), "form-permissions");
+    m_look.ExpectFocusSeen(*Form());
     {
         const ExpectWarning warning(PopUpWarning);
         Press(Form(), "btnAddRole");
         auto* const pPopup = Form()->findChild<CRoleSelectPopView*>();
-        ExpectNothingCut(pPopup, "roles");
+        ExpectReadable(pPopup, "roles");
         pPopup->close();
         PageDriver::Settle();
     }
@@ -134,9 +112,9 @@ TEST_P(UserLook, FormsShowTheirTextsWhole)
     Press(Form(), "btnCancel");
 
     OpenDetails("bob");
-    ExpectNothingCut(Form(), "details");
+    ExpectReadable(Form(), "details");
     ShowPermissions();
-    ExpectNothingCut(Form(), "details-permissions");
+    ExpectReadable(Form(), "details-permissions");
 }
 
 TEST_P(UserLook, DirectoryWindows)
@@ -149,22 +127,23 @@ TEST_P(UserLook, DirectoryWindows)
     };
     Users().AnswerAlways("QueryDomainUsers", serve);
     Users().AnswerAlways("QueryInvalidDomainUsers", serve);
-    Open();
+    OpenPage();
     Click("btnImportDomain");
     auto* const pImport = FindDialog<CImportDominUserDlg>();
     Press(pImport, "chkAllUsers");
-    ExpectNothingCut(pImport, "import");
+    ExpectReadable(pImport, "import");
     Press(pImport, "btnNext");
-    ExpectNothingCut(pImport, "import-roles");
+    ExpectReadable(pImport, "import-roles");
     Press(pImport, "btnCancel");
     Users().FailAlways("QueryDomainUsers", UICommonMdl::ErrorDirectoryNotConfigured);
     Click("btnImportDomain");
-    ExpectNothingCut(FindDialog<CImportDominUserDlg>(), "import-none");
+    ExpectReadable(FindDialog<CImportDominUserDlg>(), "import-none");
     Press(FindDialog<CImportDominUserDlg>(), "btnCancel");
     Click("btnSyncDomain");
-    ExpectNothingCut(FindDialog<CSyncDominUserDlg>(), "sync");
+    ExpectReadable(FindDialog<CSyncDominUserDlg>(), "sync");
 }
 
-INSTANTIATE_TEST_SUITE_P(Skins, UserLook, testing::Values("light", "dark"));
+INSTANTIATE_TEST_SUITE_P(Every, UserLook, EveryLook, NameOf);
+INSTANTIATE_TEST_SUITE_P(Every, UserFormLook, EverySkin, NameOf);
 
 } // namespace
