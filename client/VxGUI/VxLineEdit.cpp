@@ -124,6 +124,8 @@ void VxLineEdit::SetLimit(const UICommonMdl::TextRule& rule, const QString& sMes
     m_sTooLong = sMessage;
     m_sTooLong.replace(QLatin1String("%1"), QString::number(rule.nMax));
     m_pValidator->SetLimit(rule.nMax, rule.lines);
+    if (sMessage.isEmpty())
+        return;
     AddCheck([nMax = rule.nMax](const QString& sText) { return CountCharacters(sText) <= nMax; }, m_sTooLong);
 }
 

@@ -47,8 +47,8 @@ public:
         const UICommonMdl::TextRule& rule, const QString& sLimitMessage, const QString& sForbiddenMessage);
     /// At most as many characters as the rule says: what is entered beyond them is left out, wherever the
     /// cursor is, and shows the message as a hint, when there is one. Line breaks that come with a text of
-    /// elsewhere become blanks where the rule has one line. setText keeps a longer text, which CheckInput
-    /// reports.
+    /// elsewhere become blanks where the rule has one line. setText keeps a longer text; with a message
+    /// CheckInput reports it.
     void SetLimit(const UICommonMdl::TextRule& rule, const QString& sMessage = QString());
     /// Characters that the rule does not allow can be typed and show the message.
     void SetForbidden(const UICommonMdl::TextRule& rule, const QString& sMessage);
