@@ -15,8 +15,6 @@ struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(COrganizationEditPage)
 };
-constexpr int NameLimit = 50;
-constexpr int RemarkLimit = 255;
 } // namespace
 
 COrganizationEditPage::COrganizationEditPage(QWidget* pParent)
@@ -25,14 +23,12 @@ COrganizationEditPage::COrganizationEditPage(QWidget* pParent)
 {
     m_pUi->setupUi(this);
     m_pUi->btnBack->setIcon(Trv::GetIcon(QStringLiteral("back")));
-    const QRegularExpression pattern(QStringLiteral("^[^<>]*$"));
-    const QString sPatternText = Text::tr("Special characters < and > are not allowed.");
+    const QString sSpecial = Text::tr("Special characters < and > are not allowed.");
     m_pUi->editName->SetRequired(Text::tr("Organization name cannot be empty."));
-    m_pUi->editName->SetMaxLimit(NameLimit, Text::tr("The max length of organization name is 50!"));
-    m_pUi->editName->SetPattern(pattern, sPatternText);
-    m_pUi->editRemark->SetMaxLimit(
-        RemarkLimit, Text::tr("The remark length cannot exceed %1 characters.").arg(RemarkLimit));
-    m_pUi->editRemark->SetPattern(pattern, sPatternText);
+    m_pUi->editName->SetRule(
+        GroupLogical::OrganizationName, Text::tr("The max length of organization name is %1!"), sSpecial);
+    m_pUi->editRemark->SetRule(GroupLogical::OrganizationRemark,
+        Text::tr("The remark length cannot exceed %1 characters."), sSpecial);
     connect(m_pUi->btnOk, &QAbstractButton::clicked, this, &COrganizationEditPage::OnOkClicked);
     connect(m_pUi->editName, &VxGUI::VxLineEdit::returnPressed, this, &COrganizationEditPage::OnOkClicked);
     connect(m_pUi->editRemark, &VxGUI::VxLineEdit::returnPressed, this, &COrganizationEditPage::OnOkClicked);

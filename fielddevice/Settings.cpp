@@ -1,6 +1,6 @@
 #include "Settings.h"
 
-#include <server/devices/ReplyText.h>
+#include <UICommonMdl/TextRule.h>
 
 #include <arpa/inet.h>
 
@@ -69,7 +69,7 @@ Refusal CheckAddress(const std::string& sHost, const std::string& sMask, const s
         return "A simulated device stays on loopback addresses";
     if (!IsMask(sMask))
         return "The network mask is wrong";
-    if (!sGateway.empty() && !Platform::ReplyText::IsIpv4(sGateway))
+    if (!sGateway.empty() && !UICommonMdl::IsIpv4(sGateway))
         return "The gateway is no address";
     return {};
 }

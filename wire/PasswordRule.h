@@ -1,5 +1,7 @@
 #pragma once
 
+#include <UserLogical/UserRecords.h>
+
 #include <algorithm>
 #include <string>
 #include <string_view>
@@ -15,12 +17,13 @@ enum class PasswordFault
     UserName
 };
 
-/// The platform's password rule, the same in client and server: 8 to 32 printable ASCII characters, no blank
-/// and none of ' " ; : &, of at least two of the classes lower case, upper case, digits, others; neither the
-/// user name nor the user name backwards (whatever the case).
+/// The platform's password rule, the same in client and server: as long as UserLogical::UserPassword says,
+/// printable ASCII, no blank and none of ' " ; : &, of at least two of the classes lower case, upper case,
+/// digits, others; neither the user name nor the user name backwards (whatever the case).
 inline PasswordFault CheckPassword(std::string_view password, std::string_view userName)
 {
-    if (password.size() < 8 || password.size() > 32)
+    const int nLength = UICommonMdl::CountCharacters(password);
+    if (nLength < UserLogical::UserPassword.nMin || nLength > UserLogical::UserPassword.nMax)
         return PasswordFault::Length;
     bool lower = false, upper = false, digit = false, other = false;
     for (const char c : password) {

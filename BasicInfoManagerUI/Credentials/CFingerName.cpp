@@ -2,6 +2,7 @@
 
 #include "ui_CFingerName.h"
 
+#include <VxGUI/RequiredMark.h>
 #include <common/StyleSheet.h>
 
 #include <QLineEdit>
@@ -29,8 +30,10 @@ CFingerName::CFingerName(const CredentialRules::Fingerprints& vecFingerprints, i
     m_pUi->buttonBox->button(QDialogButtonBox::Ok)->setProperty("role", QStringLiteral("primary"));
     connect(m_pUi->buttonBox, &QDialogButtonBox::accepted, this, &CFingerName::accept);
     connect(m_pUi->buttonBox, &QDialogButtonBox::rejected, this, &CFingerName::reject);
-    m_pUi->m_pEditFingerName->SetMaxLimit(CredentialRules::FingerNameLimit,
-        Text::tr("Fingerprint name cannot exceed %1 characters.").arg(CredentialRules::FingerNameLimit));
+    m_pUi->m_pEditFingerName->SetRule(AccessControlLogical::FingerprintName,
+        Text::tr("Fingerprint name cannot exceed %1 characters."),
+        Text::tr("Special characters < and > are not allowed."));
+    VxGUI::MarkRequired(m_pUi->m_pEditFingerName);
     m_pUi->m_pEditFingerName->setText(nIndex < 0
             ? CredentialRules::GetDefaultFingerName(vecFingerprints)
             : QString::fromStdString(vecFingerprints[std::size_t(nIndex)].sName));
@@ -44,7 +47,9 @@ CFingerName::~CFingerName() = default;
 void CFingerName::accept()
 {
     VxGUI::VxLineEdit* const pField = m_pUi->m_pEditFingerName;
-    const QString sFailure = CredentialRules::CheckFingerName(m_vecFingerprints, pField->text(), m_nIndex);
+    QString sFailure = CredentialRules::CheckFingerName(m_vecFingerprints, pField->text(), m_nIndex);
+    if (sFailure.isEmpty())
+        sFailure = pField->CheckInput();
     if (!sFailure.isEmpty()) {
         pField->SetErrorHint(sFailure);
         pField->setFocus();

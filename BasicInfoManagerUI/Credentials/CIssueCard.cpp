@@ -13,7 +13,6 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPointer>
-#include <QRegularExpressionValidator>
 #include <QShortcut>
 
 namespace BasicInfoManagerUI {
@@ -54,10 +53,9 @@ void CIssueCard::SetUpField()
 {
     using namespace CredentialRules;
     VxGUI::VxLineEdit* const pField = m_pUi->m_pEditCardNo;
-    pField->SetMaxLimit(
-        CardNoLimit, Text::tr("The card number length cannot exceed %1 characters.").arg(CardNoLimit));
-    pField->SetPattern(
-        QRegularExpression(QStringLiteral("^[0-9a-fA-F]*$")), Text::tr("Only allow letters and numbers."));
+    pField->SetRule(AccessControlLogical::CardNumber,
+        Text::tr("The card number length cannot exceed %1 characters."),
+        Text::tr("Only allow letters and numbers."));
     connect(pField, &VxGUI::VxLineEdit::returnPressed, this, &CIssueCard::Confirm);
     connect(pField, &VxGUI::VxLineEdit::textChanged, this,
         [this](const QString& sText) { m_pUi->wgtReaderBar->SetPaused(!sText.isEmpty()); });

@@ -125,9 +125,10 @@ QWidget* CCardNoDelegate::createEditor(
     auto* const pEdit = new QLineEdit(pParent);
     pEdit->setObjectName(QStringLiteral("edtCardNo"));
     pEdit->setAccessibleName(Text::tr("Card No."));
-    pEdit->setMaxLength(CredentialRules::CardNoLimit);
-    pEdit->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("^[0-9a-fA-F]*$")), pEdit));
+    const UICommonMdl::TextRule& rule = AccessControlLogical::CardNumber;
+    pEdit->setMaxLength(rule.nMax);
+    pEdit->setValidator(new QRegularExpressionValidator(
+        QRegularExpression(QStringLiteral("[%1]*").arg(QLatin1String(rule.szAllowed))), pEdit));
     return pEdit;
 }
 

@@ -8,7 +8,6 @@
 
 #include <QLineEdit>
 #include <QPointer>
-#include <QRegExpValidator>
 #include <QShortcut>
 
 namespace BasicInfoManagerUI {
@@ -47,8 +46,8 @@ CUnlockPasswordUI::~CUnlockPasswordUI() = default;
 void CUnlockPasswordUI::SetUpField(VxGUI::VxLineEdit* pField, QAbstractButton* pConfirm)
 {
     QLineEdit* const pEdit = pField->GetLineEdit();
-    pEdit->setValidator(new QRegExpValidator(QRegExp(QStringLiteral("^$|[0-9]{,6}$")), pEdit));
-    pEdit->setMaxLength(CredentialRules::PasswordLength);
+    pField->SetTyped(QRegularExpression(QStringLiteral("[0-9]*")));
+    pField->SetLimit(AccessControlLogical::UnlockPassword);
     pEdit->setAttribute(Qt::WA_InputMethodEnabled, false);
     connect(pField, &VxGUI::VxLineEdit::returnPressed, this, [this, pField] { Confirm(pField); });
     connect(pField, &VxGUI::VxLineEdit::textEdited, this, &CUnlockPasswordUI::SignalChanged);
@@ -131,8 +130,9 @@ void CUnlockPasswordUI::ShowPage()
     }
     const bool bFinished = m_bHasPassword || m_bReadOnly;
     // Six dots whatever it is: nothing of a stored password is known here.
-    m_pUi->lbPasswordSet->setText(m_bHasPassword ? QString(CredentialRules::PasswordLength, QChar(0x2022))
-                                                 : Text::tr("No unlock password"));
+    m_pUi->lbPasswordSet->setText(m_bHasPassword
+            ? QString(AccessControlLogical::UnlockPassword.nMax, QChar(0x2022))
+            : Text::tr("No unlock password"));
     m_pUi->lbPasswordSet->setAccessibleName(
         m_bHasPassword ? Text::tr("The unlock password is set.") : QString());
     m_pUi->stackPassword->setCurrentWidget(bFinished ? m_pUi->pagePasswordFinished : m_pUi->pageAddPassword);

@@ -1,7 +1,6 @@
 #include "CredentialRules.h"
 
 #include <QCoreApplication>
-#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -26,11 +25,7 @@ struct BatchText
     Q_DECLARE_TR_FUNCTIONS(CBatchIssueCard)
 };
 
-bool IsCardNo(const QString& sText)
-{
-    static const QRegularExpression s_pattern(QStringLiteral("^[a-fA-F0-9]*$"));
-    return !sText.endsWith(QLatin1Char('\n')) && s_pattern.match(sText).hasMatch();
-}
+const UICommonMdl::TextRule& CardRule = AccessControlLogical::CardNumber;
 
 } // namespace
 
@@ -49,10 +44,10 @@ int FindCard(const Cards& vecCards, const std::string& sCardNo)
 
 QString CheckReadCardNo(const QString& sText)
 {
-    if (!IsCardNo(sText))
+    if (HasForbidden(CardRule, sText.toStdString()))
         return CardText::tr("Only allow letters and numbers.");
-    if (sText.size() > CardNoLimit)
-        return CardText::tr("Card num cannot exceed %1 characters.").arg(CardNoLimit);
+    if (IsTooLong(CardRule, sText.toStdString()))
+        return CardText::tr("Card num cannot exceed %1 characters.").arg(CardRule.nMax);
     return {};
 }
 
@@ -60,10 +55,10 @@ QString CheckNewCard(const Cards& vecCards, const QString& sText, int nChanged)
 {
     if (sText.isEmpty())
         return CardText::tr("Please enter card number.");
-    if (!IsCardNo(sText))
+    if (HasForbidden(CardRule, sText.toStdString()))
         return CardText::tr("Only allow letters and numbers.");
-    if (sText.size() > CardNoLimit)
-        return CardText::tr("The card number length cannot exceed %1 characters.").arg(CardNoLimit);
+    if (IsTooLong(CardRule, sText.toStdString()))
+        return CardText::tr("The card number length cannot exceed %1 characters.").arg(CardRule.nMax);
     const int nFound = FindCard(vecCards, sText.toStdString());
     return nFound < 0 || nFound == nChanged ? QString() : CardText::tr("Card No. exists already!");
 }
@@ -118,8 +113,7 @@ bool IsTemplate(const std::string& sTemplate)
 
 QString CheckPassword(const QString& sPassword)
 {
-    static const QRegularExpression s_pattern(QStringLiteral("\\A[0-9]{6}\\z"));
-    return s_pattern.match(sPassword).hasMatch()
+    return Holds(AccessControlLogical::UnlockPassword, sPassword.toStdString())
         ? QString()
         : PasswordText::tr("The passoword must be a 6-digit number.");
 }
@@ -136,7 +130,7 @@ IssueProblem CheckIssueRows(const QVector<IssueRow>& vecRows)
         return problem;
     }
     for (int n = 0; n < vecRows.size(); ++n) {
-        if (IsCardNo(vecRows[n].sCardNo) && vecRows[n].sCardNo.size() <= CardNoLimit)
+        if (Holds(CardRule, vecRows[n].sCardNo.toStdString()))
             continue;
         problem.sText = CardText::tr("Only allow letters and numbers.");
         problem.vecRows.append(n);

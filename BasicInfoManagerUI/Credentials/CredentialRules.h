@@ -11,10 +11,6 @@
 /// well".
 namespace BasicInfoManagerUI::CredentialRules {
 
-inline constexpr int CardNoLimit = 16;
-inline constexpr int FingerNameLimit = 50;
-inline constexpr int PasswordLength = 6;
-
 using Cards = std::vector<AccessControlLogical::Card_t>;
 using Fingerprints = std::vector<AccessControlLogical::Fingerprint_t>;
 

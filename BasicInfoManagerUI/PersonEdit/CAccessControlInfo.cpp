@@ -16,7 +16,6 @@ struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(CAccessControlInfo)
 };
-constexpr int ExtendTimeDigits = 3;
 } // namespace
 
 CAccessControlInfo::CAccessControlInfo(QWidget* pParent)
@@ -29,7 +28,7 @@ CAccessControlInfo::CAccessControlInfo(QWidget* pParent)
     PersonFields::KeepFromWheel(m_pUi->m_pCmbAccessType);
     PersonFields::KeepFromWheel(m_pUi->m_pSpbCardTimes);
     PersonFields::DeclareChecks(m_pUi->m_pEditExtendTime, PersonField::ExtendTime);
-    m_pUi->m_pEditExtendTime->GetLineEdit()->setMaxLength(ExtendTimeDigits);
+    m_pUi->m_pSpbCardTimes->setRange(CardTimes.nMin, CardTimes.nMax);
     m_pUi->m_pAccessGroups->SetUp({Text::tr("Access Permission Group Name")},
         Text::tr("No access permission groups configured."), Text::tr("Add Access Permission Group"));
     m_pUi->m_pAccessGroups->GetAddButton()->setObjectName(QStringLiteral("m_pBtnAddAccessGroup"));

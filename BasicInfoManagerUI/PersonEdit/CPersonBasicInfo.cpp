@@ -3,6 +3,8 @@
 #include "PersonFields.h"
 #include "ui_CPersonBasicInfo.h"
 
+#include <VxGUI/RequiredMark.h>
+
 #include <QCoreApplication>
 #include <QLineEdit>
 
@@ -142,6 +144,7 @@ void CPersonBasicInfo::SetReadOnly(bool bReadOnly)
         (*m_pUi.*field.pEdit)->setReadOnly(bReadOnly || (field.field == PersonField::Id && !m_bIdEditable));
     m_pUi->m_pCmbGender->setEnabled(!bReadOnly);
     m_pUi->m_pCmbGroup->setEnabled(!bReadOnly);
+    VxGUI::MarkRequired(m_pUi->m_pCmbGroup, !bReadOnly);
     m_pUi->m_pValidFrom->SetReadOnly(bReadOnly);
     m_pUi->m_pValidTo->SetReadOnly(bReadOnly);
     m_pUi->m_pPhoto->SetReadOnly(bReadOnly);

@@ -13,46 +13,27 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(PersonFieldRules)
 };
 
-constexpr int IdMinimum = 2;
-constexpr int IdLimit = 12;
-constexpr int TextLimit = 50;
-constexpr int TelephoneLimit = 20;
-constexpr int RemarkLimit = 255;
-constexpr int PlateLimit = 15;
+using UICommonMdl::TextRule;
 
 PersonFieldCheck Required(const QString& sMessage)
 {
-    return {PersonFieldCheck::Required, 0, {}, sMessage};
+    return {PersonFieldCheck::Required, {}, sMessage};
 }
 
-/// The message's %1 is the limit.
-PersonFieldCheck Limit(int nLimit, const QString& sMessage)
+PersonFieldCheck Limit(const TextRule& rule, const QString& sMessage)
 {
-    return {PersonFieldCheck::Limit, nLimit, {}, sMessage.arg(nLimit)};
+    return {PersonFieldCheck::Limit, rule, sMessage};
 }
 
-PersonFieldCheck Pattern(const QString& sPattern, const QString& sMessage)
+PersonFieldCheck Forbidden(const TextRule& rule, const QString& sMessage)
 {
-    return {PersonFieldCheck::Pattern, 0, sPattern, sMessage};
+    return {PersonFieldCheck::Forbidden, rule, sMessage};
 }
 
-PersonFieldCheck WithoutBrackets()
+QVector<PersonFieldCheck> WithoutBrackets(const TextRule& rule, const QString& sLimitMessage)
 {
-    return Pattern(QStringLiteral("^[^<>]*$"), Text::tr("Special characters < and > are not allowed."));
-}
-
-QVector<PersonFieldCheck> GetExtendTimeChecks()
-{
-    const QString sMessage = Text::tr("Please enter a positive integer from 1 through 200.");
-    return {Required(sMessage), Pattern(QStringLiteral("(200|[1]\\d{0,2}|[1-9]\\d{0,1}|[1-9])"), sMessage)};
-}
-
-QVector<PersonFieldCheck> GetIdChecks()
-{
-    return {Required(Text::tr("User ID cannot be null.")),
-        Limit(IdLimit, Text::tr("ID cannot exceed %1 digits.")),
-        Pattern(QStringLiteral("^[1-9][0-9]*$"),
-            Text::tr("Invalid characters. Please input numbers (0-9) only. The first digit cannot be 0."))};
+    return {
+        Limit(rule, sLimitMessage), Forbidden(rule, Text::tr("Special characters < and > are not allowed."))};
 }
 
 } // namespace
@@ -61,46 +42,47 @@ QVector<PersonFieldCheck> GetPersonFieldChecks(PersonField field)
 {
     switch (field) {
     case PersonField::Id:
-        return GetIdChecks();
+        return {Required(Text::tr("User ID cannot be null.")),
+            Limit(PersonId, Text::tr("ID cannot exceed %1 digits.")),
+            {PersonFieldCheck::Check, {},
+                Text::tr("Invalid characters. Please input numbers (0-9) only. The first digit cannot be 0."),
+                IsPartOfPersonId}};
     case PersonField::Name:
-        return {Required(Text::tr("Name cannot be empty.")),
-            Limit(TextLimit, Text::tr("The first name cannot exceed %1 characters.")), WithoutBrackets()};
+        return QVector<PersonFieldCheck>{Required(Text::tr("Name cannot be empty."))}
+        + WithoutBrackets(PersonName, Text::tr("The first name cannot exceed %1 characters."));
     case PersonField::Telephone:
-        return {Limit(TelephoneLimit, Text::tr("Telephone number cannot exceed %1 characters.")),
-            Pattern(QStringLiteral("^[0-9\\-+]*$"), Text::tr("Only allow number, - and +."))};
+        return {Limit(PersonTelephone, Text::tr("Telephone number cannot exceed %1 characters.")),
+            Forbidden(PersonTelephone, Text::tr("Only allow number, - and +."))};
     case PersonField::Email:
-        return {Limit(TextLimit, Text::tr("The e-mail length cannot exceed %1 characters."))};
+        return {Limit(PersonEmail, Text::tr("The e-mail length cannot exceed %1 characters."))};
     case PersonField::Remark:
-        return {Limit(RemarkLimit, Text::tr("The remark length cannot exceed %1 characters.")),
-            WithoutBrackets()};
+        return WithoutBrackets(PersonRemark, Text::tr("The remark length cannot exceed %1 characters."));
     case PersonField::Nickname:
-        return {Limit(TextLimit, Text::tr("Nickname cannot exceed %1 characters.")), WithoutBrackets()};
+        return WithoutBrackets(PersonNickname, Text::tr("Nickname cannot exceed %1 characters."));
     case PersonField::Company:
-        return {Limit(TextLimit, Text::tr("Company cannot exceed %1 characters.")), WithoutBrackets()};
+        return WithoutBrackets(PersonCompany, Text::tr("Company cannot exceed %1 characters."));
     case PersonField::Position:
-        return {Limit(TextLimit, Text::tr("Position cannot exceed %1 characters.")), WithoutBrackets()};
-    case PersonField::ExtendTime:
-        return GetExtendTimeChecks();
+        return WithoutBrackets(PersonPosition, Text::tr("Position cannot exceed %1 characters."));
+    case PersonField::ExtendTime: {
+        const QString sMessage = Text::tr("Please enter a positive integer from 1 through 200.");
+        return {Required(sMessage), {PersonFieldCheck::Check, {}, sMessage, [](std::string_view text) {
+                                         return UICommonMdl::IsNumber(AccessControlLogical::ExtendTime, text);
+                                     }}};
+    }
     case PersonField::Plate:
-        return {
-            Limit(PlateLimit, Text::tr("The plate number cannot exceed %1 characters.")), WithoutBrackets()};
+        return WithoutBrackets(PlateNumber, Text::tr("The plate number cannot exceed %1 characters."));
     }
     return {};
 }
 
 QString CheckPersonFieldOnSave(PersonField field, const QString& sText)
 {
-    if (field == PersonField::Id && sText.size() < IdMinimum)
-        return Text::tr("ID cannot be less than %1 characters.").arg(IdMinimum);
-    if (field == PersonField::Email && !sText.isEmpty() && !IsMailAddress(sText))
+    const std::string text = sText.toStdString();
+    if (field == PersonField::Id && UICommonMdl::CountCharacters(text) < PersonId.nMin)
+        return Text::tr("ID cannot be less than %1 characters.").arg(PersonId.nMin);
+    if (field == PersonField::Email && !sText.isEmpty() && !UICommonMdl::IsMailAddress(text))
         return Text::tr("Invalid mail address.");
     return {};
-}
-
-bool IsMailAddress(const QString& sText)
-{
-    const int nAt = sText.indexOf(QLatin1Char('@'));
-    return nAt >= 0 && sText.lastIndexOf(QLatin1Char('.')) >= nAt;
 }
 
 QString CheckValidPeriod(std::int64_t nFrom, std::int64_t nTo)

@@ -34,21 +34,19 @@ struct PersonFieldCheck
     {
         Required,
         Limit,
-        Pattern
+        Forbidden,
+        Check
     };
     Kind kind;
-    int nLimit; ///< characters, of a limit
-    QString sPattern; ///< of a pattern: what the whole text must match
-    QString sMessage; ///< translated
+    UICommonMdl::TextRule rule; ///< of a limit and of what is forbidden
+    QString sMessage; ///< translated; "%1" of a limit is its number
+    bool (*pHolds)(std::string_view text) = nullptr; ///< of a check
 };
 
 /// The checks that also run while the field is typed into, in their order.
 QVector<PersonFieldCheck> GetPersonFieldChecks(PersonField field);
 /// What is checked on save beside them; empty when it holds.
 QString CheckPersonFieldOnSave(PersonField field, const QString& sText);
-
-/// Whether it has the form of a mail address: an "@", and behind it (or at it) the last ".".
-bool IsMailAddress(const QString& sText);
 
 /// Message on a period that ends before it begins; empty when it holds. 0 is open.
 QString CheckValidPeriod(std::int64_t nFrom, std::int64_t nTo);

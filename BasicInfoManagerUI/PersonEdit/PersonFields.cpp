@@ -34,9 +34,11 @@ void DeclareChecks(VxGUI::VxLineEdit* pEdit, PersonField field)
         if (check.kind == PersonFieldCheck::Required)
             pEdit->SetRequired(check.sMessage);
         else if (check.kind == PersonFieldCheck::Limit)
-            pEdit->SetMaxLimit(check.nLimit, check.sMessage);
+            pEdit->SetLimit(check.rule, check.sMessage);
+        else if (check.kind == PersonFieldCheck::Forbidden)
+            pEdit->SetForbidden(check.rule, check.sMessage);
         else
-            pEdit->SetPattern(QRegularExpression(check.sPattern), check.sMessage);
+            pEdit->SetCheck(check.pHolds, check.sMessage);
     }
 }
 

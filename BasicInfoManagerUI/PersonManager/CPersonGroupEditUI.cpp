@@ -5,6 +5,7 @@
 
 #include <UICommonMdl/CDepartmentModelManager.h>
 #include <UICommonMdl/CErrorCode.h>
+#include <VxGUI/RequiredMark.h>
 #include <VxGUI/VxNotification.h>
 #include <common/Prompt.h>
 #include <common/StyleSheet.h>
@@ -19,9 +20,6 @@ struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(CPersonGroupEditUI)
 };
-
-constexpr int NameLimit = 50;
-constexpr int RemarkLimit = 255;
 
 UICommonMdl::CDepartmentModel* Groups()
 {
@@ -54,13 +52,13 @@ CPersonGroupEditUI::~CPersonGroupEditUI() = default;
 void CPersonGroupEditUI::SetUpFields()
 {
     m_pUi->m_pEditGroupName->SetRequired(Text::tr("Please enter person group name."));
-    m_pUi->m_pEditGroupName->SetMaxLimit(NameLimit, Text::tr("The max length of group name is 50!"));
-    m_pUi->m_pEditGroupName->SetPattern(QRegularExpression(QStringLiteral("^[^<>/]*$")),
+    m_pUi->m_pEditGroupName->SetRule(AccessControlLogical::DepartmentName,
+        Text::tr("The max length of group name is %1!"),
         Text::tr("Special characters < > / are not allowed."));
-    m_pUi->m_pEditRemark->SetMaxLimit(
-        RemarkLimit, Text::tr("The remark length cannot exceed %1 characters.").arg(RemarkLimit));
-    m_pUi->m_pEditRemark->SetPattern(QRegularExpression(QStringLiteral("^[^<>]*$")),
+    m_pUi->m_pEditRemark->SetRule(AccessControlLogical::DepartmentRemark,
+        Text::tr("The remark length cannot exceed %1 characters."),
         Text::tr("Special characters < and > are not allowed."));
+    VxGUI::MarkRequired(m_pUi->m_pCmbParent);
     m_pUi->m_pCmbParent->SetChoiceRule([this](const QModelIndex& group) {
         return CanBeParent(group, Groups()->FindCode(QString::fromStdString(m_loaded.sCode)));
     });

@@ -25,9 +25,6 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CRoleManagerEditDlg)
 };
 
-constexpr int NameLimit = 50;
-constexpr int RemarkLimit = 255;
-
 Role_t Sorted(Role_t role)
 {
     std::sort(role.vecMenuRights.begin(), role.vecMenuRights.end());
@@ -66,15 +63,12 @@ CRoleManagerEditDlg::~CRoleManagerEditDlg() = default;
 
 void CRoleManagerEditDlg::SetUpFields()
 {
-    const QRegularExpression plain(QStringLiteral("^[^<>]*$"));
     const QString sSpecial = Text::tr("Special characters < and > are not allowed.");
     m_pUi->editRoleName->SetRequired(Text::tr("Role name cannot be empty."));
-    m_pUi->editRoleName->SetMaxLimit(
-        NameLimit, Text::tr("Role name cannot exceed %1 characters.").arg(NameLimit));
-    m_pUi->editRoleName->SetPattern(plain, sSpecial);
-    m_pUi->editRemark->SetMaxLimit(
-        RemarkLimit, Text::tr("The remark length cannot exceed %1 characters.").arg(RemarkLimit));
-    m_pUi->editRemark->SetPattern(plain, sSpecial);
+    m_pUi->editRoleName->SetRule(
+        UserLogical::RoleName, Text::tr("Role name cannot exceed %1 characters."), sSpecial);
+    m_pUi->editRemark->SetRule(
+        UserLogical::RoleRemark, Text::tr("The remark length cannot exceed %1 characters."), sSpecial);
 }
 
 void CRoleManagerEditDlg::SetRoles(const std::vector<Role_t>& vecRoles)

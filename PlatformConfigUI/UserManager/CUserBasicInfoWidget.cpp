@@ -1,6 +1,5 @@
 #include "CUserBasicInfoWidget.h"
 
-#include "FieldInput.h"
 #include "UserRules.h"
 #include "ui_CUserBasicInfoWidget.h"
 
@@ -55,26 +54,23 @@ CUserBasicInfoWidget::~CUserBasicInfoWidget() = default;
 
 void CUserBasicInfoWidget::SetUpChecks()
 {
-    const QRegularExpression noBrackets(QStringLiteral("^[^<>]*$"));
+    const QRegularExpression noBrackets(QStringLiteral("[^<>]*"));
     const QString sBrackets = Text::tr("Special characters < and > are not allowed.");
     m_pUi->edtUserName->SetRequired(Text::tr("Username cannot be empty."));
-    m_pUi->edtUserName->SetMaxLimit(
-        UserNameLimit, Text::tr("User name cannot exceed %1 character(s).").arg(UserNameLimit));
-    m_pUi->edtUserName->SetPattern(noBrackets, sBrackets);
-    RefuseOtherInput(m_pUi->edtUserName, noBrackets, sBrackets);
-    m_pUi->edtRemark->SetMaxLimit(
-        UserRemarkLimit, Text::tr("The remark length cannot exceed %1 characters.").arg(UserRemarkLimit));
-    m_pUi->edtRemark->SetPattern(noBrackets, sBrackets);
-    RefuseOtherInput(m_pUi->edtRemark, noBrackets, sBrackets);
+    m_pUi->edtUserName->SetRule(
+        UserLogical::UserName, Text::tr("User name cannot exceed %1 character(s)."), sBrackets);
+    m_pUi->edtUserName->SetTyped(noBrackets, sBrackets);
+    m_pUi->edtRemark->SetRule(
+        UserLogical::UserRemark, Text::tr("The remark length cannot exceed %1 characters."), sBrackets);
+    m_pUi->edtRemark->SetTyped(noBrackets, sBrackets);
     m_pUi->edtPassword->SetRequired(Text::tr("Please enter password."));
     m_pUi->edtConfirmPassword->SetRequired(Text::tr("Please enter confirming password."));
     m_pUi->edtPasswordDays->SetRequired(Text::tr("Password validity period cannot be empty."));
-    RefuseOtherInput(m_pUi->edtPasswordDays,
-        QRegularExpression(QStringLiteral("([1-9]|[1-9]\\d{1}|[1-2]\\d{2}|3[0-5]\\d{1}|36[0-5])")));
+    m_pUi->edtPasswordDays->SetTyped(UserLogical::PasswordDays);
     m_pUi->edtPtzLevel->SetRequired(Text::tr("PTZ control permission cannot be empty."));
-    RefuseOtherInput(m_pUi->edtPtzLevel, QRegularExpression(QStringLiteral("([1-9]|1[0])")));
-    m_pUi->edtEmail->SetMaxLimit(
-        UserEmailLimit, Text::tr("The e-mail length cannot exceed %1 characters.").arg(UserEmailLimit));
+    m_pUi->edtPtzLevel->SetTyped(UserLogical::PtzLevel);
+    m_pUi->edtEmail->SetLimit(
+        UserLogical::UserEmail, Text::tr("The e-mail length cannot exceed %1 characters."));
 }
 
 void CUserBasicInfoWidget::SetUpFields()
@@ -143,6 +139,9 @@ void CUserBasicInfoWidget::UpdateFields()
     m_pUi->lbDomain->setVisible(bDomain);
     m_pUi->lbDomainName->setVisible(bDomain);
     m_pUi->chkChangePassword->setVisible(m_mode == Mode::Modify);
+    m_pUi->edtPassword->SetRequiredNow(IsPasswordUsed());
+    m_pUi->edtConfirmPassword->SetRequiredNow(IsPasswordUsed());
+    m_pUi->edtPasswordDays->SetRequiredNow(m_pUi->swPasswordInterval->isChecked());
     m_pUi->edtPassword->setEnabled(IsPasswordUsed());
     m_pUi->edtConfirmPassword->setEnabled(IsPasswordUsed());
     m_pUi->wgtStrength->setVisible(IsPasswordUsed());
@@ -259,7 +258,7 @@ bool CUserBasicInfoWidget::CheckFields()
     if (FailsAt(m_pUi->edtEmail))
         return false;
     const QString sEmail = m_pUi->edtEmail->text();
-    if (!sEmail.isEmpty() && !IsMailAddress(sEmail)) {
+    if (!sEmail.isEmpty() && !UICommonMdl::IsMailAddress(sEmail.toStdString())) {
         m_pUi->edtEmail->SetErrorHint(Text::tr("Invalid mail address."));
         m_pUi->edtEmail->setFocus();
         return false;

@@ -7,6 +7,7 @@
 #include <RoleManager/CRightsView.h>
 #include <Trv/QSkin.h>
 #include <UICommonMdl/CErrorCode.h>
+#include <VxGUI/RequiredMark.h>
 #include <VxGUI/VxNotification.h>
 #include <common/CRowButtonDelegate.h>
 #include <common/CTableModel.h>
@@ -224,6 +225,7 @@ void CUserDetailPermission::SetChosen(const QStringList& listIds)
 void CUserDetailPermission::ShowChosen()
 {
     m_pUi->btnAddRole->setVisible(!m_bReadOnly);
+    VxGUI::MarkRequired(m_pUi->btnAddRole, !m_bReadOnly);
     m_pUi->btnAddRole->setEnabled(m_bLoaded);
     m_pUi->btnAddRole->SetRoles(m_vecRoles, m_listChosen);
     m_pUi->btnAllRoles->setVisible(m_bReadOnly && m_listChosen.size() > 1);

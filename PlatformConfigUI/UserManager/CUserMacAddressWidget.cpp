@@ -1,6 +1,5 @@
 #include "CUserMacAddressWidget.h"
 
-#include "FieldInput.h"
 #include "UserRules.h"
 #include "ui_CUserMacAddressWidget.h"
 
@@ -132,9 +131,9 @@ void CUserMacAddressWidget::AddRow(const QString& sAddress)
 
     auto* const pField = new VxGUI::VxLineEdit;
     pField->setPlaceholderText(QStringLiteral("xx:xx:xx:xx:xx:xx"));
-    pField->SetMaxLimit(
-        MacAddressLength, Text::tr("MAC address cannot exceed %1 character(s).").arg(MacAddressLength));
-    RefuseOtherInput(pField, QRegularExpression(QStringLiteral("^[a-fA-F0-9:]*$")),
+    const UICommonMdl::TextRule& rule = UserLogical::MacAddress;
+    pField->SetLimit(rule, Text::tr("MAC address cannot exceed %1 character(s)."));
+    pField->SetTyped(QRegularExpression(QStringLiteral("[%1]*").arg(QLatin1String(rule.szAllowed))),
         Text::tr("Special characters are not allowed."));
     pField->setText(sAddress);
     pField->setReadOnly(m_bReadOnly);

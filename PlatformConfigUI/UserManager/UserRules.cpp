@@ -14,24 +14,16 @@ struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(UserRules)
 };
-constexpr int LongestInterval = 365;
 } // namespace
-
-bool IsMailAddress(const QString& sAddress)
-{
-    const int nAt = sAddress.indexOf(QLatin1Char('@'));
-    return nAt >= 0 && sAddress.lastIndexOf(QLatin1Char('.')) >= nAt;
-}
 
 QString CheckMacAddresses(const std::vector<std::string>& vecAddresses, bool bBound)
 {
-    if (vecAddresses.size() > std::size_t(MacAddressCount))
-        return Text::tr("The number of MAC address cannot exceed 5.");
+    if (vecAddresses.size() > UserLogical::MacAddressLimit)
+        return Text::tr("The number of MAC address cannot exceed %1.").arg(UserLogical::MacAddressLimit);
     if (vecAddresses.empty() && bBound)
         return Text::tr("Please enter MAC address.");
-    const bool bWrong = std::any_of(vecAddresses.begin(), vecAddresses.end(),
-        [](const std::string& sAddress) { return sAddress.size() != std::size_t(MacAddressLength); });
-    return bWrong ? Text::tr("Invalid MAC format.") : QString();
+    const bool bRight = std::all_of(vecAddresses.begin(), vecAddresses.end(), UserLogical::IsMacAddress);
+    return bRight ? QString() : Text::tr("Invalid MAC format.");
 }
 
 QDateTime GetDefaultExpiry()
@@ -54,7 +46,7 @@ QString GetPasswordExpirationText(bool bInterval, qint64 nChanged, int nDays)
 {
     if (!bInterval)
         return Text::tr("Never");
-    if (nDays < 1 || nDays > LongestInterval)
+    if (!UserLogical::PasswordDays.Allows(nDays))
         return QStringLiteral("-");
     const QDateTime end = QDateTime::fromMSecsSinceEpoch(nChanged).addDays(nDays);
     return end.toString(QStringLiteral("yyyy-MM-dd HH:mm"));

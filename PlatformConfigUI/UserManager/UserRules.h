@@ -6,20 +6,13 @@
 #include <QString>
 #include <QStringList>
 
-/// What holds for accounts: limits, checks and the texts of their values.
+/// What holds for accounts: checks and the texts of their values.
 namespace PlatformConfigUI {
 
-inline constexpr int UserNameLimit = 50;
-inline constexpr int UserEmailLimit = 50;
-inline constexpr int UserRemarkLimit = 255;
-inline constexpr int MacAddressLength = 17;
-inline constexpr int MacAddressCount = 5;
 inline constexpr int DefaultPasswordDays = 90;
 /// Right code of changing accounts; seeing them needs less.
 inline constexpr const char* RightManageUsers = "001002001";
 
-/// Whether the address has the shape of one; an empty address has not.
-bool IsMailAddress(const QString& sAddress);
 /// The first thing that is wrong with the addresses that an account is bound to; empty: nothing.
 QString CheckMacAddresses(const std::vector<std::string>& vecAddresses, bool bBound);
 /// When an account ends if nothing else is said.

@@ -6,6 +6,7 @@
 
 #include <Trv/QSkin.h>
 #include <UICommonMdl/CErrorCode.h>
+#include <VxGUI/RequiredMark.h>
 #include <common/Prompt.h>
 #include <common/StyleSheet.h>
 
@@ -59,16 +60,24 @@ void CDevAdd::SetUpFields()
         {m_pUi->editSipPassword, DeviceField::SipPassword}};
     for (const auto& [pEdit, field] : fields)
         FormFields::DeclareChecks(pEdit, field);
-    for (VxGUI::VxLineEdit* pEdit : {m_pUi->editTxtIP, m_pUi->editIPStart, m_pUi->editIPEnd})
+    for (VxGUI::VxLineEdit* pEdit :
+        {m_pUi->editTxtIP, m_pUi->editIPStart, m_pUi->editIPEnd, m_pUi->editDevPort}) {
         FormFields::MakeKeyedField(pEdit);
-    const int nLimit = GetFieldLimit(DeviceField::SerialNumber);
-    m_pUi->editTxtIP->SetMaxLimit(nLimit, Text::tr("The sn cannot exceed %1 characters.").arg(nLimit));
-    FormFields::MakeKeyedField(m_pUi->editDevPort, GetPortExpression());
+        VxGUI::MarkRequired(pEdit);
+    }
+    // An address is never as long as a serial number may be.
+    m_pUi->editTxtIP->SetLimit(
+        GroupLogical::DeviceSerialNumber, Text::tr("The sn cannot exceed %1 characters."));
+    m_pUi->editDevPort->SetTyped(GroupLogical::DevicePort);
+    for (QSpinBox* pCount : {m_pUi->spbVideo, m_pUi->spbAlarmInput, m_pUi->spbAlarmOutput, m_pUi->spbAccess,
+             m_pUi->spbDecode, m_pUi->spbLift, m_pUi->spbLiftFloor, m_pUi->spbPos})
+        pCount->setRange(GroupLogical::DeviceCount.nMin, GroupLogical::DeviceCount.nMax);
     // A digit that would lead beyond the greatest port is not taken: say why.
     QLineEdit* pPort = m_pUi->editDevPort->GetLineEdit();
     connect(pPort, &QLineEdit::inputRejected, this, [this, pPort] {
-        if (pPort->text().size() >= QString::number(MaxPort).size() - 1)
-            m_pUi->editDevPort->SetErrorHint(CheckField(DeviceField::Port, QString::number(MaxPort + 1)));
+        const QString sBeyond = QString::number(GroupLogical::DevicePort.nMax + 1);
+        if (pPort->text().size() >= sBeyond.size() - 1)
+            m_pUi->editDevPort->SetErrorHint(CheckField(DeviceField::Port, sBeyond));
     });
     for (VxGUI::VxLineEdit* pEdit : findChildren<VxGUI::VxLineEdit*>())
         connect(pEdit, &VxGUI::VxLineEdit::returnPressed, this, &CDevAdd::OnReturnPressed);
@@ -234,9 +243,9 @@ bool CDevAdd::CheckDevice()
     QString sName = CheckField(DeviceField::DeviceName, m_pUi->editDevName->text());
     const GroupLogical::DeviceAddInfo_t edited = GetEdited();
     if (sName.isEmpty() && edited.nAddMode == GroupLogical::AddBySegment) {
-        const int nLimit = GetSegmentNameLimit(m_pUi->editIPEnd->text());
-        if (QString::fromStdString(edited.sName).size() > nLimit)
-            sName = Text::tr("The device name cannot exceed %1 characters.").arg(nLimit);
+        const UICommonMdl::TextRule rule = GetSegmentNameRule(m_pUi->editIPEnd->text());
+        if (IsTooLong(rule, edited.sName))
+            sName = Text::tr("The device name cannot exceed %1 characters.").arg(rule.nMax);
     }
     Tell(m_pUi->editDevName, sName, pFirst);
     Tell(m_pUi->editMode, CheckField(DeviceField::Model, m_pUi->editMode->text()), pFirst);

@@ -6,6 +6,7 @@
 #include "ui_CDevAdd.h"
 
 #include <UICommonMdl/CErrorCode.h>
+#include <VxGUI/RequiredMark.h>
 #include <common/Prompt.h>
 
 #include <QSignalBlocker>
@@ -62,6 +63,8 @@ void CDevAdd::Start(bool bEdit, const std::vector<GroupLogical::Organization_t>&
     const GroupLogical::DeviceAddInfo_t& device)
 {
     m_bEdit = bEdit;
+    // An empty password leaves that of the device as it is.
+    m_pUi->editPassWord->SetRequiredNow(!bEdit);
     m_groupCalls.ForgetAll();
     SetBusy(false);
     const QString sTitle = bEdit ? Text::tr("Edit Device") : Text::tr("Add Device");
@@ -263,8 +266,9 @@ void CDevAdd::ShowModeFields()
     const QString sLabel = GetAddressLabel();
     m_pUi->lbEditTxtIP->setText(sLabel);
     m_pUi->editTxtIP->setAccessibleName(sLabel.chopped(1));
-    FormFields::SetTypedExpression(
-        m_pUi->editTxtIP, fields.bSerialNumber ? GetSerialNumberExpression() : GetIpExpression());
+    m_pUi->editTxtIP->SetTyped(
+        QRegularExpression(fields.bSerialNumber ? GetSerialNumberExpression() : GetIpExpression()));
+    VxGUI::MarkRequired(m_pUi->editTxtIP);
     ShowRow(m_pUi->lbEditTxtIP, m_pUi->editTxtIP, fields.bIp || fields.bSerialNumber);
     ShowRow(m_pUi->lbEditIPStart, m_pUi->editIPStart, fields.bSegment);
     ShowRow(m_pUi->lbEditIPEnd, m_pUi->editIPEnd, fields.bSegment);

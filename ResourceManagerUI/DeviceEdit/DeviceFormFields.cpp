@@ -5,7 +5,6 @@
 
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QRegularExpressionValidator>
 
 namespace ResourceManagerUI::FormFields {
 
@@ -56,20 +55,11 @@ void DeclareChecks(VxGUI::VxLineEdit* pEdit, DeviceField field)
     for (const FieldCheck& check : GetFieldChecks(field)) {
         if (check.kind == FieldCheck::Required)
             pEdit->SetRequired(check.sMessage);
-        else if (check.kind == FieldCheck::Pattern)
-            pEdit->SetPattern(QRegularExpression(check.sPattern), check.sMessage);
-        else if (check.sMessage.isEmpty())
-            pEdit->GetLineEdit()->setMaxLength(check.nLimit);
-        else
-            pEdit->SetMaxLimit(check.nLimit, check.sMessage);
+        else if (check.kind == FieldCheck::Limit)
+            pEdit->SetLimit(check.rule, check.sMessage);
+        else if (check.kind == FieldCheck::Forbidden)
+            pEdit->SetForbidden(check.rule, check.sMessage);
     }
-}
-
-void SetTypedExpression(VxGUI::VxLineEdit* pEdit, const QString& sExpression)
-{
-    const QScopedPointer<const QValidator> pBefore(pEdit->GetLineEdit()->validator());
-    pEdit->GetLineEdit()->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(sExpression), pEdit->GetLineEdit()));
 }
 
 void MakeKeyedField(VxGUI::VxLineEdit* pEdit, const QString& sExpression)
@@ -77,7 +67,7 @@ void MakeKeyedField(VxGUI::VxLineEdit* pEdit, const QString& sExpression)
     QLineEdit* pInner = pEdit->GetLineEdit();
     pInner->setAttribute(Qt::WA_InputMethodEnabled, false);
     pInner->installEventFilter(new KeyedFieldFilter(pEdit));
-    SetTypedExpression(pEdit, sExpression);
+    pEdit->SetTyped(QRegularExpression(sExpression));
 }
 
 void AddChoice(QComboBox* pCombo, const QString& sText, int nCode, const QString& sKey)

@@ -16,13 +16,12 @@ namespace ResourceManagerUI::FormFields {
 /// Role of the key that records hold, beside the number in Qt::UserRole.
 inline constexpr int KeyRole = Qt::UserRole + 1;
 
-/// Declares the checks of that text on the field: typing limit, live hint and the order on CheckInput.
+/// Declares the checks of that text on the field: typing limit, live hint and the order on CheckInput. What
+/// addresses and ports are is not among them: MakeKeyedField keeps other input out.
 void DeclareChecks(VxGUI::VxLineEdit* pEdit, DeviceField field);
 /// Takes only what sExpression matches, typed key by key: input methods cannot compose there. Enter is told
 /// also while the text is unfinished, so that its check can say so.
 void MakeKeyedField(VxGUI::VxLineEdit* pEdit, const QString& sExpression = GetIpExpression());
-/// Changes what can be typed into the field.
-void SetTypedExpression(VxGUI::VxLineEdit* pEdit, const QString& sExpression);
 
 void AddChoice(QComboBox* pCombo, const QString& sText, int nCode, const QString& sKey = QString());
 /// Key of the current choice; empty without one.

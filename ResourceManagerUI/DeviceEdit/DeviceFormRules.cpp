@@ -15,10 +15,6 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CDevAdd)
 };
 
-constexpr int AddressLimit = 49;
-constexpr int TextLimit = 50;
-constexpr int SipIdLimit = 29;
-constexpr int SipPasswordLimit = 31;
 constexpr int DefaultPort = 37777;
 constexpr int OnvifPort = 80;
 
@@ -40,64 +36,71 @@ enum Category : int
     VideoWallControl = 45,
 };
 
-QString NoBrackets()
-{
-    return QStringLiteral("^[^<>]*$");
-}
+using UICommonMdl::TextRule;
 
 FieldCheck Required(const QString& sMessage)
 {
-    return {FieldCheck::Required, 0, {}, sMessage};
+    return {FieldCheck::Required, {}, sMessage};
 }
 
-/// The message's %1 is the limit.
-FieldCheck Limit(int nLimit, const QString& sMessage = QString())
+FieldCheck Limit(const TextRule& rule, const QString& sMessage)
 {
-    return {FieldCheck::Limit, nLimit, {}, sMessage.isEmpty() ? sMessage : sMessage.arg(nLimit)};
+    return {FieldCheck::Limit, rule, sMessage};
 }
 
-FieldCheck Pattern(const QString& sPattern, const QString& sMessage)
+FieldCheck Forbidden(const TextRule& rule, const QString& sMessage)
 {
-    return {FieldCheck::Pattern, 0, sPattern, sMessage};
+    return {FieldCheck::Forbidden, rule, sMessage};
 }
 
-FieldCheck WithoutBrackets()
+FieldCheck WithoutBrackets(const TextRule& rule)
 {
-    return Pattern(NoBrackets(), Text::tr("Special characters < and > are not allowed."));
+    return Forbidden(rule, Text::tr("Special characters < and > are not allowed."));
 }
 
 QVector<FieldCheck> GetLoginChecks(DeviceField field)
 {
+    using namespace GroupLogical;
     if (field == DeviceField::UserName)
-        return {Required(Text::tr("Please enter user name.")), WithoutBrackets(),
-            Limit(TextLimit, Text::tr("The user name cannot exceed %1 characters."))};
+        return {Required(Text::tr("Please enter user name.")), WithoutBrackets(DeviceUserName),
+            Limit(DeviceUserName, Text::tr("The user name cannot exceed %1 characters."))};
     return {Required(Text::tr("Please enter password.")),
-        Pattern(QStringLiteral("^[^,()]*$"), Text::tr("Special characters including , ( ) are not allowed.")),
-        Limit(TextLimit, Text::tr("The password cannot exceed %1 characters."))};
+        Forbidden(DevicePassword, Text::tr("Special characters including , ( ) are not allowed.")),
+        Limit(DevicePassword, Text::tr("The password cannot exceed %1 characters."))};
 }
 
 QVector<FieldCheck> GetDescriptionChecks(DeviceField field)
 {
+    using namespace GroupLogical;
     if (field == DeviceField::DeviceName)
         return {Required(Text::tr("Device name cannot be empty!")),
-            Pattern(QStringLiteral("^[^/:*?\"<>|\\\\]*$"),
+            Forbidden(GroupLogical::DeviceName,
                 Text::tr("Device name cannot contain special characters \\ / : * ? \" < > |.")),
-            Limit(TextLimit, Text::tr("The device name cannot exceed %1 characters."))};
+            Limit(GroupLogical::DeviceName, Text::tr("The device name cannot exceed %1 characters."))};
     if (field == DeviceField::Model)
-        return {
-            WithoutBrackets(), Limit(TextLimit, Text::tr("The device model cannot exceed %1 characters."))};
-    return {Limit(field == DeviceField::SipId ? SipIdLimit : SipPasswordLimit)};
+        return {WithoutBrackets(DeviceModel),
+            Limit(DeviceModel, Text::tr("The device model cannot exceed %1 characters."))};
+    if (field == DeviceField::SipId)
+        return {Limit(DeviceSipId, Text::tr("The SIP ID cannot exceed %1 characters.")),
+            WithoutBrackets(DeviceSipId)};
+    return {Limit(DeviceSipPassword, Text::tr("The SIP password cannot exceed %1 characters.")),
+        WithoutBrackets(DeviceSipPassword)};
 }
 
 bool Holds(const FieldCheck& check, const QString& sText)
 {
+    const std::string text = sText.toStdString();
     switch (check.kind) {
     case FieldCheck::Required:
         return !sText.trimmed().isEmpty();
     case FieldCheck::Limit:
-        return sText.size() <= check.nLimit;
-    case FieldCheck::Pattern:
-        return QRegularExpression(check.sPattern).match(sText).hasMatch();
+        return !IsTooLong(check.rule, text);
+    case FieldCheck::Forbidden:
+        return !HasForbidden(check.rule, text);
+    case FieldCheck::Address:
+        return UICommonMdl::IsIpv4(text);
+    case FieldCheck::Port:
+        return UICommonMdl::IsNumber(GroupLogical::DevicePort, text);
     }
     return false;
 }
@@ -112,29 +115,27 @@ std::pair<QString, int> SplitAddress(const QString& sText)
 
 QVector<FieldCheck> GetFieldChecks(DeviceField field)
 {
+    using namespace GroupLogical;
     switch (field) {
     case DeviceField::Ip:
         return {Required(Text::tr("IP can not be empty!")),
-            Pattern(QStringLiteral("^(\\d{1,2}|1\\d\\d|2[0-4]\\d|25[0-5])\\.(\\d{1,2}|1\\d\\d|2[0-4]\\d|25["
-                                   "0-5])\\.(\\d{1,2}|1\\d\\d|2[0-4]\\d|25[0-5])\\.(\\d{1,2}|1\\d\\d|2[0-4]"
-                                   "\\d|25[0-5])$"),
-                Text::tr("IP address is illegal.")),
-            Limit(AddressLimit)};
+            {FieldCheck::Address, {}, Text::tr("IP address is illegal.")}};
     case DeviceField::SerialNumber:
         return {Required(Text::tr("SN can not be empty!")),
-            Limit(AddressLimit, Text::tr("The sn cannot exceed %1 characters.")),
-            Pattern(GetSerialNumberExpression(),
-                Text::tr("The sn can only contain letters, digits and . _ : -"))};
+            Limit(DeviceSerialNumber, Text::tr("The sn cannot exceed %1 characters.")),
+            Forbidden(DeviceSerialNumber, Text::tr("The sn can only contain letters, digits and . _ : -"))};
     case DeviceField::Domain:
         return {Required(Text::tr("Domain name can not be null.")),
-            Limit(TextLimit, Text::tr("The domain name cannot exceed %1 characters.")), WithoutBrackets()};
+            Limit(DeviceDomain, Text::tr("The domain name cannot exceed %1 characters.")),
+            WithoutBrackets(DeviceDomain)};
     case DeviceField::RegisterId:
         return {Required(Text::tr("Register ID can not be empty!")),
-            Limit(TextLimit, Text::tr("The register id cannot exceed %1 characters.")), WithoutBrackets()};
+            Limit(DeviceRegisterId, Text::tr("The register id cannot exceed %1 characters.")),
+            WithoutBrackets(DeviceRegisterId)};
     case DeviceField::Port:
         return {Required(Text::tr("Device's port can not be empty!")),
-            Pattern(QLatin1Char('^') + GetPortExpression() + QLatin1Char('$'),
-                Text::tr("Port no. cannot be over") + QLatin1Char(' ') + QString::number(MaxPort))};
+            {FieldCheck::Port, {},
+                Text::tr("Port no. cannot be over") + QLatin1Char(' ') + QString::number(DevicePort.nMax)}};
     case DeviceField::UserName:
     case DeviceField::Password:
         return GetLoginChecks(field);
@@ -147,24 +148,14 @@ QString CheckField(DeviceField field, const QString& sText)
 {
     for (const FieldCheck& check : GetFieldChecks(field)) {
         if (!Holds(check, sText))
-            return check.sMessage;
+            return QString(check.sMessage).replace(QLatin1String("%1"), QString::number(check.rule.nMax));
     }
     return {};
 }
 
-int GetFieldLimit(DeviceField field)
-{
-    for (const FieldCheck& check : GetFieldChecks(field)) {
-        if (check.kind == FieldCheck::Limit)
-            return check.nLimit;
-    }
-    return QString::number(MaxPort).size();
-}
-
 bool IsIpv4(const QString& sText)
 {
-    static const QRegularExpression s_expression(GetIpExpression());
-    return s_expression.match(sText).hasMatch();
+    return UICommonMdl::IsIpv4(sText.toStdString());
 }
 
 QString GetIpExpression()
@@ -176,12 +167,8 @@ QString GetIpExpression()
 
 QString GetSerialNumberExpression()
 {
-    return QStringLiteral("^[a-zA-Z0-9._:\\-]*$");
-}
-
-QString GetPortExpression()
-{
-    return QStringLiteral("([1-9]\\d{0,3}|[1-5]\\d{4}|6[0-4]\\d{3}|65[0-4]\\d{2}|655[0-2]\\d|6553[0-5])");
+    return QStringLiteral("[%1]*").arg(
+        QRegularExpression::escape(QLatin1String(GroupLogical::DeviceSerialNumber.szAllowed)));
 }
 
 SegmentFailure CheckSegment(const QString& sStart, const QString& sEnd)
@@ -209,9 +196,11 @@ int GetSegmentSize(const QString& sStart, const QString& sEnd)
     return SplitAddress(sEnd).second - SplitAddress(sStart).second + 1;
 }
 
-int GetSegmentNameLimit(const QString& sEnd)
+UICommonMdl::TextRule GetSegmentNameRule(const QString& sEnd)
 {
-    return GetFieldLimit(DeviceField::DeviceName) - 1 - sEnd.size();
+    TextRule rule = GroupLogical::DeviceName;
+    rule.nMax -= 1 + sEnd.size();
+    return rule;
 }
 
 int GetDefaultPort(int nProtocolCode)

@@ -30,19 +30,18 @@ struct FieldCheck
     {
         Required, ///< blanks alone count as empty
         Limit,
-        Pattern
+        Forbidden,
+        Address, ///< an IPv4 address
+        Port
     };
     Kind kind;
-    int nLimit; ///< characters, of a limit
-    QString sPattern; ///< of a pattern: what the whole text must match
-    QString sMessage; ///< translated; empty: the limit is kept by typing alone
+    UICommonMdl::TextRule rule; ///< of a limit and of what is forbidden
+    QString sMessage; ///< translated; "%1" of a limit is its number
 };
 
 QVector<FieldCheck> GetFieldChecks(DeviceField field);
 /// Message of the first check that fails; empty when all hold.
 QString CheckField(DeviceField field, const QString& sText);
-/// Characters that can be typed into the field.
-int GetFieldLimit(DeviceField field);
 
 /// A whole IPv4 address of four parts.
 bool IsIpv4(const QString& sText);
@@ -50,9 +49,6 @@ bool IsIpv4(const QString& sText);
 QString GetIpExpression();
 /// What a serial number is made of, as a regular expression.
 QString GetSerialNumberExpression();
-/// 1 to 65535, as a regular expression.
-QString GetPortExpression();
-inline constexpr int MaxPort = 65535;
 
 /// What is wrong with the two addresses of a segment, and with which of them.
 struct SegmentFailure
@@ -63,8 +59,9 @@ struct SegmentFailure
 SegmentFailure CheckSegment(const QString& sStart, const QString& sEnd);
 /// Addresses of a segment whose check holds.
 int GetSegmentSize(const QString& sStart, const QString& sEnd);
-/// The server appends a blank and the address to the name of a segment's devices: what a name may have then.
-int GetSegmentNameLimit(const QString& sEnd);
+/// The server appends a blank and the address to the name of a segment's devices: what a name has room for
+/// then.
+UICommonMdl::TextRule GetSegmentNameRule(const QString& sEnd);
 
 /// Port that a form starts with for the number of an access protocol.
 int GetDefaultPort(int nProtocolCode);

@@ -4,6 +4,7 @@
 #include "ui_CP2PImportWidget.h"
 
 #include <UICommonMdl/CErrorCode.h>
+#include <VxGUI/RequiredMark.h>
 #include <common/CCheckDelegate.h>
 #include <common/CTableModel.h>
 #include <common/DeviceCategory.h>
@@ -16,8 +17,6 @@ struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(CDevImport)
 };
-
-constexpr int MaxFieldLength = 50;
 
 enum Column : int
 {
@@ -48,14 +47,13 @@ CP2PImportWidget::~CP2PImportWidget() = default;
 
 void CP2PImportWidget::SetUpFields()
 {
-    const QRegularExpression pattern(QStringLiteral("^[^<>]*$"));
     const QString sSpecial = Text::tr("Special characters < and > are not allowed.");
-    m_pUi->leP2PUser->SetMaxLimit(
-        MaxFieldLength, Text::tr("The user name cannot exceed %1 characters.").arg(MaxFieldLength));
-    m_pUi->leP2PPassword->SetMaxLimit(
-        MaxFieldLength, Text::tr("The password cannot exceed %1 characters.").arg(MaxFieldLength));
+    m_pUi->leP2PUser->SetRule(
+        RemoteConfigLogical::CloudUserName, Text::tr("The user name cannot exceed %1 characters."), sSpecial);
+    m_pUi->leP2PPassword->SetRule(
+        RemoteConfigLogical::CloudPassword, Text::tr("The password cannot exceed %1 characters."), sSpecial);
     for (VxGUI::VxLineEdit* const pField : {m_pUi->leP2PUser, m_pUi->leP2PPassword}) {
-        pField->SetPattern(pattern, sSpecial);
+        VxGUI::MarkRequired(pField);
         connect(pField, &VxGUI::VxLineEdit::returnPressed, this, &CP2PImportWidget::OnQueryClicked);
     }
     connect(m_pUi->btnP2PQuery, &QAbstractButton::clicked, this, &CP2PImportWidget::OnQueryClicked);

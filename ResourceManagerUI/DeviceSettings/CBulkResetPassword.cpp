@@ -3,13 +3,13 @@
 #include "ui_CBulkResetPassword.h"
 
 #include <UICommonMdl/CErrorCode.h>
+#include <VxGUI/RequiredMark.h>
 #include <common/Prompt.h>
 #include <common/StyleSheet.h>
 
 #include <QKeyEvent>
 #include <QPointer>
 #include <QPushButton>
-#include <QRegularExpressionValidator>
 #include <QSet>
 
 namespace ResourceManagerUI {
@@ -21,7 +21,6 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CBulkResetPassword)
 };
 
-constexpr int MaxPasswordLength = 16;
 /// Devices are worked on one after the other, each with a time-out of its own.
 constexpr std::chrono::minutes ReportTimeOut{5};
 
@@ -62,16 +61,17 @@ CBulkResetPassword::~CBulkResetPassword() = default;
 
 void CBulkResetPassword::SetUpFields()
 {
-    const QRegularExpression printable(QStringLiteral("^[\\x20-\\x7e]{0,32}$"));
+    const QRegularExpression printable(QStringLiteral("[\\x20-\\x7e]*"));
     for (VxGUI::VxLineEdit* const pField :
         {m_pUi->m_leInputOldPwd, m_pUi->m_leInputPwd, m_pUi->m_leConfirmPwd}) {
         QLineEdit* const pEdit = pField->GetLineEdit();
         pField->setPassword(true);
-        pEdit->setMaxLength(MaxPasswordLength);
+        pField->SetLimit(RemoteConfigLogical::NewPassword);
+        VxGUI::MarkRequired(pField);
         pEdit->setAttribute(Qt::WA_InputMethodEnabled, false);
         pEdit->installEventFilter(this);
         if (pField != m_pUi->m_leInputOldPwd)
-            pEdit->setValidator(new QRegularExpressionValidator(printable, pEdit));
+            pField->SetTyped(printable);
     }
     connect(
         m_pUi->m_leInputPwd, &VxGUI::VxLineEdit::textChanged, this, &CBulkResetPassword::OnPasswordChanged);

@@ -3,6 +3,7 @@
 #include "DiscoveryRules.h"
 #include "ui_CDeviceInitialize.h"
 
+#include <VxGUI/RequiredMark.h>
 #include <common/CTableModel.h>
 #include <common/StyleSheet.h>
 
@@ -32,11 +33,14 @@ CDeviceInitialize::CDeviceInitialize(
         GetModel()->item(nRow, 0)->setText(QString::fromStdString(device.sIp));
         GetModel()->item(nRow, 1)->setText(QString::fromStdString(device.sModel));
     }
-    const QString sTooLong = CheckDevicePassword(QString(DevicePasswordLimit + 1, QLatin1Char('a')));
-    m_pUi->editInitPassword->SetMaxLimit(DevicePasswordLimit, sTooLong);
-    m_pUi->editInitConfirm->SetMaxLimit(DevicePasswordLimit, sTooLong);
-    m_pUi->editInitContact->SetMaxLimit(
-        ContactLimit, Text::tr("The contact cannot exceed %1 characters.").arg(ContactLimit));
+    const UICommonMdl::TextRule& rule = RemoteConfigLogical::FirstPassword;
+    const QString sTooLong = CheckDevicePassword(QString(rule.nMax + 1, QLatin1Char('a')));
+    for (VxGUI::VxLineEdit* pEdit : {m_pUi->editInitPassword, m_pUi->editInitConfirm}) {
+        pEdit->SetLimit(rule, sTooLong);
+        VxGUI::MarkRequired(pEdit);
+    }
+    m_pUi->editInitContact->SetLimit(
+        RemoteConfigLogical::ResetContact, Text::tr("The contact cannot exceed %1 characters."));
     connect(m_pUi->editInitPassword, &VxGUI::VxLineEdit::textChanged, m_pUi->wgtInitStrength,
         &Common::CPasswordStrength::SetPassword);
     connect(m_pUi->btnInitOk, &QAbstractButton::clicked, this, &CDeviceInitialize::OnBtnOkClicked);

@@ -4,6 +4,7 @@
 #include "ui_CModifyIP.h"
 
 #include <DeviceEdit/DeviceFormFields.h>
+#include <VxGUI/RequiredMark.h>
 #include <common/CTableModel.h>
 #include <common/StyleSheet.h>
 
@@ -59,6 +60,8 @@ void CModifyIP::SetUpFields(const QString& sNewIp)
 {
     for (VxGUI::VxLineEdit* pEdit : {m_pUi->editNewIp, m_pUi->editNewMask, m_pUi->editNewGateway})
         FormFields::MakeKeyedField(pEdit);
+    VxGUI::MarkRequired(m_pUi->editNewIp);
+    VxGUI::MarkRequired(m_pUi->editNewMask);
     FormFields::DeclareChecks(m_pUi->editModifyUser, DeviceField::UserName);
     FormFields::DeclareChecks(m_pUi->editModifyPassword, DeviceField::Password);
     if (GetDevices().size() > 1) {

@@ -1,6 +1,7 @@
 #include "DiscoveryRules.h"
 
 #include <DeviceEdit/DeviceFormRules.h>
+#include <VxGUI/TextInput.h>
 
 #include <QCoreApplication>
 #include <QRegularExpression>
@@ -29,7 +30,6 @@ struct ModifyText
 };
 
 constexpr quint32 MaxRange = 65536;
-constexpr int MinPassword = 8;
 
 /// A private or public address of one machine: neither loopback nor given by itself for lack of a server.
 bool IsUsable(quint32 nAddress)
@@ -39,17 +39,14 @@ bool IsUsable(quint32 nAddress)
 
 QString CutName(const QString& sName, const QString& sSuffix)
 {
-    return sName.left(GetFieldLimit(DeviceField::DeviceName) - sSuffix.size()).trimmed() + sSuffix;
+    return VxGUI::CutText(sName, GroupLogical::DeviceName.nMax - sSuffix.size()).trimmed() + sSuffix;
 }
 
-/// How many of lower-case letters, upper-case letters, digits and others there are; -1 for a character that
-/// no password may hold.
+/// How many of lower-case letters, upper-case letters, digits and others there are.
 int CountClasses(const QString& sPassword)
 {
     bool found[4] = {};
     for (const QChar c : sPassword) {
-        if (c <= QLatin1Char(' ') || c > QLatin1Char('~') || QStringLiteral(",()").contains(c))
-            return -1;
         found[c.isLower() ? 0 : c.isUpper() ? 1 : c.isDigit() ? 2 : 3] = true;
     }
     return int(std::count(std::begin(found), std::end(found), true));
@@ -125,7 +122,9 @@ RangeFailure CheckSearchRange(const QString& sStart, const QString& sEnd)
 
 QStringList MakeDeviceNames(const RemoteConfigLogical::SearchDeviceInfoVec& vecDevices)
 {
-    static const QRegularExpression s_forbidden(QStringLiteral("[/:*?\"<>|\\\\\\x00-\\x1f]"));
+    static const QRegularExpression s_forbidden(
+        QStringLiteral("[%1\\x00-\\x1f\\x7f]")
+            .arg(QRegularExpression::escape(QLatin1String(GroupLogical::DeviceName.szForbidden))));
     QStringList listNames;
     QSet<QString> setTaken;
     for (const RemoteConfigLogical::SearchDeviceInfo_t& device : vecDevices) {
@@ -186,15 +185,16 @@ QString CheckDevicePassword(const QString& sPassword)
 {
     if (sPassword.isEmpty())
         return InitializeText::tr("Please enter password.");
-    const int nClasses = CountClasses(sPassword);
-    if (nClasses < 0)
+    const UICommonMdl::TextRule& rule = RemoteConfigLogical::FirstPassword;
+    const std::string password = sPassword.toStdString();
+    if (HasForbidden(rule, password))
         return InitializeText::tr(
             "The password can only contain letters, digits and special characters other than , ( ).");
-    if (sPassword.size() < MinPassword || sPassword.size() > DevicePasswordLimit)
+    if (!Holds(rule, password))
         return InitializeText::tr("The password must have %1 to %2 characters.")
-            .arg(MinPassword)
-            .arg(DevicePasswordLimit);
-    if (nClasses < 2)
+            .arg(rule.nMin)
+            .arg(rule.nMax);
+    if (CountClasses(sPassword) < 2)
         return InitializeText::tr("The password must contain at least two of lower-case letters, upper-case "
                                   "letters, digits and special characters.");
     return {};
@@ -202,8 +202,7 @@ QString CheckDevicePassword(const QString& sPassword)
 
 QString CheckContact(const QString& sContact)
 {
-    static const QRegularExpression s_mail(QStringLiteral("^[^\\s@<>]+@[^\\s@<>]+\\.[^\\s@<>]+$"));
-    if (sContact.isEmpty() || s_mail.match(sContact).hasMatch())
+    if (sContact.isEmpty() || UICommonMdl::IsMailAddress(sContact.toStdString()))
         return {};
     return InitializeText::tr("Please enter a correct email address.");
 }

@@ -54,13 +54,10 @@ QStringList CheckDeviceNames(const QStringList& listNames);
 GroupLogical::ImportRow_t MakeImportRow(const RemoteConfigLogical::SearchDeviceInfo_t& device, int nLine,
     const QString& sName, const QString& sUserName, const QString& sPassword);
 
-/// A device's password: 8 to 16 printable ASCII characters without blanks and , ( ), which the login of a
-/// device cannot hold; at least two of lower-case letters, upper-case letters, digits and other characters.
-/// Empty when it holds, else the message.
-inline constexpr int DevicePasswordLimit = 16;
+/// A device's first password: RemoteConfigLogical::FirstPassword of at least two of lower-case letters,
+/// upper-case letters, digits and other characters. Empty when it holds, else the message.
 QString CheckDevicePassword(const QString& sPassword);
 /// Empty is right: a contact is optional.
-inline constexpr int ContactLimit = 64;
 QString CheckContact(const QString& sContact);
 
 /// A subnet mask with 1 to 30 leading ones.

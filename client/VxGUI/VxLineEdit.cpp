@@ -1,10 +1,12 @@
 #include <VxGUI/VxLineEdit.h>
 
 #include "EmptyMark.h"
+#include "FieldEdit.h"
 
-#include <QEvent>
+#include <VxGUI/RequiredMark.h>
+#include <VxGUI/TextInput.h>
+
 #include <QLabel>
-#include <QLineEdit>
 #include <QStyle>
 #include <QVBoxLayout>
 
@@ -12,7 +14,13 @@ namespace VxGUI {
 
 VxLineEdit::VxLineEdit(QWidget* pParent)
     : QWidget(pParent)
-    , m_pEdit(new QLineEdit(this))
+    , m_pEdit(new FieldEdit(this))
+    , m_pValidator(new FieldValidator(m_pEdit,
+          [this](FieldValidator::Refusal refusal) {
+              const QString& sMessage = refusal == FieldValidator::Refusal::Limit ? m_sTooLong : m_sNotTyped;
+              if (!sMessage.isEmpty())
+                  SetErrorHint(sMessage);
+          }))
     , m_pHint(new QLabel(this))
 {
     m_pHint->setObjectName(QStringLiteral("lbHint"));
@@ -28,7 +36,10 @@ VxLineEdit::VxLineEdit(QWidget* pParent)
     setFocusProxy(m_pEdit);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     // The field tells an edit before the change that it makes: the hint is of the text that stands there.
-    connect(m_pEdit, &QLineEdit::textEdited, this, &VxLineEdit::OnTextEdited);
+    connect(m_pEdit, &QLineEdit::textEdited, this, [this](const QString& sText) {
+        SetErrorHint(FirstFailure(true));
+        Q_EMIT textEdited(sText);
+    });
     connect(m_pEdit, &QLineEdit::textChanged, this, [this] {
         if (text() != m_sHintedText)
             ClearErrorHint();
@@ -44,7 +55,7 @@ QString VxLineEdit::text() const
 
 void VxLineEdit::setText(const QString& sText)
 {
-    m_pEdit->setText(sText);
+    m_pValidator->SetText(sText);
 }
 
 QString VxLineEdit::placeholderText() const
@@ -70,62 +81,90 @@ void VxLineEdit::setPassword(bool bPassword)
 void VxLineEdit::setReadOnly(bool bReadOnly)
 {
     m_pEdit->setReadOnly(bReadOnly);
+    UpdateMark();
 }
 
 void VxLineEdit::SetRequired(const QString& sMessage)
 {
-    m_vecChecks.append({CheckKind::Required, 0, QRegularExpression(), sMessage});
+    m_sRequired = sMessage;
+    AddCheck([this](const QString& sText) { return !m_bRequiredNow || !sText.trimmed().isEmpty(); }, sMessage,
+        CheckTime::AtTheEnd);
+    UpdateMark();
 }
 
-void VxLineEdit::SetMaxLimit(int nMaxLength, const QString& sMessage)
+void VxLineEdit::SetRequiredNow(bool bRequired)
 {
-    m_vecChecks.append({CheckKind::Limit, nMaxLength, QRegularExpression(), sMessage});
+    m_bRequiredNow = bRequired;
+    UpdateMark();
 }
 
-void VxLineEdit::SetPattern(const QRegularExpression& pattern, const QString& sMessage)
+void VxLineEdit::UpdateMark()
 {
-    const QRegularExpression whole(
-        QRegularExpression::anchoredPattern(pattern.pattern()), pattern.patternOptions());
-    m_vecChecks.append({CheckKind::Pattern, 0, whole, sMessage});
+    // A field that is only read need not be filled.
+    if (!m_sRequired.isEmpty())
+        MarkRequired(this, m_bRequiredNow && !m_pEdit->isReadOnly());
+}
+
+void VxLineEdit::showEvent(QShowEvent* pEvent)
+{
+    // By now the field stands beside its label.
+    UpdateMark();
+    QWidget::showEvent(pEvent);
+}
+
+void VxLineEdit::SetRule(
+    const UICommonMdl::TextRule& rule, const QString& sLimitMessage, const QString& sForbiddenMessage)
+{
+    SetLimit(rule, sLimitMessage);
+    SetForbidden(rule, sForbiddenMessage);
+}
+
+void VxLineEdit::SetLimit(const UICommonMdl::TextRule& rule, const QString& sMessage)
+{
+    m_sTooLong = sMessage;
+    m_sTooLong.replace(QLatin1String("%1"), QString::number(rule.nMax));
+    m_pValidator->SetLimit(rule.nMax, rule.lines);
+    if (sMessage.isEmpty())
+        return;
+    AddCheck([nMax = rule.nMax](const QString& sText) { return CountCharacters(sText) <= nMax; }, m_sTooLong);
+}
+
+void VxLineEdit::SetForbidden(const UICommonMdl::TextRule& rule, const QString& sMessage)
+{
+    AddCheck([rule](const QString& sText) { return !HasForbidden(rule, sText.toStdString()); }, sMessage);
+}
+
+void VxLineEdit::SetCheck(const std::function<bool(std::string_view)>& holds, const QString& sMessage)
+{
+    AddCheck(
+        [holds](const QString& sText) { return sText.isEmpty() || holds(sText.toStdString()); }, sMessage);
+}
+
+void VxLineEdit::SetTyped(const QRegularExpression& pattern, const QString& sMessage)
+{
+    m_pValidator->SetTyped(pattern);
+    m_sNotTyped = sMessage;
+}
+
+void VxLineEdit::SetTyped(const UICommonMdl::NumberRule& rule, const QString& sMessage)
+{
+    m_pValidator->SetTyped(rule);
+    m_sNotTyped = sMessage;
+}
+
+void VxLineEdit::AddCheck(std::function<bool(const QString&)> holds, const QString& sMessage, CheckTime time)
+{
+    m_vecChecks.append({std::move(holds), sMessage, time});
 }
 
 QString VxLineEdit::FirstFailure(bool bWhileTyping) const
 {
     const QString sText = text();
     for (const Check& check : m_vecChecks) {
-        switch (check.kind) {
-        case CheckKind::Required:
-            // A field that is still being filled is not blamed for being empty.
-            if (!bWhileTyping && sText.trimmed().isEmpty())
-                return check.sMessage;
-            break;
-        case CheckKind::Limit:
-            if (sText.size() > check.nLimit)
-                return check.sMessage;
-            break;
-        case CheckKind::Pattern:
-            if (!sText.isEmpty() && !check.pattern.match(sText).hasMatch())
-                return check.sMessage;
-            break;
-        }
+        if (!(bWhileTyping && check.time == CheckTime::AtTheEnd) && !check.holds(sText))
+            return check.sMessage;
     }
     return {};
-}
-
-void VxLineEdit::OnTextEdited(const QString& sText)
-{
-    for (const Check& check : qAsConst(m_vecChecks)) {
-        if (check.kind != CheckKind::Limit || sText.size() <= check.nLimit)
-            continue;
-        const int nCursor = m_pEdit->cursorPosition();
-        m_pEdit->setText(sText.left(check.nLimit));
-        m_pEdit->setCursorPosition(qMin(nCursor, check.nLimit));
-        SetErrorHint(check.sMessage);
-        Q_EMIT textEdited(text());
-        return;
-    }
-    SetErrorHint(FirstFailure(true));
-    Q_EMIT textEdited(sText);
 }
 
 QString VxLineEdit::CheckInput()

@@ -1,6 +1,7 @@
 #include <VxGUI/VxSearchBox.h>
 
 #include "EmptyMark.h"
+#include "FieldEdit.h"
 
 #include <Trv/QSkin.h>
 
@@ -31,6 +32,18 @@ void VxSearchBox::SetBackgroundText(const QString& sText)
 {
     setPlaceholderText(sText);
     setAccessibleName(sText);
+}
+
+void VxSearchBox::setMaxLength(int nMaxLength)
+{
+    if (!m_pValidator)
+        m_pValidator = new FieldValidator(this, nullptr);
+    m_pValidator->SetLimit(nMaxLength, UICommonMdl::TextLines::One);
+}
+
+bool VxSearchBox::event(QEvent* pEvent)
+{
+    return HandleFieldEvent(m_pValidator, [this, pEvent] { return QLineEdit::event(pEvent); });
 }
 
 } // namespace VxGUI

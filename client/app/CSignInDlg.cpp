@@ -7,15 +7,16 @@
 #include <Trv/QSkin.h>
 #include <UICommonMdl/CErrorCode.h>
 #include <UICommonMdl/CGlobalInfo.h>
+#include <UserLogical/UserRecords.h>
+#include <VxGUI/RequiredMark.h>
 #include <VxGUI/VxEmptyState.h>
 
 namespace ClientApp {
 
 namespace {
 const QString BuiltInAccount = QStringLiteral("system");
-constexpr int MaxUserName = 50;
-constexpr int MaxPassword = 128; ///< passwords of a directory may be longer than those of the platform
-constexpr int MaxNewPassword = 32;
+/// Passwords of a directory may be longer than those of the platform.
+constexpr UICommonMdl::TextRule AnyPassword{1, 128};
 
 /// Refusals that another new password does not mend.
 bool IsAboutAccount(int nErrorCode)
@@ -43,13 +44,13 @@ CSignInDlg::CSignInDlg(PlatformLogic::CPlatformClient& client, QWidget* pParent)
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     m_pUi->lbTitle->setText(tr("Security Management"));
     m_pUi->edtUserName->SetRequired(tr("Please enter the user name."));
-    m_pUi->edtUserName->SetMaxLimit(
-        MaxUserName, tr("The user name cannot exceed %1 characters.").arg(MaxUserName));
-    const std::pair<VxGUI::VxLineEdit*, int> passwords[] = {{m_pUi->edtPassword, MaxPassword},
-        {m_pUi->edtNewPassword, MaxNewPassword}, {m_pUi->edtConfirm, MaxNewPassword}};
-    for (const auto& [pEdit, nMaxLength] : passwords) {
+    m_pUi->edtUserName->SetLimit(UserLogical::UserName, tr("The user name cannot exceed %1 characters."));
+    const std::pair<VxGUI::VxLineEdit*, UICommonMdl::TextRule> passwords[] = {
+        {m_pUi->edtPassword, AnyPassword}, {m_pUi->edtNewPassword, UserLogical::UserPassword},
+        {m_pUi->edtConfirm, UserLogical::UserPassword}};
+    for (const auto& [pEdit, rule] : passwords) {
         pEdit->setPassword(true);
-        pEdit->SetMaxLimit(nMaxLength, tr("The password cannot exceed %1 characters.").arg(nMaxLength));
+        pEdit->SetLimit(rule, tr("The password cannot exceed %1 characters."));
     }
     m_pUi->edtPassword->SetRequired(tr("Please enter the password."));
     m_pUi->edtNewPassword->SetRequired(tr("Please enter the new password."));
@@ -57,6 +58,7 @@ CSignInDlg::CSignInDlg(PlatformLogic::CPlatformClient& client, QWidget* pParent)
     m_pUi->lbPassword->setBuddy(m_pUi->edtPassword->GetLineEdit());
     m_pUi->lbNewPassword->setBuddy(m_pUi->edtNewPassword->GetLineEdit());
     m_pUi->lbConfirm->setBuddy(m_pUi->edtConfirm->GetLineEdit());
+    VxGUI::MarkRequired(m_pUi->edtConfirm);
 
     connect(m_pUi->btnSignIn, &QPushButton::clicked, this, &CSignInDlg::OnSubmit);
     connect(m_pUi->btnBack, &QPushButton::clicked, this, [this] { ShowForm(Mode::SignIn); });

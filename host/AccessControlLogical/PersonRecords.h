@@ -1,5 +1,7 @@
 #pragma once
 
+#include <UICommonMdl/TextRule.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -25,13 +27,16 @@ inline constexpr std::size_t TemplateSize = 810;
 inline constexpr std::size_t PhotoSizeLimit = 512 * 1024;
 inline constexpr int PhotoSideLimit = 2048;
 
+inline constexpr UICommonMdl::TextRule DepartmentName{1, 50, "<>/"};
+inline constexpr UICommonMdl::TextRule DepartmentRemark{0, 255, "<>", "", UICommonMdl::TextLines::Several};
+
 /// A person group.
 struct Department_t
 {
     std::string sCode; ///< key, given by the server
     std::string sParentCode; ///< empty for the root
-    std::string sName; ///< 1 to 50 characters, no "<", ">" or "/"; unique among its siblings
-    std::string sRemark; ///< up to 255 characters, no "<" or ">"
+    std::string sName; ///< DepartmentName; unique among its siblings
+    std::string sRemark; ///< DepartmentRemark
     std::int64_t nVersion = 0; ///< raised by each change; a save against an older one is refused
 
     bool operator==(const Department_t&) const = default;
@@ -54,10 +59,12 @@ enum PersonType : int
     PersonOther = 5
 };
 
+inline constexpr UICommonMdl::TextRule CardNumber{1, 16, "", UICommonMdl::HexDigits};
+
 /// A card of a person.
 struct Card_t
 {
-    std::string sCardNo; ///< 1 to 16 hexadecimal digits, upper case; unique on the platform
+    std::string sCardNo; ///< CardNumber, upper case; unique on the platform
     bool bMain = false; ///< at most one of a person
     bool bDuress = false; ///< at most one of a person
     bool bLocked = false; ///< frozen: doors do not open for it
@@ -65,11 +72,13 @@ struct Card_t
     bool operator==(const Card_t&) const = default;
 };
 
+inline constexpr UICommonMdl::TextRule FingerprintName{1, 50, "<>"};
+
 /// A fingerprint of a person.
 struct Fingerprint_t
 {
     std::int64_t nId = 0; ///< given by the server; 0: not stored yet
-    std::string sName; ///< 1 to 50 characters, unique among the person's
+    std::string sName; ///< FingerprintName, unique among the person's
     bool bDuress = false;
     /// Base64 of TemplateSize bytes. The server never sends it back; empty together with an nId: as stored.
     std::string sTemplate;
@@ -77,17 +86,41 @@ struct Fingerprint_t
     bool operator==(const Fingerprint_t&) const = default;
 };
 
+inline constexpr UICommonMdl::TextRule PersonId{2, 12, "", UICommonMdl::Digits};
+inline constexpr UICommonMdl::TextRule PersonName{1, 50, "<>"};
+inline constexpr UICommonMdl::TextRule PersonTelephone{0, 20, "", "0123456789-+"};
+inline constexpr UICommonMdl::TextRule PersonEmail{0, 50};
+inline constexpr UICommonMdl::TextRule PersonRemark{0, 255, "<>", "", UICommonMdl::TextLines::Several};
+inline constexpr UICommonMdl::TextRule PersonNickname{0, 50, "<>"};
+inline constexpr UICommonMdl::TextRule PersonCompany{0, 50, "<>"};
+inline constexpr UICommonMdl::TextRule PersonPosition{0, 50, "<>"};
+inline constexpr UICommonMdl::TextRule PlateNumber{1, 15, "<>"};
+inline constexpr UICommonMdl::TextRule UnlockPassword{6, 6, "", UICommonMdl::Digits};
+inline constexpr UICommonMdl::NumberRule ExtendTime{1, 200}; ///< seconds
+inline constexpr UICommonMdl::NumberRule CardTimes{0, 9999};
+
+/// What a person ID is made of, whatever its length: digits, the first not 0.
+inline bool IsPartOfPersonId(std::string_view id)
+{
+    return !UICommonMdl::HasForbidden(PersonId, id) && !id.starts_with('0');
+}
+
+inline bool IsPersonId(std::string_view id)
+{
+    return UICommonMdl::Holds(PersonId, id) && IsPartOfPersonId(id);
+}
+
 /// A person as it is added, edited and shown in detail.
 struct Person_t
 {
-    std::string sPersonId; ///< key: 2 to 12 digits, the first not 0; not changed by a save
-    std::string sName; ///< 1 to 50 characters, no "<" or ">"
+    std::string sPersonId; ///< key: IsPersonId; not changed by a save
+    std::string sName; ///< PersonName
     int nGender = GenderUnknown; ///< Gender
     std::string sGroupCode;
     std::string sGroupName; ///< read only
-    std::string sTelephone; ///< up to 20 of digits, "-" and "+"
-    std::string sEmail; ///< up to 50 characters
-    std::string sRemark; ///< up to 255 characters, no "<" or ">"
+    std::string sTelephone; ///< PersonTelephone
+    std::string sEmail; ///< PersonEmail: UICommonMdl::IsMailAddress, or empty
+    std::string sRemark; ///< PersonRemark
     /// Address of the photo on the server; empty: none. Sent back as it is, it keeps the photo.
     std::string sPhotoUrl;
     /// A new photo: Base64 of a JPEG file. The server never sends it back.
@@ -96,30 +129,30 @@ struct Person_t
     std::int64_t nValidTo = 0; ///< seconds since 1970, UTC, after nValidFrom; 0: for ever
 
     // Extended information.
-    std::string sNickname; ///< up to 50 characters, no "<" or ">"
+    std::string sNickname; ///< PersonNickname
     std::string sBirthday; ///< "yyyy-MM-dd" or empty, like all dates
     std::string sEntryDate;
-    std::string sCompany; ///< up to 50 characters, no "<" or ">", like the next
-    std::string sPosition;
+    std::string sCompany; ///< PersonCompany
+    std::string sPosition; ///< PersonPosition
 
     // Credentials.
     std::vector<Card_t> vecCards;
     std::vector<Fingerprint_t> vecFingerprints; ///< at most FingerprintLimit
     bool bUnlockPassword = false; ///< the person has one
-    /// Six digits; the server never sends it back. Empty together with bUnlockPassword: as stored.
+    /// UnlockPassword; the server never sends it back. Empty together with bUnlockPassword: as stored.
     std::string sUnlockPassword;
 
     // Access permissions.
     int nPersonType = PersonGeneral; ///< PersonType
-    int nExtendTime = 5; ///< seconds that a door stays unlocked, 1 to 200
-    int nCardTimes = 0; ///< how often the cards may be used, 0 to 9999; 0: no limit
+    int nExtendTime = 5; ///< seconds that a door stays unlocked: ExtendTime
+    int nCardTimes = 0; ///< how often the cards may be used: CardTimes; 0: no limit
     bool bDeviceLogin = false; ///< is an administrator of the devices
     std::vector<std::string> vecAccessGroups; ///< ids of access permission groups
     std::vector<std::string> vecLiftFloors; ///< ids of floors of lift controllers
     std::vector<std::string> vecFaceGroups; ///< ids of face comparison groups
 
     std::string sRoomNo; ///< number of the person's room, which must exist; empty: none
-    std::vector<std::string> vecPlates; ///< plate numbers, up to 15 characters; unique on the platform
+    std::vector<std::string> vecPlates; ///< plate numbers, PlateNumber each; unique on the platform
 
     bool bAuthorizationError = false; ///< read only: not all rights could be sent to the devices
     std::int64_t nVersion = 0; ///< raised by each change; a save against an older one is refused

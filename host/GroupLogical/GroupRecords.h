@@ -1,5 +1,7 @@
 #pragma once
 
+#include <UICommonMdl/TextRule.h>
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -10,12 +12,15 @@ namespace GroupLogical {
 /// Code of the root organisation; it exists always and cannot be renamed away, deleted or moved.
 inline constexpr const char* RootOrganizationCode = "001";
 
+inline constexpr UICommonMdl::TextRule OrganizationName{1, 50, "<>"};
+inline constexpr UICommonMdl::TextRule OrganizationRemark{0, 255, "<>", "", UICommonMdl::TextLines::Several};
+
 struct Organization_t
 {
     std::string sCode; ///< key, given by the server
     std::string sParentCode; ///< empty for the root
-    std::string sName; ///< 1 to 50 characters, no "<" or ">"; unique among its siblings
-    std::string sRemark; ///< up to 255 characters
+    std::string sName; ///< OrganizationName; unique among its siblings
+    std::string sRemark; ///< OrganizationRemark
     int nSort = 0; ///< place among its siblings, ascending; equal: by name
     std::int64_t nVersion = 0; ///< raised by each change; a save against an older one is refused
 
@@ -80,22 +85,36 @@ enum LedType : int
     LedCharge = 1405,
 };
 
+inline constexpr UICommonMdl::TextRule DeviceName{1, 50, "/:*?\"<>|\\"};
+inline constexpr UICommonMdl::TextRule DeviceDomain{1, 50, "<>"};
+inline constexpr UICommonMdl::TextRule DeviceRegisterId{1, 50, "<>"};
+inline constexpr UICommonMdl::TextRule DeviceSerialNumber{
+    1, 49, "", "0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ._:-"};
+inline constexpr UICommonMdl::TextRule DeviceUserName{1, 50, "<>"};
+inline constexpr UICommonMdl::TextRule DevicePassword{1, 50, ",()"};
+inline constexpr UICommonMdl::TextRule DeviceModel{0, 50, "<>"};
+inline constexpr UICommonMdl::TextRule DeviceSipId{0, 29, "<>"};
+inline constexpr UICommonMdl::TextRule DeviceSipPassword{0, 31, "<>"};
+inline constexpr UICommonMdl::TextRule DeviceRemark{0, 255, "", "", UICommonMdl::TextLines::Several};
+inline constexpr UICommonMdl::NumberRule DevicePort{1, 65535};
+inline constexpr UICommonMdl::NumberRule DeviceCount{0, 1024}; ///< of channels, of inputs, of floors
+
 /// A device as it is added, edited and shown in detail. Secrets are write-only: the server never sends them
 /// back, and an empty one leaves the present one as it is when a device is modified.
 struct DeviceAddInfo_t
 {
     std::string sDeviceId; ///< empty when adding
-    std::string sName; ///< 1 to 50 characters; unique, whatever its case. A segment's devices get " " and
-                       ///< their address appended
+    std::string sName; ///< DeviceName; unique, whatever its case. A segment's devices get " " and their
+                       ///< address appended
     int nAddMode = AddByIp; ///< AddMode
     std::string sIp; ///< IPv4, IPv6 or host name; with its port unique. Empty where the mode has none
     std::string sIpStart; ///< of a segment, only when adding
     std::string sIpEnd; ///< of a segment, only when adding; its first three parts are those of sIpStart
-    std::string sDomain; ///< mode AddByDomain: host name, up to 50 characters
-    std::string sRegisterId; ///< mode AddByRegister: up to 50 characters, unique
-    int nPort = 0; ///< 1 to 65535; 0 where the mode has none
+    std::string sDomain; ///< mode AddByDomain: host name, DeviceDomain
+    std::string sRegisterId; ///< mode AddByRegister: DeviceRegisterId, unique
+    int nPort = 0; ///< DevicePort; 0 where the mode has none
     int nCategory = 0; ///< category code
-    std::string sModel;
+    std::string sModel; ///< DeviceModel
     std::string sOrgCode;
     std::string sManufacturer; ///< key of the dictionary
     std::string sProtocol; ///< key of the dictionary
@@ -104,13 +123,13 @@ struct DeviceAddInfo_t
     std::string sServerId; ///< the server that works with the device; empty: the platform chooses
     int nLedType = 0; ///< LedType; 0 unless the category is LED device
     int nAccessDirection = 0; ///< 0 undefined, 1 direct, 2 pull, 3 push
-    std::string sSerialNumber; ///< mode AddByP2P: 1 to 49 characters, unique among such devices
-    std::string sUserName; ///< of the device's login
-    std::string sPassword; ///< of the device's login; write-only
-    std::string sSipId;
-    std::string sSipPassword; ///< write-only
-    std::string sRemark;
-    int nVideoChannels = 0; ///< 0 to 1024, like all counts
+    std::string sSerialNumber; ///< DeviceSerialNumber or empty; mode AddByP2P: unique among such devices
+    std::string sUserName; ///< of the device's login: DeviceUserName
+    std::string sPassword; ///< of the device's login: DevicePassword; write-only
+    std::string sSipId; ///< DeviceSipId
+    std::string sSipPassword; ///< DeviceSipPassword; write-only
+    std::string sRemark; ///< DeviceRemark
+    int nVideoChannels = 0; ///< DeviceCount, like all counts
     int nAlarmInputs = 0;
     int nAlarmOutputs = 0;
     int nAccessChannels = 0;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <UICommonMdl/TextRule.h>
+
 #include <string>
 #include <vector>
 
@@ -89,6 +91,13 @@ struct SearchDeviceInfo_t
     bool operator==(const SearchDeviceInfo_t&) const = default;
 };
 using SearchDeviceInfoVec = std::vector<SearchDeviceInfo_t>;
+
+/// The first password of a device. Blanks and , ( ) are nothing that its login could hold.
+inline constexpr UICommonMdl::TextRule FirstPassword{8, 16, " ,()", UICommonMdl::PrintableAscii};
+/// A password that devices get in place of their old one.
+inline constexpr UICommonMdl::TextRule NewPassword{1, 16, "", UICommonMdl::PrintableAscii};
+/// Mail address to which a device sends what is needed after its password was forgotten; may be empty.
+inline constexpr UICommonMdl::TextRule ResetContact{0, 64};
 
 /// Gives a device its first password.
 struct InitializeDevice_t
@@ -180,6 +189,9 @@ struct TimeZoneResult_t
 
     bool operator==(const TimeZoneResult_t&) const = default;
 };
+
+inline constexpr UICommonMdl::TextRule CloudUserName{1, 50, "<>"};
+inline constexpr UICommonMdl::TextRule CloudPassword{1, 50, "<>"};
 
 /// A device of a cloud account.
 struct P2PDevice_t

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <UICommonMdl/TextRule.h>
+
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -40,23 +43,43 @@ enum OnlineFilter : int
     OnlineFilterOffline = 2,
 };
 
+inline constexpr UICommonMdl::TextRule UserName{1, 50, "<>"};
+inline constexpr UICommonMdl::TextRule UserPassword{8, 32}; ///< normal users; the directory has its own
+inline constexpr UICommonMdl::TextRule UserEmail{0, 50};
+inline constexpr UICommonMdl::TextRule UserRemark{0, 255, "<>"};
+inline constexpr UICommonMdl::TextRule MacAddress{17, 17, "", "0123456789abcdefABCDEF:"};
+inline constexpr std::size_t MacAddressLimit = 5; ///< of one account
+inline constexpr UICommonMdl::NumberRule PasswordDays{1, 365};
+inline constexpr UICommonMdl::NumberRule PtzLevel{1, 10}; ///< the larger the higher
+
+/// Six pairs of hexadecimal digits with colons in between.
+inline bool IsMacAddress(std::string_view address)
+{
+    if (!UICommonMdl::Holds(MacAddress, address))
+        return false;
+    for (std::size_t n = 0; n < address.size(); ++n)
+        if ((address[n] == ':') != (n % 3 == 2))
+            return false;
+    return true;
+}
+
 /// An operator's account as its form edits it.
 struct User_t
 {
-    std::string sUserName; ///< key, whatever the case; fixed once the account is there
+    std::string sUserName; ///< UserName: key, whatever the case; fixed once the account is there
     bool bMultiLogin = false; ///< may be signed in on several clients at once
     std::string sPassword; ///< towards the server only; empty: stays as it is
     bool bForceChange = false; ///< a new password has to be chosen at the next sign-in
     bool bPasswordInterval = false; ///< a new password has to be chosen every nPasswordDays
-    int nPasswordDays = 90; ///< 1 to 365
+    int nPasswordDays = 90; ///< PasswordDays
     std::int64_t nPasswordChanged = 0; ///< when the present password was set; from the server only
     bool bExpiry = false;
     std::int64_t nExpiry = 0; ///< nobody can sign in from then on
-    int nPtzLevel = 1; ///< 1 to 10, the larger the higher
-    std::string sEmail;
-    std::string sRemark;
+    int nPtzLevel = 1; ///< PtzLevel
+    std::string sEmail; ///< UserEmail: UICommonMdl::IsMailAddress, or empty
+    std::string sRemark; ///< UserRemark
     bool bBindMac = false; ///< sign-in only from a client with one of the addresses
-    std::vector<std::string> vecMacAddresses; ///< "xx:xx:xx:xx:xx:xx", at most 5
+    std::vector<std::string> vecMacAddresses; ///< IsMacAddress; at most MacAddressLimit
     std::vector<std::string> vecRoleIds; ///< at least one
     int nUserType = UserTypeNormal; ///< UserType
     std::string sDomainUser; ///< distinguished name in the directory; empty for normal users
@@ -134,12 +157,15 @@ struct RightNode_t
     bool operator==(const RightNode_t&) const = default;
 };
 
+inline constexpr UICommonMdl::TextRule RoleName{1, 50, "<>"};
+inline constexpr UICommonMdl::TextRule RoleRemark{0, 255, "<>"};
+
 /// A role without its device rights, which are asked for branch by branch.
 struct Role_t
 {
     std::string sRoleId; ///< key, given by the server
-    std::string sName; ///< unique, whatever the case
-    std::string sRemark;
+    std::string sName; ///< RoleName: unique, whatever the case
+    std::string sRemark; ///< RoleRemark
     bool bBuiltIn = false; ///< holds every right by itself; can be neither changed nor deleted
     std::vector<std::string> vecMenuRights; ///< right codes; empty in lists
     std::vector<std::string> vecFuncRights; ///< as vecMenuRights

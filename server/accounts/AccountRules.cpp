@@ -13,35 +13,10 @@ using UserLogical::User_t;
 
 namespace {
 
-constexpr std::size_t EmailLimit = 50;
-constexpr std::size_t MacLength = 17;
-
-void CheckText(const std::string& sText, std::size_t nLimit, const char* szField)
+void Require(bool bHolds, const char* szField)
 {
-    if (CharacterCount(sText) > nLimit || sText.find_first_of("<>") != std::string::npos
-        || HasControlCharacter(sText))
+    if (!bHolds)
         throw ServiceError(UICommonMdl::ErrorInvalidInput, szField);
-}
-
-void CheckRange(std::int64_t nValue, std::int64_t nMin, std::int64_t nMax, const char* szField)
-{
-    if (nValue < nMin || nValue > nMax)
-        throw ServiceError(UICommonMdl::ErrorInvalidInput, szField);
-}
-
-/// A "@" and a "." whose last one is at or after the first "@".
-bool IsEmail(const std::string& sText)
-{
-    const std::size_t nAt = sText.find('@');
-    const std::size_t nDot = sText.rfind('.');
-    return nAt != std::string::npos && nDot != std::string::npos && nDot >= nAt;
-}
-
-void CheckMac(std::string& sMac)
-{
-    sMac = FoldCase(sMac);
-    if (sMac.size() != MacLength || sMac.find_first_not_of("0123456789abcdef:") != std::string::npos)
-        throw ServiceError(UICommonMdl::ErrorInvalidInput, "vecMacAddresses");
 }
 
 std::string FirstMissing(const std::set<std::string>& wanted, const std::set<std::string>& own)
@@ -58,20 +33,20 @@ User_t Checked(User_t user)
     user.sUserName = Trimmed(user.sUserName);
     user.sEmail = Trimmed(user.sEmail);
     user.sRemark = Trimmed(user.sRemark);
-    if (user.sUserName.empty())
-        throw ServiceError(UICommonMdl::ErrorInvalidInput, "sUserName");
-    CheckText(user.sUserName, NameLimit, "sUserName");
-    CheckText(user.sRemark, RemarkLimit, "sRemark");
-    if (user.bPasswordInterval)
-        CheckRange(user.nPasswordDays, 1, 365, "nPasswordDays");
-    CheckRange(user.nPtzLevel, 1, 10, "nPtzLevel");
-    CheckText(user.sEmail, EmailLimit, "sEmail");
-    if (!user.sEmail.empty() && !IsEmail(user.sEmail))
-        throw ServiceError(UICommonMdl::ErrorInvalidInput, "sEmail");
-    CheckRange(static_cast<std::int64_t>(user.vecMacAddresses.size()), user.bBindMac ? 1 : 0, MacLimit,
-        "vecMacAddresses");
-    for (std::string& sMac : user.vecMacAddresses)
-        CheckMac(sMac);
+    Require(Holds(UserLogical::UserName, user.sUserName), "sUserName");
+    Require(Holds(UserLogical::UserRemark, user.sRemark), "sRemark");
+    Require(!user.bPasswordInterval || UserLogical::PasswordDays.Allows(user.nPasswordDays), "nPasswordDays");
+    Require(UserLogical::PtzLevel.Allows(user.nPtzLevel), "nPtzLevel");
+    Require(Holds(UserLogical::UserEmail, user.sEmail)
+            && (user.sEmail.empty() || UICommonMdl::IsMailAddress(user.sEmail)),
+        "sEmail");
+    const std::size_t nAddresses = user.vecMacAddresses.size();
+    Require(
+        nAddresses <= UserLogical::MacAddressLimit && (nAddresses > 0 || !user.bBindMac), "vecMacAddresses");
+    for (std::string& sMac : user.vecMacAddresses) {
+        sMac = FoldCase(sMac);
+        Require(UserLogical::IsMacAddress(sMac), "vecMacAddresses");
+    }
     CheckBatch(user.vecRoleIds.size(), "vecRoleIds");
     return user;
 }
@@ -80,17 +55,14 @@ Role_t Checked(Role_t role)
 {
     role.sName = Trimmed(role.sName);
     role.sRemark = Trimmed(role.sRemark);
-    if (role.sName.empty())
-        throw ServiceError(UICommonMdl::ErrorInvalidInput, "sName");
-    CheckText(role.sName, NameLimit, "sName");
-    CheckText(role.sRemark, RemarkLimit, "sRemark");
+    Require(Holds(UserLogical::RoleName, role.sName), "sName");
+    Require(Holds(UserLogical::RoleRemark, role.sRemark), "sRemark");
     return role;
 }
 
 void CheckBatch(std::size_t nCount, const char* szField)
 {
-    if (nCount == 0 || nCount > BatchLimit)
-        throw ServiceError(UICommonMdl::ErrorInvalidInput, szField);
+    Require(nCount > 0 && nCount <= BatchLimit, szField);
 }
 
 std::int64_t RoleNumber(const std::string& sRoleId)

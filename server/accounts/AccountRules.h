@@ -15,9 +15,6 @@ namespace Platform {
 /// caller; faults are ServiceError.
 namespace AccountRules {
 
-inline constexpr std::size_t NameLimit = 50;
-inline constexpr std::size_t RemarkLimit = 255;
-inline constexpr std::size_t MacLimit = 5;
 inline constexpr std::size_t BatchLimit = 1000;
 
 /// Trimmed, addresses in lower case. Throws ErrorInvalidInput with the field.

@@ -13,7 +13,4 @@ std::string Clean(std::string_view sText);
 /// it is none.
 std::string Mac(std::string_view sText);
 
-/// True for an IPv4 address in dotted form.
-bool IsIpv4(const std::string& sText);
-
 } // namespace Platform::ReplyText

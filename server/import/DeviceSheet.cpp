@@ -24,6 +24,7 @@ struct Column
     bool bRequired;
 };
 
+constexpr int HeadingLimit = 50; ///< characters of an unknown heading that are told
 constexpr const char* DeviceName = "Device Name";
 constexpr const char* IntercomName = "Intercom Device Name";
 constexpr const char* Category = "Category";
@@ -80,7 +81,8 @@ std::vector<const Column*> ReadHeadings(const SheetRow& row, Kind& kind)
         const bool bDouble =
             pFound && std::find(vecColumns.begin(), vecColumns.end(), pFound) != vecColumns.end();
         if (bDouble || (!pFound && !IsComment(sFolded)))
-            throw ServiceError(UICommonMdl::ErrorSheetColumns, cell.sText.substr(0, 50));
+            throw ServiceError(
+                UICommonMdl::ErrorSheetColumns, UICommonMdl::CutText(cell.sText, HeadingLimit));
         vecColumns.push_back(pFound);
     }
     for (const Column& column : Columns)

@@ -26,7 +26,7 @@ namespace SheetFile {
 
 inline constexpr std::size_t RowLimit = 20000;
 inline constexpr std::size_t ColumnLimit = 64;
-inline constexpr std::size_t CellLimit = 1000; ///< bytes of one cell's text
+inline constexpr int CellLimit = 1000; ///< characters of one cell's text
 inline constexpr std::size_t UnpackedLimit = std::size_t(16) * 1024 * 1024;
 inline constexpr std::size_t TextLimit = std::size_t(16) * 1024 * 1024; ///< bytes of all cells together
 

@@ -2,6 +2,8 @@
 
 #include "ServiceError.h"
 
+#include <UICommonMdl/TextRule.h>
+
 #include <freexl.h>
 
 #include <QFile>
@@ -40,7 +42,7 @@ std::string Text(const FreeXL_CellValue& value)
     case FREEXL_CELL_DATE:
     case FREEXL_CELL_DATETIME:
     case FREEXL_CELL_TIME:
-        return value.value.text_value ? std::string(value.value.text_value).substr(0, SheetFile::CellLimit)
+        return value.value.text_value ? UICommonMdl::CutText(value.value.text_value, SheetFile::CellLimit)
                                       : std::string();
     default:
         return {};

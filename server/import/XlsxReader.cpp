@@ -2,6 +2,8 @@
 
 #include "ServiceError.h"
 
+#include <UICommonMdl/TextRule.h>
+
 #include <archive.h>
 #include <archive_entry.h>
 #include <pugixml.hpp>
@@ -187,7 +189,7 @@ SheetRow ReadRow(const pugi::xml_node& node, int nLine, const std::vector<std::s
             row.vecCells.resize(nColumn + 1);
         SheetCell& target = row.vecCells[nColumn];
         target.bFormula = Child(cell, "f") != nullptr;
-        target.sText = CellText(cell, vecStrings).substr(0, SheetFile::CellLimit);
+        target.sText = UICommonMdl::CutText(CellText(cell, vecStrings), SheetFile::CellLimit);
         // One shared text may stand in every cell.
         if (target.sText.size() > nTextBudget)
             Refuse("The file unpacks to too much");

@@ -15,8 +15,6 @@ using AccessControlLogical::RootDepartmentCode;
 namespace {
 
 constexpr TreeTable Tree("person_group");
-constexpr std::size_t NameLimit = 50;
-constexpr std::size_t RemarkLimit = 255;
 
 Department_t ReadDepartment(const Rows& rows)
 {
@@ -36,12 +34,9 @@ Department_t Find(Database& database, const std::string& sCode)
 Department_t Checked(Department_t department)
 {
     department.sName = Trimmed(department.sName);
-    if (department.sName.empty() || CharacterCount(department.sName) > NameLimit
-        || department.sName.find_first_of("<>/") != std::string::npos
-        || HasControlCharacter(department.sName))
+    if (!UICommonMdl::Holds(AccessControlLogical::DepartmentName, department.sName))
         throw ServiceError(UICommonMdl::ErrorInvalidInput, "sName");
-    if (CharacterCount(department.sRemark) > RemarkLimit
-        || department.sRemark.find_first_of("<>") != std::string::npos)
+    if (!UICommonMdl::Holds(AccessControlLogical::DepartmentRemark, department.sRemark))
         throw ServiceError(UICommonMdl::ErrorInvalidInput, "sRemark");
     return department;
 }

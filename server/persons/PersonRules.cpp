@@ -16,41 +16,7 @@ using namespace AccessControlLogical;
 
 namespace {
 
-constexpr std::size_t IdMin = 2;
-constexpr std::size_t IdMax = 12;
-constexpr std::size_t NameLimit = 50;
-constexpr std::size_t RemarkLimit = 255;
-constexpr std::size_t TelephoneLimit = 20;
-constexpr std::size_t CardLimit = 16;
-constexpr std::size_t PlateLimit = 15;
 constexpr std::size_t ListLimit = 100; ///< cards, plates, chosen groups of one person
-constexpr std::size_t PasswordLength = 6;
-
-bool AllOf(const std::string& sText, const char* szAllowed)
-{
-    return sText.find_first_not_of(szAllowed) == std::string::npos;
-}
-
-bool IsText(const std::string& sText, std::size_t nLimit)
-{
-    return CharacterCount(sText) <= nLimit && sText.find_first_of("<>") == std::string::npos
-        && !HasControlCharacter(sText);
-}
-
-/// Several lines are right here.
-bool IsRemark(const std::string& sText)
-{
-    return CharacterCount(sText) <= RemarkLimit && sText.find_first_of("<>") == std::string::npos;
-}
-
-bool IsEmail(const std::string& sText)
-{
-    const auto nAt = sText.find('@');
-    const auto nDot = sText.rfind('.');
-    return sText.empty()
-        || (CharacterCount(sText) <= NameLimit && nAt != std::string::npos && nDot != std::string::npos
-            && nDot >= nAt);
-}
 
 bool IsDate(const std::string& sText)
 {
@@ -86,7 +52,7 @@ bool AreFingerprints(const std::vector<Fingerprint_t>& vecFingerprints)
     std::set<std::string> names;
     std::set<std::int64_t> ids;
     for (const Fingerprint_t& fingerprint : vecFingerprints) {
-        if (fingerprint.sName.empty() || !IsText(fingerprint.sName, NameLimit) || !IsTemplate(fingerprint)
+        if (!Holds(FingerprintName, fingerprint.sName) || !IsTemplate(fingerprint)
             || !names.insert(fingerprint.sName).second)
             return false;
         if (fingerprint.nId != 0 && !ids.insert(fingerprint.nId).second)
@@ -100,21 +66,15 @@ bool ArePlates(const std::vector<std::string>& vecPlates)
     std::set<std::string> plates;
     return vecPlates.size() <= ListLimit
         && std::all_of(vecPlates.begin(), vecPlates.end(), [&](const std::string& sPlate) {
-               return !sPlate.empty() && IsText(sPlate, PlateLimit) && plates.insert(FoldCase(sPlate)).second;
+               return Holds(PlateNumber, sPlate) && plates.insert(FoldCase(sPlate)).second;
            });
-}
-
-bool IsPassword(const std::string& sPassword)
-{
-    return sPassword.empty() || (sPassword.size() == PasswordLength && AllOf(sPassword, "0123456789"));
 }
 
 } // namespace
 
 std::optional<std::int64_t> NumberOf(const std::string& sPersonId)
 {
-    if (sPersonId.size() < IdMin || sPersonId.size() > IdMax || sPersonId.front() == '0'
-        || !AllOf(sPersonId, "0123456789"))
+    if (!IsPersonId(sPersonId))
         return std::nullopt;
     std::int64_t nNumber = 0;
     std::from_chars(sPersonId.data(), sPersonId.data() + sPersonId.size(), nNumber);
@@ -130,7 +90,7 @@ std::string UpperCase(std::string sText)
 
 bool IsCardNo(const std::string& sCardNo)
 {
-    return !sCardNo.empty() && sCardNo.size() <= CardLimit && AllOf(sCardNo, "0123456789ABCDEFabcdef");
+    return Holds(CardNumber, sCardNo);
 }
 
 bool IsPeriod(std::int64_t nFrom, std::int64_t nTo)
@@ -157,24 +117,25 @@ std::string FaultyField(const Person_t& person)
     const auto isBetween = [](int nValue, int nMin, int nMax) { return nValue >= nMin && nValue <= nMax; };
     const std::pair<const char*, bool> checks[] = {
         {"sPersonId", NumberOf(person.sPersonId).has_value()},
-        {"sName", !person.sName.empty() && IsText(person.sName, NameLimit)},
+        {"sName", Holds(PersonName, person.sName)},
         {"nGender", isBetween(person.nGender, GenderUnknown, GenderFemale)},
-        {"sTelephone",
-            CharacterCount(person.sTelephone) <= TelephoneLimit && AllOf(person.sTelephone, "0123456789-+")},
-        {"sEmail", IsEmail(person.sEmail) && !HasControlCharacter(person.sEmail)},
-        {"sRemark", IsRemark(person.sRemark)},
+        {"sTelephone", Holds(PersonTelephone, person.sTelephone)},
+        {"sEmail",
+            Holds(PersonEmail, person.sEmail)
+                && (person.sEmail.empty() || UICommonMdl::IsMailAddress(person.sEmail))},
+        {"sRemark", Holds(PersonRemark, person.sRemark)},
         {"nValidTo", IsPeriod(person.nValidFrom, person.nValidTo)},
-        {"sNickname", IsText(person.sNickname, NameLimit)},
+        {"sNickname", Holds(PersonNickname, person.sNickname)},
         {"sBirthday", IsDate(person.sBirthday)},
         {"sEntryDate", IsDate(person.sEntryDate)},
-        {"sCompany", IsText(person.sCompany, NameLimit)},
-        {"sPosition", IsText(person.sPosition, NameLimit)},
+        {"sCompany", Holds(PersonCompany, person.sCompany)},
+        {"sPosition", Holds(PersonPosition, person.sPosition)},
         {"vecCards", AreCards(person.vecCards)},
         {"vecFingerprints", AreFingerprints(person.vecFingerprints)},
-        {"sUnlockPassword", IsPassword(person.sUnlockPassword)},
+        {"sUnlockPassword", HoldsIfFilled(UnlockPassword, person.sUnlockPassword)},
         {"nPersonType", isBetween(person.nPersonType, PersonGeneral, PersonOther)},
-        {"nExtendTime", isBetween(person.nExtendTime, 1, 200)},
-        {"nCardTimes", isBetween(person.nCardTimes, 0, 9999)},
+        {"nExtendTime", ExtendTime.Allows(person.nExtendTime)},
+        {"nCardTimes", CardTimes.Allows(person.nCardTimes)},
         {"vecAccessGroups", person.vecAccessGroups.size() <= ListLimit},
         {"vecLiftFloors", person.vecLiftFloors.size() <= 10 * ListLimit},
         {"vecFaceGroups", person.vecFaceGroups.size() <= ListLimit},

@@ -8,8 +8,18 @@
 namespace Platform {
 
 namespace {
+
 constexpr std::size_t ThreadCount = 8;
+
+/// What a device calls its model, as a record can hold it: the record has to be one that can be saved again.
+std::string FittingModel(std::string sModel)
+{
+    std::erase_if(sModel,
+        [](char c) { return UICommonMdl::HasForbidden(GroupLogical::DeviceModel, std::string_view(&c, 1)); });
+    return UICommonMdl::CutText(sModel, GroupLogical::DeviceModel.nMax);
 }
+
+} // namespace
 
 ChannelReader::ChannelReader(
     DatabasePool& pool, DeviceService& devices, const SecretBox& box, const Drivers& drivers)
@@ -89,9 +99,11 @@ bool ChannelReader::Keep(
         after.nLiftFloors = channels.nLiftFloors;
         after.nPosChannels = channels.nPos;
         if (after.sModel.empty())
-            after.sModel = identity.sModel.substr(0, 50);
+            after.sModel = FittingModel(identity.sModel);
         if (after.sSerialNumber.empty() && after.nAddMode != GroupLogical::AddByP2P)
-            after.sSerialNumber = identity.sSerialNumber.substr(0, 49);
+            after.sSerialNumber = HoldsIfFilled(GroupLogical::DeviceSerialNumber, identity.sSerialNumber)
+                ? identity.sSerialNumber
+                : "";
         if (after == *optBefore)
             return false;
         // The version stays: what the device tells does not spoil an edit that is under way.

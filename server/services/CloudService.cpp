@@ -2,6 +2,8 @@
 
 #include "ServiceError.h"
 
+#include <UICommonMdl/TextRule.h>
+
 #include <httplib.h>
 
 #include <algorithm>
@@ -13,7 +15,7 @@ namespace {
 constexpr int TimeOutSeconds = 10;
 constexpr std::size_t DeviceLimit = 10000;
 constexpr std::size_t AnswerLimit = std::size_t(8) * 1024 * 1024;
-constexpr std::size_t TextLimit = 100;
+constexpr int TextLimit = 100;
 
 /// Scheme, host and port of an address, and its path.
 std::pair<std::string, std::string> Split(const std::string& sUrl)
@@ -32,7 +34,7 @@ std::string Text(const nlohmann::json& object, const char* szKey)
 {
     const auto it = object.find(szKey);
     return it == object.end() || !it->is_string() ? std::string()
-                                                  : it->get<std::string>().substr(0, TextLimit);
+                                                  : UICommonMdl::CutText(it->get<std::string>(), TextLimit);
 }
 
 wire::CloudDevices Read(const nlohmann::json& answer)

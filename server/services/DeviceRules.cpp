@@ -6,7 +6,6 @@
 #include <arpa/inet.h>
 
 #include <algorithm>
-#include <cctype>
 #include <initializer_list>
 
 namespace Platform::DeviceRules {
@@ -14,32 +13,6 @@ namespace Platform::DeviceRules {
 using GroupLogical::DeviceAddInfo_t;
 
 namespace {
-
-constexpr std::size_t TextLimit = 50;
-constexpr std::size_t SerialLimit = 49;
-constexpr std::size_t SipIdLimit = 29;
-constexpr std::size_t SipPasswordLimit = 31;
-constexpr std::size_t RemarkLimit = 255;
-constexpr int CountLimit = 1024;
-
-bool IsText(const std::string& sText, std::size_t nLimit, const char* szForbidden = "<>")
-{
-    return CharacterCount(sText) <= nLimit && sText.find_first_of(szForbidden) == std::string::npos
-        && !HasControlCharacter(sText);
-}
-
-bool IsFilled(const std::string& sText, std::size_t nLimit, const char* szForbidden = "<>")
-{
-    return !sText.empty() && IsText(sText, nLimit, szForbidden);
-}
-
-bool IsSerialNumber(const std::string& sText)
-{
-    return sText.size() <= SerialLimit && std::all_of(sText.begin(), sText.end(), [](unsigned char c) {
-        return c < 0x80U
-            && (std::isalnum(c) != 0 || std::string_view("._:-").find(char(c)) != std::string_view::npos);
-    });
-}
 
 bool IsIpv6(const std::string& sAddress)
 {
@@ -57,7 +30,7 @@ std::string FaultyAddress(const DeviceAddInfo_t& device)
     const bool bHasPort = device.nAddMode < GroupLogical::AddByRegister;
     switch (device.nAddMode) {
     case GroupLogical::AddByIp:
-        if (!IsIpv4(device.sIp) && !IsIpv6(device.sIp))
+        if (!UICommonMdl::IsIpv4(device.sIp) && !IsIpv6(device.sIp))
             return "sIp";
         break;
     case GroupLogical::AddBySegment:
@@ -65,11 +38,11 @@ std::string FaultyAddress(const DeviceAddInfo_t& device)
             return "sIpEnd";
         break;
     case GroupLogical::AddByDomain:
-        if (!IsFilled(device.sDomain, TextLimit))
+        if (!Holds(GroupLogical::DeviceDomain, device.sDomain))
             return "sDomain";
         break;
     case GroupLogical::AddByRegister:
-        if (!IsText(device.sRegisterId, TextLimit))
+        if (!Holds(GroupLogical::DeviceRegisterId, device.sRegisterId))
             return "sRegisterId";
         break;
     case GroupLogical::AddByP2P:
@@ -79,7 +52,7 @@ std::string FaultyAddress(const DeviceAddInfo_t& device)
     default:
         return "nAddMode";
     }
-    return bHasPort && (device.nPort < 1 || device.nPort > 65535) ? "nPort" : std::string();
+    return bHasPort && !GroupLogical::DevicePort.Allows(device.nPort) ? "nPort" : std::string();
 }
 
 std::string FaultyChoice(const DeviceAddInfo_t& device)
@@ -113,18 +86,12 @@ std::string FaultyCount(const DeviceAddInfo_t& device)
         {"nLifts", device.nLifts}, {"nLiftFloors", device.nLiftFloors},
         {"nPosChannels", device.nPosChannels}};
     for (const auto& [szName, nCount] : counts)
-        if (nCount < 0 || nCount > CountLimit)
+        if (!GroupLogical::DeviceCount.Allows(nCount))
             return szName;
     return {};
 }
 
 } // namespace
-
-bool IsIpv4(const std::string& sAddress)
-{
-    in_addr bytes{};
-    return inet_pton(AF_INET, sAddress.c_str(), &bytes) == 1;
-}
 
 const std::string& AddressOf(const DeviceAddInfo_t& device)
 {
@@ -138,7 +105,7 @@ const char* AddressField(const DeviceAddInfo_t& device)
 
 std::vector<std::string> SegmentAddresses(const std::string& sStart, const std::string& sEnd)
 {
-    if (!IsIpv4(sStart) || !IsIpv4(sEnd))
+    if (!UICommonMdl::IsIpv4(sStart) || !UICommonMdl::IsIpv4(sEnd))
         return {};
     const std::string sHead = sStart.substr(0, sStart.rfind('.') + 1);
     const int nFirst = std::stoi(sStart.substr(sHead.size()));
@@ -172,24 +139,24 @@ DeviceAddInfo_t Cleaned(DeviceAddInfo_t device)
 
 std::string FaultyField(const DeviceAddInfo_t& device, Secrets secrets)
 {
-    if (!IsFilled(device.sName, TextLimit, "/:*?\"<>|\\"))
+    if (!Holds(GroupLogical::DeviceName, device.sName))
         return "sName";
     if (std::string sField = FaultyAddress(device); !sField.empty())
         return sField;
-    if (!IsFilled(device.sUserName, TextLimit))
+    if (!Holds(GroupLogical::DeviceUserName, device.sUserName))
         return "sUserName";
-    if (!IsText(device.sPassword, TextLimit, ",()")
+    if (!HoldsIfFilled(GroupLogical::DevicePassword, device.sPassword)
         || (secrets == Secrets::Required && device.sPassword.empty()))
         return "sPassword";
-    if (!IsText(device.sModel, TextLimit))
+    if (!Holds(GroupLogical::DeviceModel, device.sModel))
         return "sModel";
-    if (!IsSerialNumber(device.sSerialNumber))
+    if (!HoldsIfFilled(GroupLogical::DeviceSerialNumber, device.sSerialNumber))
         return "sSerialNumber";
-    if (!IsText(device.sSipId, SipIdLimit))
+    if (!Holds(GroupLogical::DeviceSipId, device.sSipId))
         return "sSipId";
-    if (!IsText(device.sSipPassword, SipPasswordLimit))
+    if (!Holds(GroupLogical::DeviceSipPassword, device.sSipPassword))
         return "sSipPassword";
-    if (CharacterCount(device.sRemark) > RemarkLimit)
+    if (!Holds(GroupLogical::DeviceRemark, device.sRemark))
         return "sRemark";
     if (std::string sField = FaultyChoice(device); !sField.empty())
         return sField;

@@ -29,7 +29,6 @@ const char* AddressField(const GroupLogical::DeviceAddInfo_t& device);
 
 /// The addresses of a segment, from the first to the last; empty when it is none.
 std::vector<std::string> SegmentAddresses(const std::string& sStart, const std::string& sEnd);
-bool IsIpv4(const std::string& sAddress);
 
 } // namespace DeviceRules
 

@@ -19,8 +19,6 @@ using RemoteConfigLogical::TimeZoneResult_t;
 namespace {
 
 constexpr const char* FirstUserName = "admin";
-constexpr std::size_t PasswordLimit = 32;
-constexpr std::size_t ContactLimit = 100;
 
 void CheckBatch(std::size_t nCount, const char* szField)
 {
@@ -33,14 +31,6 @@ std::uint32_t Number(const std::string& sAddress)
     in_addr bytes{};
     inet_pton(AF_INET, sAddress.c_str(), &bytes);
     return ntohl(bytes.s_addr);
-}
-
-/// What devices take as a password: printable ASCII.
-void CheckPassword(const std::string& sPassword, const char* szField)
-{
-    if (sPassword.empty() || sPassword.size() > PasswordLimit
-        || std::any_of(sPassword.begin(), sPassword.end(), [](char c) { return c < ' ' || c > '~'; }))
-        throw ServiceError(UICommonMdl::ErrorInvalidInput, szField);
 }
 
 std::string Place(const std::string& sAddress, int nPort)
@@ -96,9 +86,9 @@ wire::Job FieldService::Search(const Context& context, const wire::SearchRequest
     if (request.sStartIp.empty() != request.sEndIp.empty())
         throw ServiceError(UICommonMdl::ErrorInvalidInput, "sEndIp");
     if (!request.sStartIp.empty()) {
-        if (!DeviceRules::IsIpv4(request.sStartIp))
+        if (!UICommonMdl::IsIpv4(request.sStartIp))
             throw ServiceError(UICommonMdl::ErrorInvalidInput, "sStartIp");
-        if (!DeviceRules::IsIpv4(request.sEndIp) || Number(request.sStartIp) > Number(request.sEndIp)
+        if (!UICommonMdl::IsIpv4(request.sEndIp) || Number(request.sStartIp) > Number(request.sEndIp)
             || Number(request.sEndIp) - Number(request.sStartIp) >= AddressLimit)
             throw ServiceError(UICommonMdl::ErrorInvalidInput, "sEndIp");
     }
@@ -123,8 +113,11 @@ wire::Job FieldService::Search(const Context& context, const wire::SearchRequest
 wire::Job FieldService::Initialize(const Context& context, const wire::InitializeRequest& request)
 {
     CheckBatch(request.vecDevices.size(), "vecDevices");
-    CheckPassword(request.sPassword, "sPassword");
-    if (CharacterCount(request.sContact) > ContactLimit)
+    if (!Holds(RemoteConfigLogical::FirstPassword, request.sPassword))
+        throw ServiceError(UICommonMdl::ErrorInvalidInput, "sPassword");
+    if (!request.sContact.empty()
+        && (!Holds(RemoteConfigLogical::ResetContact, request.sContact)
+            || !UICommonMdl::IsMailAddress(request.sContact)))
         throw ServiceError(UICommonMdl::ErrorInvalidInput, "sContact");
     return m_jobs.Run(context, [this, context, request](Job& job) {
         job.SetTotal(static_cast<int>(request.vecDevices.size()));
@@ -148,8 +141,8 @@ wire::Job FieldService::ModifyAddress(const Context& context, const wire::Modify
 {
     CheckBatch(request.vecDevices.size(), "vecDevices");
     for (const ModifyAddress_t& change : request.vecDevices)
-        if (!DeviceRules::IsIpv4(change.sNewIp) || !DeviceRules::IsIpv4(change.sMask)
-            || (!change.sGateway.empty() && !DeviceRules::IsIpv4(change.sGateway)))
+        if (!UICommonMdl::IsIpv4(change.sNewIp) || !UICommonMdl::IsIpv4(change.sMask)
+            || (!change.sGateway.empty() && !UICommonMdl::IsIpv4(change.sGateway)))
             throw ServiceError(UICommonMdl::ErrorInvalidInput, "sNewIp");
     return m_jobs.Run(context, [this, context, request](Job& job) {
         job.SetTotal(static_cast<int>(request.vecDevices.size()));
@@ -207,7 +200,8 @@ void FieldService::KeepAddress(const Context& context, const ModifyAddress_t& ch
 wire::Job FieldService::ModifyPassword(const Context& context, const wire::ModifyPasswordRequest& request)
 {
     CheckBatch(request.vecDeviceIds.size(), "vecDeviceIds");
-    CheckPassword(request.sNewPassword, "sNewPassword");
+    if (!Holds(RemoteConfigLogical::NewPassword, request.sNewPassword))
+        throw ServiceError(UICommonMdl::ErrorInvalidInput, "sNewPassword");
     if (request.sOldPassword.empty())
         throw ServiceError(UICommonMdl::ErrorInvalidInput, "sOldPassword");
     return m_jobs.Run(context, [this, context, request](Job& job) {

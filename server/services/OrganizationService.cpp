@@ -18,9 +18,6 @@ using GroupLogical::RootOrganizationCode;
 
 namespace {
 
-constexpr std::size_t NameLimit = 50;
-constexpr std::size_t RemarkLimit = 255;
-
 Organization_t ReadOrganization(const Rows& rows)
 {
     Organization_t organization;
@@ -59,11 +56,9 @@ void CheckEmpty(Database& database, const std::string& sCode)
 Organization_t Checked(Organization_t organization)
 {
     organization.sName = Trimmed(organization.sName);
-    if (organization.sName.empty() || CharacterCount(organization.sName) > NameLimit
-        || organization.sName.find_first_of("<>") != std::string::npos
-        || HasControlCharacter(organization.sName))
+    if (!UICommonMdl::Holds(GroupLogical::OrganizationName, organization.sName))
         throw ServiceError(UICommonMdl::ErrorInvalidInput, "sName");
-    if (CharacterCount(organization.sRemark) > RemarkLimit)
+    if (!UICommonMdl::Holds(GroupLogical::OrganizationRemark, organization.sRemark))
         throw ServiceError(UICommonMdl::ErrorInvalidInput, "sRemark");
     return organization;
 }

@@ -4,8 +4,6 @@
 #include <QHostAddress>
 #include <QString>
 
-#include <algorithm>
-
 namespace Platform {
 
 std::string FoldCase(const std::string& sText)
@@ -16,20 +14,6 @@ std::string FoldCase(const std::string& sText)
 std::string Trimmed(const std::string& sText)
 {
     return QString::fromStdString(sText).trimmed().toStdString();
-}
-
-std::size_t CharacterCount(const std::string& sText)
-{
-    return static_cast<std::size_t>(std::count_if(
-        sText.begin(), sText.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xc0U) != 0x80U; }));
-}
-
-bool HasControlCharacter(const std::string& sText)
-{
-    return std::any_of(sText.begin(), sText.end(), [](char c) {
-        const auto byte = static_cast<unsigned char>(c);
-        return byte < 0x20U || byte == 0x7fU;
-    });
 }
 
 std::string PercentDecoded(const std::string& sText)

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
 
 namespace Platform {
@@ -9,10 +8,6 @@ namespace Platform {
 std::string FoldCase(const std::string& sText);
 /// Without white space at both ends.
 std::string Trimmed(const std::string& sText);
-/// Number of characters (code points).
-std::size_t CharacterCount(const std::string& sText);
-/// True when the text holds a control character.
-bool HasControlCharacter(const std::string& sText);
 /// Text that a percent-encoded one stands for; what is not a valid code stays as it is.
 std::string PercentDecoded(const std::string& sText);
 

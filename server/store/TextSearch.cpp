@@ -2,6 +2,8 @@
 
 #include "services/TextRules.h"
 
+#include <UICommonMdl/TextRule.h>
+
 #include <QStringList>
 #include <QVector>
 
@@ -11,7 +13,7 @@ namespace Platform::TextSearch {
 
 namespace {
 
-constexpr std::size_t TrigramLength = 3;
+constexpr int TrigramLength = 3;
 constexpr int FewLimit = 2000;
 
 QString QuotedPhrase(const std::string& sText)
@@ -25,7 +27,7 @@ QString QuotedPhrase(const std::string& sText)
 /// from others best.
 QString TwoTrigrams(const std::string& sKey)
 {
-    constexpr int Length = static_cast<int>(TrigramLength);
+    constexpr int Length = TrigramLength;
     const QVector<uint> characters = QString::fromStdString(sKey).toUcs4();
     const auto phrase = [&characters](int nFrom) {
         return QuotedPhrase(QString::fromUcs4(characters.constData() + nFrom, Length).toStdString());
@@ -48,13 +50,13 @@ QString LikePattern(const std::string& sText)
 std::string Key(const std::string& sText)
 {
     std::string sKey = sText;
-    std::erase_if(sKey, [](char c) { return HasControlCharacter(std::string(1, c)); });
+    std::erase_if(sKey, UICommonMdl::IsControlCharacter);
     return FoldCase(sKey);
 }
 
 bool IsIndexed(const Database& database, const std::string& sKey)
 {
-    return !database.IsPostgres() && CharacterCount(sKey) >= TrigramLength;
+    return !database.IsPostgres() && UICommonMdl::CountCharacters(sKey) >= TrigramLength;
 }
 
 Way FindWay(Database& database, const QString& sTable, const std::string& sKey)

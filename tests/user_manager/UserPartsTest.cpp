@@ -11,15 +11,6 @@ using UserPageTest::Part;
 using UserPageTest::Press;
 using UserPageTest::Type;
 
-TEST(UserRules, MailAddressNeedsAPointAtOrAfterItsFirstAt)
-{
-    const std::pair<const char*, bool> cases[] = {{"name@host", false}, {"first.last@host", false},
-        {"name@host.org", true}, {"first.last@host.org", true}, {"@.", true}, {"name", false}, {".@", false},
-        {"a@b@c.d", true}};
-    for (const auto& [pszAddress, bGood] : cases)
-        EXPECT_EQ(IsMailAddress(QLatin1String(pszAddress)), bGood) << pszAddress;
-}
-
 TEST(UserRules, AddressesAreCountedBeforeTheyAreMeasured)
 {
     const std::string good = "00:11:22:33:44:55";
