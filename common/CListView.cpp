@@ -158,13 +158,13 @@ void CListView::ReplaceRows(const std::function<void()>& replace)
             m_pTable->index(nCurrent, m_columns.nName), QItemSelectionModel::NoUpdate);
     if (!selection.isEmpty())
         selectionModel()->select(selection, QItemSelectionModel::Select | QItemSelectionModel::Rows);
-    for (const QString& sId : qAsConst(listInSight)) {
-        const int nRow = m_pTable->FindRow(sId);
-        if (nRow >= 0) {
-            scrollTo(m_pTable->index(nRow, m_columns.nName), PositionAtTop);
-            break;
-        }
-    }
+    int nTop = -1;
+    for (int n = 0; n < listInSight.size() && nTop < 0; ++n)
+        nTop = m_pTable->FindRow(listInSight[n]);
+    if (nTop < 0)
+        scrollToTop();
+    else
+        scrollTo(m_pTable->index(nTop, m_columns.nName), PositionAtTop);
     horizontalScrollBar()->setValue(nSide);
 }
 
