@@ -8,13 +8,16 @@
 #include <QHeaderView>
 #include <QScopedValueRollback>
 #include <QTreeView>
+#include <QtMath>
 
 namespace Common {
 
 namespace {
 
 constexpr int LeastWidth = 40;
-constexpr int MostTexts = 4000; ///< widths kept of so many texts
+// Scripts whose letters take another shape beside others.
+constexpr ushort FirstShaped = 0x0300;
+constexpr ushort LastShaped = 0x2E80;
 
 } // namespace
 
@@ -32,6 +35,7 @@ CColumnLayout::CColumnLayout(QTreeView* pView, const QVector<Column>& vecColumns
         if (vecColumns[nColumn].width == ColumnWidth::Fixed)
             m_pHeader->setSectionResizeMode(nColumn, QHeaderView::Fixed);
     }
+    ForgetWidths();
     ShowColumns();
     connect(m_pHeader, &QHeaderView::sectionResized, this, &CColumnLayout::OnResized);
     // The view would take the rows in sight only.
@@ -57,22 +61,40 @@ bool CColumnLayout::eventFilter(QObject* pWatched, QEvent* pEvent)
     } else if (bView
         && (pEvent->type() == QEvent::FontChange || pEvent->type() == QEvent::StyleChange
             || pEvent->type() == QEvent::Polish)) {
-        m_mapTextWidths.clear();
-        for (State& state : m_vecStates)
-            state.nContent = 0;
+        ForgetWidths();
         QMetaObject::invokeMethod(this, &CColumnLayout::Measure, Qt::QueuedConnection);
     }
     return false;
 }
 
-int CColumnLayout::TextWidth(const QString& sText)
+double CColumnLayout::LetterWidth(QChar letter)
 {
-    const auto it = m_mapTextWidths.constFind(sText);
-    if (it != m_mapTextWidths.constEnd())
-        return *it;
-    if (m_mapTextWidths.size() >= MostTexts)
-        m_mapTextWidths.clear();
-    return *m_mapTextWidths.insert(sText, m_pView->fontMetrics().horizontalAdvance(sText));
+    const ushort nCode = letter.unicode();
+    double& dWidth = nCode < m_vecLatin.size() ? m_vecLatin[nCode] : m_mapLetters[nCode];
+    if (dWidth == 0)
+        dWidth = QFontMetricsF(m_pView->font(), m_pView).horizontalAdvance(letter);
+    return dWidth;
+}
+
+/// Width of a text, by its letters: to lay it out costs as much as the rest of a page turn. Kerning would
+/// only make it narrower.
+double CColumnLayout::TextWidth(const QString& sText)
+{
+    double dWidth = 0;
+    for (const QChar letter : sText) {
+        if (letter.unicode() >= FirstShaped && letter.unicode() < LastShaped)
+            return QFontMetricsF(m_pView->font(), m_pView).horizontalAdvance(sText);
+        dWidth += LetterWidth(letter);
+    }
+    return dWidth;
+}
+
+void CColumnLayout::ForgetWidths()
+{
+    m_mapLetters.clear();
+    m_vecLatin.fill(0, FirstShaped);
+    for (State& state : m_vecStates)
+        state.nContent = 0;
 }
 
 int CColumnLayout::HeaderWidth(int nColumn) const
@@ -82,15 +104,15 @@ int CColumnLayout::HeaderWidth(int nColumn) const
 
 void CColumnLayout::MeasureRows(int nColumn, int nFirst, int nLast)
 {
-    // The widest text is found by itself; what stands around it only the delegate knows.
+    // The widest text is found here; what stands around it only the delegate knows.
     const QAbstractItemModel* const pModel = m_pView->model();
     QModelIndex widest = pModel->index(nFirst, nColumn);
-    int nWidest = -1;
+    double dWidest = -1;
     for (int nRow = nFirst; nRow <= nLast; ++nRow) {
         const QModelIndex index = pModel->index(nRow, nColumn);
-        const int nWidth = TextWidth(index.data().toString());
-        if (nWidth > nWidest) {
-            nWidest = nWidth;
+        const double dWidth = TextWidth(index.data().toString());
+        if (dWidth > dWidest) {
+            dWidest = dWidth;
             widest = index;
         }
     }
@@ -105,7 +127,10 @@ void CColumnLayout::MeasureRows(int nColumn, int nFirst, int nLast)
     option.decorationSize = m_pView->iconSize().isValid()
         ? m_pView->iconSize()
         : QSize(1, 1) * m_pView->style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, m_pView);
-    nContent = qMax(nContent, m_pView->itemDelegate(widest)->sizeHint(option, widest).width());
+    // Another text may be wider once it is laid out, yet not wider than the sum of its letters.
+    const int nSpare = qCeil(dWidest) - m_pView->fontMetrics().horizontalAdvance(widest.data().toString());
+    nContent =
+        qMax(nContent, m_pView->itemDelegate(widest)->sizeHint(option, widest).width() + qMax(0, nSpare));
 }
 
 void CColumnLayout::Measure()

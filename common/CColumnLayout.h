@@ -52,7 +52,9 @@ private:
     };
 
     void MeasureRows(int nColumn, int nFirst, int nLast);
-    int TextWidth(const QString& sText);
+    double TextWidth(const QString& sText);
+    double LetterWidth(QChar letter);
+    void ForgetWidths();
     int HeaderWidth(int nColumn) const;
     void Fit();
     void OnResized(int nColumn, int nBefore, int nWidth);
@@ -68,7 +70,8 @@ private:
     QHeaderView* m_pHeader;
     QVector<Column> m_vecColumns;
     QVector<State> m_vecStates;
-    QHash<QString, int> m_mapTextWidths; ///< texts come again and again
+    QHash<ushort, double> m_mapLetters; ///< widths
+    QVector<double> m_vecLatin; ///< those of the first letters, which most texts are made of; 0: not measured
     UICommonMdl::ILocalConfig* m_pConfig = nullptr;
     QString m_sPageKey;
     bool m_bFitting = false; ///< widths are being set here, not by the user

@@ -1,5 +1,7 @@
 #include "CDeletePromptDlg.h"
 
+#include "StyleSheet.h"
+
 #include <Trv/QSkin.h>
 
 #include <QCoreApplication>
@@ -52,7 +54,7 @@ CDeletePromptDlg::CDeletePromptDlg(
     auto* const pButtons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     QPushButton* const pOk = pButtons->button(QDialogButtonBox::Ok);
     pOk->setText(Text::tr("OK"));
-    pOk->setProperty("role", QStringLiteral("danger"));
+    SetButtonRole(pOk, QStringLiteral("danger"));
     pOk->setAutoDefault(false);
     QPushButton* const pCancel = pButtons->button(QDialogButtonBox::Cancel);
     pCancel->setText(Text::tr("Cancel"));

@@ -2,6 +2,7 @@
 
 #include "CColumnLayout.h"
 #include "CTableModel.h"
+#include "StyleSheet.h"
 
 #include <QClipboard>
 #include <QCoreApplication>
@@ -88,7 +89,7 @@ CFailureListDlg::CFailureListDlg(const QString& sText, const QVector<Failure>& v
     QPushButton* const pClose = pButtons->button(QDialogButtonBox::Close);
     pClose->setObjectName(QStringLiteral("btnClose"));
     pClose->setText(Text::tr("Close"));
-    pClose->setProperty("role", QStringLiteral("primary"));
+    SetButtonRole(pClose, QStringLiteral("primary"));
     pClose->setDefault(true);
     auto* const pCopy = new QPushButton(Text::tr("Copy"), this);
     pCopy->setObjectName(QStringLiteral("btnCopy"));

@@ -39,13 +39,12 @@ void SetPlace(QPushButton* pButton, bool bFirst, bool bLast)
 CFilterBar::CFilterBar(const QString& sName, QWidget* pParent)
     : QWidget(pParent)
     , m_pMore(new CSegmentButton(this))
-    , m_pMenu(new QMenu(m_pMore))
+    , m_pMenu(new QMenu(this))
 {
     setObjectName(QStringLiteral("wgtFilter"));
     setAccessibleName(sName);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     m_pMore->setObjectName(QStringLiteral("btnMoreFilters"));
-    m_pMore->setIcon(Trv::GetIcon(QStringLiteral("down")));
     m_pMore->setLayoutDirection(Qt::RightToLeft);
     connect(m_pMore, &QAbstractButton::clicked, this, &CFilterBar::OpenMore);
     m_pMore->installEventFilter(this);
@@ -164,6 +163,8 @@ void CFilterBar::UpdateMarks()
             pReached = m_vecButtons[n]->isHidden() ? m_pMore : m_vecButtons[n];
     }
     m_pMore->setChecked(pReached == m_pMore);
+    m_pMore->setIcon(
+        Trv::GetIcon(m_pMore->isChecked() ? QStringLiteral("down-on-accent") : QStringLiteral("down")));
     for (QPushButton* pButton : qAsConst(m_vecButtons))
         pButton->setFocusPolicy(!pReached || pButton == pReached ? Qt::StrongFocus : Qt::ClickFocus);
     m_pMore->setFocusPolicy(Qt::StrongFocus);

@@ -326,9 +326,12 @@ void CListView::drawRow(
     if (hasFocus() && index.row() == currentIndex().row()) {
         QStyleOptionFocusRect focus;
         focus.QStyleOption::operator=(option);
-        focus.state |= QStyle::State_KeyboardFocusChange | QStyle::State_Item;
-        focus.backgroundColor = option.palette.color(QPalette::Base);
-        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, pPainter, this);
+        focus.state |= QStyle::State_KeyboardFocusChange;
+        focus.backgroundColor =
+            option.palette.color(selectionModel()->isSelected(cell) ? QPalette::Highlight : QPalette::Window);
+        focus.rect = QRect(-header()->offset(), option.rect.y(), header()->length(), option.rect.height());
+        // Without the widget, as the rest of the row has it.
+        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, pPainter);
     }
     pPainter->fillRect(QRect(frozen.rect.topLeft(), QSize(1, frozen.rect.height())),
         Trv::GetColor(QStringLiteral("border-strong")));

@@ -36,7 +36,7 @@ CToolBar::CToolBar(QWidget* pParent)
     : QWidget(pParent)
     , m_pScope(pParent ? pParent : this)
     , m_pMore(new QPushButton(Text::tr("More"), this))
-    , m_pMoreMenu(new QMenu(m_pMore))
+    , m_pMoreMenu(new QMenu(this))
 {
     setObjectName(QStringLiteral("wgtToolBar"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -248,9 +248,7 @@ void CToolBar::Arrange()
     ShowInRow(CountInRow(width() - FieldsWidth(true)));
     int nX = 0;
     const auto place = [this, &nX](QWidget* pWidget, int nWidth) {
-        // Fields are as high as they want to be, buttons all the same.
-        const int nHeight = pWidget->sizeHint().height();
-        pWidget->setGeometry(nX, (height() - nHeight) / 2, nWidth, nHeight);
+        pWidget->setGeometry(nX, 0, nWidth, height());
         nX += nWidth + Spacing;
     };
     for (const Entry& entry : qAsConst(m_vecEntries)) {

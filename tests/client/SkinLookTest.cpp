@@ -2,9 +2,11 @@
 
 #include <Trv/QSkin.h>
 #include <VxGUI/VxLineEdit.h>
+#include <VxGUI/VxMessageBox.h>
 #include <VxGUI/VxNotification.h>
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QDirIterator>
 #include <QImage>
 #include <QLineEdit>
@@ -91,6 +93,18 @@ TEST_P(SkinLook, ButtonsTellTheirRoleTheirFocusAndThatTheyAreDisabled)
         vecButtons[i]->setEnabled(false);
         EXPECT_NE(vecButtons[i]->grab().toImage(), plain) << "disabled is not seen";
     }
+}
+
+TEST_P(SkinLook, TheAnswerOfAMessageBoxIsMarked)
+{
+    VxGUI::VxMessageBox box(
+        nullptr, VxGUI::VxMessageBox::Kind::Question, QStringLiteral("Prompt"), QStringLiteral("Now?"));
+    box.open();
+    PageDriver::Settle();
+    auto* const pOk = box.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+    const QImage image = pOk->grab().toImage();
+    EXPECT_EQ(image.pixelColor(8, image.height() / 2), Trv::GetColor(QStringLiteral("accent")));
+    box.hide();
 }
 
 TEST_P(SkinLook, RefusedFieldIsRedAlsoWhileItHasTheFocus)

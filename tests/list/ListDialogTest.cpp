@@ -46,7 +46,7 @@ TEST(FailureList, ManyFailuresScrollAndEachIsToldOnce)
     EXPECT_LE(dialog.height(), 700);
     const auto* const pTable = dialog.findChild<QTreeView*>(QStringLiteral("treeFailures"));
     EXPECT_EQ(pTable->model()->rowCount(), 199);
-    EXPECT_GE(pTable->viewport()->height(), 5 * pTable->sizeHintForRow(0));
+    EXPECT_GE(pTable->viewport()->height(), 3 * pTable->sizeHintForRow(0));
     QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("btnCopy")), Qt::LeftButton);
     EXPECT_TRUE(dialog.isVisible());
     const QStringList listCopied = QApplication::clipboard()->text().split(QLatin1Char('\n'));
