@@ -52,12 +52,15 @@ bool CColumnLayout::eventFilter(QObject* pWatched, QEvent* pEvent)
     const bool bView = pWatched == m_pView;
     if (pWatched == m_pView->viewport() && pEvent->type() == QEvent::Resize) {
         Fit();
-    } else if (pWatched == m_pHeader->viewport() && pEvent->type() == QEvent::MouseButtonRelease
-        && m_bDragged) {
+    } else if (pWatched == m_pHeader->viewport() && pEvent->type() == QEvent::MouseButtonPress) {
+        m_bPressed = true;
+    } else if (pWatched == m_pHeader->viewport() && pEvent->type() == QEvent::MouseButtonRelease) {
+        m_bPressed = false;
         // While the button is down the other columns stay where they are.
-        m_bDragged = false;
-        Save();
-        QMetaObject::invokeMethod(this, &CColumnLayout::Fit, Qt::QueuedConnection);
+        if (std::exchange(m_bDragged, false)) {
+            Save();
+            QMetaObject::invokeMethod(this, &CColumnLayout::Fit, Qt::QueuedConnection);
+        }
     } else if (bView
         && (pEvent->type() == QEvent::FontChange || pEvent->type() == QEvent::StyleChange
             || pEvent->type() == QEvent::Polish)) {
@@ -188,7 +191,7 @@ void CColumnLayout::Fit()
 
 void CColumnLayout::OnResized(int nColumn, int nBefore, int nWidth)
 {
-    if (m_bFitting || nBefore == 0 || nWidth == 0)
+    if (m_bFitting || !m_bPressed || nBefore == 0 || nWidth == 0)
         return;
     m_vecStates[nColumn].nDragged = nWidth;
     m_bDragged = true;

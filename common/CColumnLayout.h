@@ -75,6 +75,7 @@ private:
     UICommonMdl::ILocalConfig* m_pConfig = nullptr;
     QString m_sPageKey;
     bool m_bFitting = false; ///< widths are being set here, not by the user
+    bool m_bPressed = false; ///< the mouse holds something of the header
     bool m_bDragged = false; ///< the user drags, until the mouse is released
 };
 

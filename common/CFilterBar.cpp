@@ -40,6 +40,7 @@ CFilterBar::CFilterBar(const QString& sName, QWidget* pParent)
     : QWidget(pParent)
     , m_pMore(new CSegmentButton(this))
     , m_pMenu(new QMenu(this))
+    , m_pGroup(new QActionGroup(this))
 {
     setObjectName(QStringLiteral("wgtFilter"));
     setAccessibleName(sName);
@@ -49,7 +50,6 @@ CFilterBar::CFilterBar(const QString& sName, QWidget* pParent)
     connect(m_pMore, &QAbstractButton::clicked, this, &CFilterBar::OpenMore);
     m_pMore->installEventFilter(this);
     m_pMenu->setObjectName(QStringLiteral("menuMoreFilters"));
-    new QActionGroup(m_pMenu);
 }
 
 void CFilterBar::SetChoices(const QVector<FilterChoice>& vecChoices)
@@ -124,6 +124,17 @@ void CFilterBar::Step(int nBy)
 void CFilterBar::OpenMore()
 {
     UpdateMarks();
+    m_pMenu->clear();
+    for (int n = m_nInRow; n < m_vecChoices.size(); ++n) {
+        if (!IsOffered(n))
+            continue;
+        QAction* const pAction = m_pMenu->addAction(m_vecChoices[n].sText);
+        m_pGroup->addAction(pAction);
+        pAction->setCheckable(true);
+        pAction->setChecked(m_vecChoices[n].nValue == m_nValue);
+        connect(
+            pAction, &QAction::triggered, this, [this, nValue = m_vecChoices[n].nValue] { Choose(nValue); });
+    }
     m_pMenu->popup(m_pMore->mapToGlobal(QPoint(0, m_pMore->height())));
 }
 
@@ -186,23 +197,16 @@ int CFilterBar::CountInRow() const
 
 void CFilterBar::ShowInRow(int nInRow)
 {
-    m_pMenu->clear();
+    m_nInRow = nInRow;
     QString sInMenu;
     bool bMore = false;
-    auto* const pGroup = m_pMenu->findChild<QActionGroup*>();
     for (int n = 0; n < m_vecButtons.size(); ++n) {
         m_vecButtons[n]->setVisible(n < nInRow && IsOffered(n));
         if (n < nInRow || !IsOffered(n))
             continue;
         bMore = true;
-        const FilterChoice& choice = m_vecChoices[n];
-        QAction* const pAction = m_pMenu->addAction(choice.sText);
-        pGroup->addAction(pAction);
-        pAction->setCheckable(true);
-        pAction->setChecked(choice.nValue == m_nValue);
-        if (pAction->isChecked())
-            sInMenu = choice.sText;
-        connect(pAction, &QAction::triggered, this, [this, nValue = choice.nValue] { Choose(nValue); });
+        if (m_vecChoices[n].nValue == m_nValue)
+            sInMenu = m_vecChoices[n].sText;
     }
     m_pMore->setVisible(bMore);
     m_pMore->setText(sInMenu.isEmpty() ? Text::tr("More") : sInMenu);

@@ -4,6 +4,7 @@
 #include <QVector>
 #include <QWidget>
 
+class QActionGroup;
 class QMenu;
 class QPushButton;
 
@@ -64,7 +65,9 @@ private:
     bool m_bAllOffered = true;
     QPushButton* m_pMore;
     QMenu* m_pMenu;
+    QActionGroup* m_pGroup; ///< of the menu's choices
     int m_nValue = 0;
+    int m_nInRow = 0; ///< choices before the one that the drop-down starts with
     bool m_bArranging = false;
 };
 

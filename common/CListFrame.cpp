@@ -9,6 +9,8 @@
 
 #include <QCoreApplication>
 #include <QHBoxLayout>
+#include <QLineEdit>
+#include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -113,6 +115,17 @@ void CListFrame::AddPanel(QWidget* pPanel, int nWidth)
     m_pSplitter->setStretchFactor(m_pSplitter->count() - 1, 0);
     listSizes.append(nWidth);
     m_pSplitter->setSizes(listSizes);
+}
+
+void CListFrame::SetSearch(QLineEdit* pSearch)
+{
+    m_pToolBar->AddField(pSearch);
+    auto* const pFind =
+        new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    connect(pFind, &QShortcut::activated, pSearch, [pSearch] {
+        pSearch->setFocus(Qt::ShortcutFocusReason);
+        pSearch->selectAll();
+    });
 }
 
 void CListFrame::SetPaged(bool bPaged)

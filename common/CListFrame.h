@@ -6,6 +6,7 @@
 
 #include <QWidget>
 
+class QLineEdit;
 class QSplitter;
 class QStackedWidget;
 class QVBoxLayout;
@@ -49,6 +50,8 @@ public:
     void AddTitle(QWidget* pRow);
     /// A panel (taken) at the right of the list.
     void AddPanel(QWidget* pPanel, int nWidth);
+    /// A search field (taken) at the right end of the tool bar; Ctrl+F leads to it.
+    void SetSearch(QLineEdit* pSearch);
     /// A list that comes whole has no page bar.
     void SetPaged(bool bPaged);
     /// Keeps tree width, page size and columns under "<sPageKey>/TreeWidth", ".../PageSize", ".../Columns".

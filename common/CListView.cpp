@@ -247,7 +247,7 @@ bool CListView::IsFrozenOverOthers() const
 QRect CListView::visualRect(const QModelIndex& index) const
 {
     QRect rect = QTreeView::visualRect(index);
-    if (index.isValid() && index.column() == m_columns.nOperation && IsFrozenOverOthers())
+    if (rect.isValid() && index.column() == m_columns.nOperation && IsFrozenOverOthers())
         rect.moveLeft(m_pFilterHeader->GetSectionRect(m_columns.nOperation).left());
     return rect;
 }

@@ -11,8 +11,6 @@
 
 namespace Common {
 
-using TableColumn = Column;
-
 /// A checked row, on this page or on another one.
 struct CheckedItem
 {

@@ -46,8 +46,7 @@ CToolBar::CToolBar(QWidget* pParent)
     // Qt's own drop-down would wait in an event loop of its own.
     m_pMore->setIcon(Trv::GetIcon(QStringLiteral("down")));
     m_pMore->setLayoutDirection(Qt::RightToLeft);
-    connect(m_pMore, &QAbstractButton::clicked, this,
-        [this] { m_pMoreMenu->popup(m_pMore->mapToGlobal(QPoint(0, m_pMore->height()))); });
+    connect(m_pMore, &QAbstractButton::clicked, this, &CToolBar::OpenMore);
     m_pMore->hide();
     m_pMoreMenu->setObjectName(QStringLiteral("menuMore"));
     m_pMoreMenu->setToolTipsVisible(true);
@@ -225,19 +224,15 @@ int CToolBar::CountInRow(int nRoom) const
     return nUsed <= nRoom ? m_vecEntries.size() : nFits;
 }
 
-void CToolBar::ShowInRow(int nInRow)
+void CToolBar::OpenMore()
 {
     m_pMoreMenu->clear();
-    for (int n = 0; n < m_vecEntries.size(); ++n) {
-        const Entry& entry = m_vecEntries[n];
-        entry.pButton->setVisible(n < nInRow && entry.pAction->isVisible());
-        if (n < nInRow)
-            continue;
+    for (const Entry& entry : m_vecEntries.mid(m_nInRow)) {
         m_pMoreMenu->addAction(entry.pAction);
         if (entry.pMenu)
             m_pMoreMenu->addActions(entry.pMenu->actions());
     }
-    m_pMore->setVisible(nInRow < m_vecEntries.size());
+    m_pMoreMenu->popup(m_pMore->mapToGlobal(QPoint(0, m_pMore->height())));
 }
 
 void CToolBar::Arrange()
@@ -245,7 +240,10 @@ void CToolBar::Arrange()
     if (m_bArranging)
         return;
     const QScopedValueRollback<bool> arranging(m_bArranging, true);
-    ShowInRow(CountInRow(width() - FieldsWidth(true)));
+    m_nInRow = CountInRow(width() - FieldsWidth(true));
+    for (int n = 0; n < m_vecEntries.size(); ++n)
+        m_vecEntries[n].pButton->setVisible(n < m_nInRow && m_vecEntries[n].pAction->isVisible());
+    m_pMore->setVisible(m_nInRow < m_vecEntries.size());
     int nX = 0;
     const auto place = [this, &nX](QWidget* pWidget, int nWidth) {
         pWidget->setGeometry(nX, 0, nWidth, height());

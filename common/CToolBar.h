@@ -75,7 +75,7 @@ private:
     void UpdateNeed(const Entry& entry);
     void SetTabOrderOf(QAbstractButton* pButton);
     void Arrange();
-    void ShowInRow(int nInRow);
+    void OpenMore();
     int CountInRow(int nRoom) const;
     int FieldsWidth(bool bMinimum) const;
     int RowHeight() const;
@@ -85,6 +85,7 @@ private:
     QWidget* m_pScope;
     QPushButton* m_pMore;
     QMenu* m_pMoreMenu;
+    int m_nInRow = 0; ///< entries before the one that the menu starts with
     bool m_bArranging = false;
 };
 

@@ -20,7 +20,7 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CPersonManagerCtrl)
 };
 
-QVector<Common::TableColumn> MakeColumns()
+QVector<Common::Column> MakeColumns()
 {
     using Width = Common::ColumnWidth;
     constexpr int NotSorted = Common::Column::NotSorted;

@@ -238,3 +238,45 @@ TEST_F(ListColumns, TheHeaderOfTheOperationsHidesTheBordersBelowIt)
     }
     EXPECT_EQ(m_pView->m_pHeader->length(), nAll);
 }
+
+namespace {
+
+/// A list that is only read: no boxes, no buttons.
+class ReadOnlyList : public Common::CListView
+{
+public:
+    ReadOnlyList()
+        : m_model({{QStringLiteral("Time"), true},
+                      {QStringLiteral("Text"), true, Common::ColumnWidth::Stretch}, {QString(), false}},
+            2, -1)
+    {
+        SetUp(&m_model, new Common::CFilterHeaderView(this), {-1, 0, -1}, {});
+        ReplaceRows([this] {
+            m_model.SetRows({{Common::CTableModel::MakeItem(QStringLiteral("10:00")),
+                Common::CTableModel::MakeItem(QStringLiteral("Started")),
+                Common::CTableModel::MakeItem(QStringLiteral("1"))}});
+        });
+    }
+
+    Common::CTableModel m_model;
+    int m_nOpened = 0;
+
+protected:
+    void RaiseOperation(int, const QModelIndex&) override { }
+    void OpenRow(const QModelIndex&) override { ++m_nOpened; }
+};
+
+} // namespace
+
+TEST(ReadOnlyList, FillsItsRoomAndOpensRows)
+{
+    ReadOnlyList list;
+    PageDriver driver(list, QSize(500, 200));
+    EXPECT_EQ(list.header()->length(), list.viewport()->width());
+    const QPoint place = list.visualRect(list.m_model.index(0, 1)).center();
+    driver.ClickAt(&list, place);
+    QTest::keyClick(&list, Qt::Key_Space);
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(list.m_nOpened, 1);
+    EXPECT_EQ(list.m_model.GetCheckedCount(), 0);
+}

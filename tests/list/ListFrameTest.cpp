@@ -10,6 +10,7 @@
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QScrollBar>
 #include <QSplitter>
@@ -40,6 +41,9 @@ protected:
         m_pFrame->SetTree(new QLabel(QStringLiteral("Tree")));
         m_pFrame->GetToolBar()->AddAction({"btnDelete", "delete", QStringLiteral("Delete"), [] {},
             {m_pFrame->NeedsConnection(), m_pFrame->NeedsChecked(QStringLiteral("Select one first."))}});
+        auto* const pSearch = new QLineEdit;
+        pSearch->setObjectName(QStringLiteral("editSearch"));
+        m_pFrame->SetSearch(pSearch);
         m_pFrame->Remember(&m_config, QStringLiteral("Test"));
         m_pList->Replace(1, 20);
         m_pFrame->SetTotal(3412, 2);
@@ -83,6 +87,11 @@ TEST_F(ListFrame, ChecksOfOtherPagesKeepActionsUsable)
     m_pFrame->SetConnected(true);
     m_pDriver->Click(QStringLiteral("btnClearChecks"));
     EXPECT_FALSE(pDelete->isEnabled());
+    m_pFrame->activateWindow();
+    m_pList->setFocus();
+    PageDriver::Settle();
+    QTest::keyClick(m_pList, Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TRUE(m_pDriver->Find(QStringLiteral("editSearch"))->hasFocus());
 }
 
 TEST_F(ListFrame, TreeWidthAndPageSizeAreRemembered)
