@@ -41,6 +41,7 @@ std::vector<int> FitColumns(const std::vector<ColumnNeed>& vecNeeds, int nRoom)
 {
     const int nLevel = FindLevel(vecNeeds, nRoom);
     std::vector<int> vecWidths;
+    vecWidths.reserve(vecNeeds.size());
     for (const ColumnNeed& need : vecNeeds)
         vecWidths.push_back(WidthAt(need, nLevel));
     int nLeft = nRoom - std::accumulate(vecWidths.begin(), vecWidths.end(), 0);
