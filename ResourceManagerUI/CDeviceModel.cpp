@@ -16,7 +16,7 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CDeviceManagerCtrl)
 };
 
-QVector<Common::TableColumn> MakeColumns()
+QVector<Common::Column> MakeColumns()
 {
     return {{QString(), true}, {Text::tr("Device ID"), false}, {Text::tr("IP Address"), true},
         {Text::tr("Device Name"), true}, {Text::tr("Device Type"), true}, {Text::tr("Device Model"), false},

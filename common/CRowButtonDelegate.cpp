@@ -26,6 +26,11 @@ bool CRowButtonDelegate::IsOffered(const QModelIndex& index, int nButton) const
     return !m_rule || !index.isValid() || m_rule(index, m_vecButtons[nButton].nRole);
 }
 
+QString CRowButtonDelegate::GetObstacle(const QModelIndex& index, int nButton) const
+{
+    return m_obstacleRule ? m_obstacleRule(index, m_vecButtons[nButton].nRole) : QString();
+}
+
 QRect CRowButtonDelegate::GetButtonRect(const QRect& cell, const QFontMetrics& metrics, int nButton) const
 {
     return GetButtonRect(cell, metrics, nButton, QModelIndex());
@@ -64,11 +69,12 @@ void CRowButtonDelegate::paint(
     QPainter* pPainter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
     QStyledItemDelegate::paint(pPainter, option, index);
-    const bool bEnabled = option.state.testFlag(QStyle::State_Enabled);
+    const bool bAnyEnabled = option.state.testFlag(QStyle::State_Enabled);
     for (int n = 0; n < m_vecButtons.size(); ++n) {
         const QRect rect = GetButtonRect(option.rect, option.fontMetrics, n, index);
         if (rect.isNull())
             continue;
+        const bool bEnabled = bAnyEnabled && GetObstacle(index, n).isEmpty();
         const bool bHover = bEnabled && n == m_nHoverButton && m_hoverIndex == index;
         if (bHover) {
             QColor background = option.palette.color(QPalette::Highlight);
@@ -77,7 +83,8 @@ void CRowButtonDelegate::paint(
         }
         const RowButton& button = m_vecButtons[n];
         if (button.icon.isNull()) {
-            pPainter->setPen(option.palette.color(QPalette::Link));
+            pPainter->setPen(option.palette.color(bEnabled ? QPalette::Normal : QPalette::Disabled,
+                bEnabled ? QPalette::Link : QPalette::Text));
             pPainter->drawText(rect, Qt::AlignCenter, button.sText);
         } else {
             button.icon.paint(pPainter, rect.adjusted(Padding, Padding, -Padding, -Padding), Qt::AlignCenter,
@@ -120,6 +127,8 @@ bool CRowButtonDelegate::editorEvent(
     }
     if (std::exchange(m_nPressedButton, -1) != nButton || nButton < 0)
         return false;
+    if (!GetObstacle(index, nButton).isEmpty())
+        return true;
     Q_EMIT SignalButtonClicked(index, m_vecButtons[nButton].nRole);
     return true;
 }
@@ -130,7 +139,10 @@ bool CRowButtonDelegate::helpEvent(QHelpEvent* pEvent, QAbstractItemView* pView,
     const int nButton = ButtonAt(pEvent->pos(), option, index);
     if (nButton < 0)
         return QStyledItemDelegate::helpEvent(pEvent, pView, option, index);
-    QToolTip::showText(pEvent->globalPos(), m_vecButtons[nButton].sText, pView);
+    const QString sObstacle = GetObstacle(index, nButton);
+    const QString& sText = m_vecButtons[nButton].sText;
+    QToolTip::showText(
+        pEvent->globalPos(), sObstacle.isEmpty() ? sText : sText + QLatin1Char('\n') + sObstacle, pView);
     return true;
 }
 

@@ -26,11 +26,15 @@ class CRowButtonDelegate : public QStyledItemDelegate
 public:
     /// Whether a row has the button of that role.
     using OfferRule = std::function<bool(const QModelIndex& index, int nRole)>;
+    /// Why a button that a row has cannot be used now, translated; empty: it can.
+    using ObstacleRule = std::function<QString(const QModelIndex& index, int nRole)>;
 
     CRowButtonDelegate(const QVector<RowButton>& vecButtons, QObject* pParent = nullptr);
 
     /// Without a rule every row has every button. The others of a row close up to one that it lacks.
     void SetOfferRule(OfferRule rule) { m_rule = std::move(rule); }
+    /// Without a rule nothing stands in the way. A button that cannot be used is greyed and says why.
+    void SetObstacleRule(ObstacleRule rule) { m_obstacleRule = std::move(rule); }
 
     void paint(
         QPainter* pPainter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
@@ -51,10 +55,12 @@ Q_SIGNALS:
 
 private:
     bool IsOffered(const QModelIndex& index, int nButton) const;
+    QString GetObstacle(const QModelIndex& index, int nButton) const;
     int ButtonAt(const QPoint& pos, const QStyleOptionViewItem& option, const QModelIndex& index) const;
 
     QVector<RowButton> m_vecButtons;
     OfferRule m_rule;
+    ObstacleRule m_obstacleRule;
     QPersistentModelIndex m_hoverIndex;
     int m_nHoverButton = -1;
     int m_nPressedButton = -1;

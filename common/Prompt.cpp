@@ -1,9 +1,13 @@
 #include "Prompt.h"
 
+#include "CDeletePromptDlg.h"
+#include "CFailureListDlg.h"
+
 #include <UICommonMdl/CErrorCode.h>
 #include <VxGUI/VxDialogService.h>
 
 #include <QCoreApplication>
+#include <QPointer>
 
 namespace Common {
 
@@ -19,11 +23,36 @@ bool AskPrompt(QWidget* pParent, const QString& sText)
     return VxGUI::VxDialogService::Current()->Question(pParent, Text::tr("Prompt"), sText);
 }
 
+bool AskDelete(QWidget* pParent, const QString& sQuestion, const QStringList& listNames)
+{
+    // The parent may take the dialog along.
+    const QPointer<QDialog> pDialog(new CDeletePromptDlg(Text::tr("Prompt"), sQuestion, listNames, pParent));
+    const bool bOk = VxGUI::VxDialogService::Current()->Show(
+        pDialog, {true, sQuestion, CDeletePromptDlg::GetNameLines(listNames)});
+    delete pDialog;
+    return bOk;
+}
+
+void ShowFailures(QWidget* pParent, const QString& sText, const QVector<Failure>& vecFailures)
+{
+    const QString sHead = sText + QLatin1Char('\n') + Text::tr("Result of failure is shown below:");
+    const QPointer<CFailureListDlg> pDialog(new CFailureListDlg(sHead, vecFailures, pParent));
+    pDialog->setWindowTitle(Text::tr("Prompt"));
+    VxGUI::VxDialogService::Current()->Show(pDialog, {false, sHead, pDialog->GetLines()});
+    delete pDialog;
+}
+
 void ShowFailures(QWidget* pParent, const QString& sText, const QStringList& listFailures)
 {
-    VxGUI::VxDialogService::Current()->Message(pParent, Text::tr("Prompt"),
-        sText + QLatin1Char('\n') + Text::tr("Result of failure is shown below:"),
-        listFailures.join(QLatin1Char('\n')));
+    const QString sSeparator = QStringLiteral(": ");
+    QVector<Failure> vecFailures;
+    for (const QString& sLine : listFailures) {
+        const int nReason = sLine.indexOf(sSeparator);
+        vecFailures.append(nReason < 0
+                ? Failure{sLine, QString()}
+                : Failure{sLine.left(nReason), sLine.mid(nReason + sSeparator.size())});
+    }
+    ShowFailures(pParent, sText, vecFailures);
 }
 
 QString FailureText(const QString& sPrefix, int nErrorCode)

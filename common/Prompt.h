@@ -2,14 +2,22 @@
 
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
 class QWidget;
 
 namespace Common {
 
+struct Failure;
+
 /// A question titled "Prompt" with OK and Cancel; true for OK.
 bool AskPrompt(QWidget* pParent, const QString& sText);
-/// Lists what failed in a batch, one line an item.
+/// As AskPrompt, for a deletion: names what goes, and Enter at once does not delete it.
+bool AskDelete(QWidget* pParent, const QString& sQuestion, const QStringList& listNames);
+/// Lists what failed in a batch, each refusal once. Comes back when the list is closed; pParent may be gone
+/// then.
+void ShowFailures(QWidget* pParent, const QString& sText, const QVector<Failure>& vecFailures);
+/// The same, from one line an item ("name: reason").
 void ShowFailures(QWidget* pParent, const QString& sText, const QStringList& listFailures);
 /// sPrefix followed by the text of the error, for a notification.
 QString FailureText(const QString& sPrefix, int nErrorCode);

@@ -2,6 +2,7 @@
 
 #include <Trv/QSkin.h>
 
+#include <QStyle>
 #include <QWidget>
 
 namespace Common {
@@ -16,6 +17,13 @@ void LoadStyleSheet(QWidget* pWidget, const QString& sSkinFolder)
     // is.
     pWidget->ensurePolished();
     pWidget->setStyleSheet(sStyleSheet);
+}
+
+void SetButtonRole(QWidget* pButton, const QString& sRole)
+{
+    pButton->setProperty("role", sRole);
+    pButton->style()->unpolish(pButton);
+    pButton->style()->polish(pButton);
 }
 
 } // namespace Common

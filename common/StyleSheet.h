@@ -10,4 +10,8 @@ namespace Common {
 /// leaves the widget as it is.
 void LoadStyleSheet(QWidget* pWidget, const QString& sSkinFolder);
 
+/// Gives a button the look of that role ("primary", "danger", "flat", "link"), also one that has its look
+/// already, as those of a button box have.
+void SetButtonRole(QWidget* pButton, const QString& sRole);
+
 } // namespace Common

@@ -29,9 +29,9 @@ constexpr int ColumnId = 1;
 constexpr int FirstTextColumn = 2;
 constexpr int CheckWidth = 40;
 
-QVector<Common::TableColumn> MakeColumns(const QStringList& listHeaders)
+QVector<Common::Column> MakeColumns(const QStringList& listHeaders)
 {
-    QVector<Common::TableColumn> vecColumns{{QString(), true}, {QString(), false}};
+    QVector<Common::Column> vecColumns{{QString(), true}, {QString(), false}};
     for (const QString& sHeader : listHeaders)
         vecColumns.append({sHeader, true});
     return vecColumns;

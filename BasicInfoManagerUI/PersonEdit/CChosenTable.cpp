@@ -56,7 +56,7 @@ void CChosenTable::SetUp(const QStringList& listHeaders, const QString& sEmptyTe
 {
     m_pEmpty->setText(sEmptyText);
     m_nTextColumns = listHeaders.size();
-    QVector<Common::TableColumn> vecColumns{{QString(), false}};
+    QVector<Common::Column> vecColumns{{QString(), false}};
     for (const QString& sHeader : listHeaders)
         vecColumns.append({sHeader, true});
     vecColumns.append({Text::tr("Operation"), true});

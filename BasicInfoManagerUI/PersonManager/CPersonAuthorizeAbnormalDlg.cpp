@@ -80,7 +80,7 @@ CPersonAuthorizeAbnormalDlg::~CPersonAuthorizeAbnormalDlg() = default;
 
 void CPersonAuthorizeAbnormalDlg::SetUpTabs()
 {
-    const QVector<Common::TableColumn> vecColumns{{Text::tr("ID"), true}, {Text::tr("Person Name"), true},
+    const QVector<Common::Column> vecColumns{{Text::tr("ID"), true}, {Text::tr("Person Name"), true},
         {Text::tr("Device Name"), true}, {Text::tr("Channel Name"), true},
         {Text::tr("Reason for Exception"), true}, {Text::tr("Operation Exception"), true}};
     const int widths[] = {80, 120, 140, 130, 200, 150};

@@ -20,12 +20,15 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CPersonManagerCtrl)
 };
 
-QVector<Common::TableColumn> MakeColumns()
+QVector<Common::Column> MakeColumns()
 {
-    return {{QString(), true}, {Text::tr("Photo"), true}, {Text::tr("ID"), true}, {Text::tr("Name"), true},
-        {Text::tr("Gender"), true}, {Text::tr("Person Type"), true}, {Text::tr("Group"), true},
-        {Text::tr("Telephone"), true}, {Text::tr("Cards"), true}, {Text::tr("Fingerprints"), true},
-        {Text::tr("Plate No."), true}, {Text::tr("Operation"), true}};
+    using Width = Common::ColumnWidth;
+    constexpr int NotSorted = Common::Column::NotSorted;
+    return {{QString(), true, Width::Fixed}, {Text::tr("Photo")}, {Text::tr("ID")},
+        {Text::tr("Name"), true, Width::Stretch, NotSorted, false}, {Text::tr("Gender")},
+        {Text::tr("Person Type")}, {Text::tr("Group"), true, Width::Stretch}, {Text::tr("Telephone")},
+        {Text::tr("Cards")}, {Text::tr("Fingerprints")}, {Text::tr("Plate No."), true, Width::Text},
+        {Text::tr("Operation"), true, Width::Content, NotSorted, false}};
 }
 
 /// The plate numbers with a blank behind each comma, as lists are written.

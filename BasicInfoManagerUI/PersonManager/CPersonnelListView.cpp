@@ -26,8 +26,7 @@ CPersonnelListView::CPersonnelListView(QWidget* pParent)
     SetUp(m_pModel, pHeader, {PersonColumnCheck, PersonColumnName, PersonColumnOperation},
         {edit, remove, {RoleHistory, "history", Text::tr("Query Log")},
             {RoleReissue, "reissue", Text::tr("Re-issue")}, qrCode,
-            {RoleAbnormal, "warning", Text::tr("Authorization error")}},
-        {40, 58, 72, 104, 74, 98, 96, 94, 56, 98, 78, 172});
+            {RoleAbnormal, "warning", Text::tr("Authorization error")}});
     SetMenu(QStringLiteral("menuPerson"),
         {{RoleDetails, "details", Text::tr("Details")}, edit, {RoleMove, "move", Text::tr("Move To")}, remove,
             {RoleHistory, "history", Text::tr("History")}, qrCode});

@@ -9,9 +9,9 @@ namespace {
 constexpr int MaxToolTipLines = 20;
 constexpr int MaxToolTipLine = 160;
 
-QVector<Common::TableColumn> MakeColumns()
+QVector<Common::Column> MakeColumns()
 {
-    QVector<Common::TableColumn> vecColumns;
+    QVector<Common::Column> vecColumns;
     const QStringList listHeader = GetAuditHeader();
     for (const QString& sHeader : listHeader)
         vecColumns.append({sHeader, true});

@@ -15,7 +15,7 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CRoleManagerCtrl)
 };
 
-QVector<Common::TableColumn> MakeColumns()
+QVector<Common::Column> MakeColumns()
 {
     return {{QString(), true}, {Text::tr("Role"), true}, {Text::tr("Remark"), true},
         {Text::tr("Operation"), true}, {QString(), false}};

@@ -26,7 +26,7 @@ CUserListView::CUserListView(QWidget* pParent)
     const Operation remove{RoleDelete, "delete", Text::tr("Delete")};
     const Operation details{RoleDetails, "details", Text::tr("User Details")};
     SetUp(m_pModel, m_pHeader, {UserColumnCheck, UserColumnName, UserColumnOperation},
-        {lock, unlock, edit, remove, details}, {40, 220, 360, 130, 150, 140});
+        {lock, unlock, edit, remove, details});
     SetMenu(QStringLiteral("menuUser"), {details, edit, lock, unlock, remove});
     AddKey(Qt::Key_Return, RoleDetails);
     AddKey(Qt::Key_Enter, RoleDetails);

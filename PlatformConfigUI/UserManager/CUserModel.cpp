@@ -17,10 +17,13 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CUserManagerUserCtrl)
 };
 
-QVector<Common::TableColumn> MakeColumns()
+QVector<Common::Column> MakeColumns()
 {
-    return {{QString(), true}, {Text::tr("Username"), true}, {Text::tr("Role"), true},
-        {Text::tr("Status"), true}, {Text::tr("User Type"), true}, {Text::tr("Operation"), true}};
+    using Width = Common::ColumnWidth;
+    constexpr int NotSorted = Common::Column::NotSorted;
+    return {{QString(), true, Width::Fixed}, {Text::tr("Username"), true, Width::Text, NotSorted, false},
+        {Text::tr("Role"), true, Width::Stretch}, {Text::tr("Status")}, {Text::tr("User Type")},
+        {Text::tr("Operation"), true, Width::Content, NotSorted, false}};
 }
 
 } // namespace

@@ -35,12 +35,12 @@ CFoundDeviceDlg::CFoundDeviceDlg(Devices vecDevices, QWidget* pParent)
 CFoundDeviceDlg::~CFoundDeviceDlg() = default;
 
 void CFoundDeviceDlg::SetUp(
-    const Controls& controls, const QVector<Common::TableColumn>& vecColumns, const QVector<int>& vecWidths)
+    const Controls& controls, const QVector<Common::Column>& vecColumns, const QVector<int>& vecWidths)
 {
     m_controls = controls;
     m_nResultColumn = vecColumns.size();
-    QVector<Common::TableColumn> vecAll = vecColumns;
-    vecAll << Common::TableColumn{Text::tr("Result"), true} << Common::TableColumn{QString(), false};
+    QVector<Common::Column> vecAll = vecColumns;
+    vecAll << Common::Column{Text::tr("Result"), true} << Common::Column{QString(), false};
     m_pModel = new Common::CTableModel(vecAll, vecAll.size() - 1, -1, this);
     QVector<Common::CTableModel::Row> vecRows;
     for (const RemoteConfigLogical::SearchDeviceInfo_t& device : m_vecDevices) {

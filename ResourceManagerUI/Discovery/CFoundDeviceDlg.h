@@ -11,7 +11,7 @@ class QProgressBar;
 class QTreeView;
 namespace Common {
 class CTableModel;
-struct TableColumn;
+struct Column;
 } // namespace Common
 
 namespace ResourceManagerUI {
@@ -49,8 +49,8 @@ protected:
         QLabel* pSummary;
     };
     /// vecColumns are those before the result.
-    void SetUp(const Controls& controls, const QVector<Common::TableColumn>& vecColumns,
-        const QVector<int>& vecWidths);
+    void SetUp(
+        const Controls& controls, const QVector<Common::Column>& vecColumns, const QVector<int>& vecWidths);
     const Devices& GetDevices() const { return m_vecDevices; }
     Common::CTableModel* GetModel() const { return m_pModel; }
     /// -1 when there is none.

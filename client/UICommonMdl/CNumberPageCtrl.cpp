@@ -86,6 +86,11 @@ void CNumberPageCtrl::SetTotalCount(int nTotal)
     UpdateControls();
 }
 
+void CNumberPageCtrl::SetTotalShown(bool bShown)
+{
+    m_pTotal->setVisible(bShown);
+}
+
 int CNumberPageCtrl::GetCurrentPage() const
 {
     return m_nTotal == 0 ? 0 : m_nPage;

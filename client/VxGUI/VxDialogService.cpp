@@ -25,6 +25,11 @@ public:
         box.exec();
     }
 
+    bool Show(QDialog* pDialog, const DialogSummary& /*summary*/) override
+    {
+        return pDialog->exec() == QDialog::Accepted;
+    }
+
     QString SaveFile(
         QWidget* pParent, const QString& sTitle, const QString& sProposal, const QString& sFilter) override
     {

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QStyle>
 
 namespace VxGUI {
 
@@ -51,7 +52,10 @@ VxMessageBox::VxMessageBox(
         bQuestion ? QDialogButtonBox::Ok | QDialogButtonBox::Cancel : QDialogButtonBox::Ok, this);
     QPushButton* pOk = pButtons->button(QDialogButtonBox::Ok);
     pOk->setText(tr("OK"));
+    // The box has given it its look already.
     pOk->setProperty("role", QStringLiteral("primary"));
+    pOk->style()->unpolish(pOk);
+    pOk->style()->polish(pOk);
     if (QPushButton* pCancel = pButtons->button(QDialogButtonBox::Cancel))
         pCancel->setText(tr("Cancel"));
     connect(pButtons, &QDialogButtonBox::accepted, this, &QDialog::accept);

@@ -23,6 +23,8 @@ public:
     /// Rows of all pages (0 and up) and the page that is shown; emits nothing.
     void SetTotalCount(int nTotal);
     int GetTotalCount() const { return m_nTotal; }
+    /// Whether the bar tells the total itself; a list that tells it elsewhere takes it away here.
+    void SetTotalShown(bool bShown);
     /// From 1; 0 while there is no row.
     int GetCurrentPage() const;
     int GetPageCount() const;

@@ -4,9 +4,18 @@
 
 #include <QString>
 
+class QDialog;
 class QWidget;
 
 namespace VxGUI {
+
+/// What a dialog says and asks, for a service that answers without showing it.
+struct DialogSummary
+{
+    bool bQuestion; ///< it is answered with OK or Cancel; otherwise only closed
+    QString sText;
+    QString sDetails; ///< what is listed below the text, one line an item
+};
 
 /// Every modal question and every file choice goes through the one current service, so that it can be
 /// replaced as a whole (by tests, by a host with dialogs of its own). User-interface thread.
@@ -20,6 +29,9 @@ public:
     /// A message with OK. sDetails, when not empty, is shown below it in a scrolling area.
     virtual void Message(
         QWidget* pParent, const QString& sTitle, const QString& sText, const QString& sDetails) = 0;
+    /// Shows a dialog of a page's own (owned by the caller) until it is closed; true when it was accepted.
+    /// The dialog may be gone then, with its parent.
+    virtual bool Show(QDialog* pDialog, const DialogSummary& summary) = 0;
     /// Path to save to, empty when the user gave up. sFilter as QFileDialog takes it.
     virtual QString SaveFile(
         QWidget* pParent, const QString& sTitle, const QString& sProposal, const QString& sFilter) = 0;

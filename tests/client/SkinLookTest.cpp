@@ -3,9 +3,12 @@
 
 #include <Trv/QSkin.h>
 #include <VxGUI/VxLineEdit.h>
+#include <VxGUI/VxMessageBox.h>
 #include <VxGUI/VxNotification.h>
 
 #include <QDialog>
+#include <QApplication>
+#include <QDialogButtonBox>
 #include <QDirIterator>
 #include <QLabel>
 #include <QPushButton>
@@ -81,6 +84,18 @@ TEST_P(SkinLook, FieldTellsThatItIsRefusedAlsoWhileItHasTheFocus)
     pField->setEnabled(true);
     pField->SetErrorHint(sHint);
     m_look.ExpectReadable(window, "refused-field");
+}
+
+TEST_P(SkinLook, TheAnswerOfAMessageBoxIsMarked)
+{
+    VxGUI::VxMessageBox box(
+        nullptr, VxGUI::VxMessageBox::Kind::Question, QStringLiteral("Prompt"), QStringLiteral("Now?"));
+    box.open();
+    PageDriver::Settle();
+    auto* const pOk = box.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+    const QImage image = pOk->grab().toImage();
+    EXPECT_EQ(image.pixelColor(8, image.height() / 2), Trv::GetColor(QStringLiteral("accent")));
+    box.hide();
 }
 
 TEST_P(SkinLook, NotificationsTellTheirKindAndCanBeRead)

@@ -1,5 +1,7 @@
 #include "RecordingDialogService.h"
 
+#include <QDialog>
+
 #include <gtest/gtest.h>
 
 RecordingDialogService::RecordingDialogService()
@@ -36,6 +38,15 @@ void RecordingDialogService::Message(
     QWidget*, const QString& sTitle, const QString& sText, const QString& sDetails)
 {
     Record(sTitle, sDetails.isEmpty() ? sText : sText + QLatin1Char('\n') + sDetails);
+}
+
+bool RecordingDialogService::Show(QDialog* pDialog, const VxGUI::DialogSummary& summary)
+{
+    m_sLastDetails = summary.sDetails;
+    if (summary.bQuestion)
+        return Question(pDialog, pDialog->windowTitle(), summary.sText);
+    Message(pDialog, pDialog->windowTitle(), summary.sText, summary.sDetails);
+    return false;
 }
 
 QString RecordingDialogService::TakeFile(const QString& sTitle, const QString& sFilter)

@@ -20,10 +20,13 @@ public:
     /// "title: text" of everything that was shown, in order.
     const QStringList& Shown() const { return m_listShown; }
     QString LastText() const { return m_sLastText; }
+    /// What the last dialog with a list listed, one line an item.
+    QString LastDetails() const { return m_sLastDetails; }
 
     bool Question(QWidget* pParent, const QString& sTitle, const QString& sText) override;
     void Message(
         QWidget* pParent, const QString& sTitle, const QString& sText, const QString& sDetails) override;
+    bool Show(QDialog* pDialog, const VxGUI::DialogSummary& summary) override;
     QString SaveFile(
         QWidget* pParent, const QString& sTitle, const QString& sProposal, const QString& sFilter) override;
     QString OpenFile(
@@ -38,4 +41,5 @@ private:
     std::deque<QString> m_queFiles;
     QStringList m_listShown;
     QString m_sLastText;
+    QString m_sLastDetails;
 };
