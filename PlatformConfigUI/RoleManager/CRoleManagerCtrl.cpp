@@ -1,16 +1,14 @@
 #include "CRoleManagerCtrl.h"
 
+#include "CRoleListView.h"
 #include "CRoleManagerEditDlg.h"
 #include "CRoleModel.h"
-#include "ui_CRoleManagerCtrl.h"
 
-#include <Trv/QSkin.h>
 #include <UICommonMdl/CErrorCode.h>
-#include <VxGUI/VxNotification.h>
-#include <common/CFilterHeaderView.h>
+#include <VxGUI/VxSearchBox.h>
+#include <common/CFailureListDlg.h>
+#include <common/CListStatus.h>
 #include <common/Prompt.h>
-
-#include <QMenu>
 
 namespace PlatformConfigUI {
 
@@ -25,176 +23,96 @@ struct Text
 };
 
 constexpr const char* RightChangeRoles = "001002002";
-
-QStringList FailureLines(const std::vector<UserLogical::UserFailure_t>& vecFailed)
-{
-    QStringList listLines;
-    for (const UserLogical::UserFailure_t& failure : vecFailed)
-        listLines.append(QString::fromStdString(failure.sUserName) + QStringLiteral(": ")
-            + UICommonMdl::CErrorCode::GetErroCodeInfor(failure.nErrorCode));
-    return listLines;
-}
+constexpr int SearchLimit = 50;
+constexpr int SearchWidth = 260;
 
 } // namespace
 
-void CRoleManagerCtrl::OnConnectionChanged(bool bConnected)
+CRoleManagerCtrl::CRoleManagerCtrl(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
+    : CListPage(pInterfaceSet, QStringLiteral("PlatformConfigUI/RoleManager"), pParent)
+    , m_pList(new CRoleListView)
+    , m_pSearch(new VxGUI::VxSearchBox)
+    , m_calls(pInterfaceSet, this)
 {
-    m_pUi->stackList->setEnabled(bConnected);
-    m_pUi->btnRefresh->setEnabled(bConnected);
-    UpdateButtons();
-    if (bConnected) {
-        OnRightsChanged();
-        QueryRoles();
-        return;
-    }
-    m_queryTimer.stop();
-    if (m_vecRoles.empty())
-        ShowListState(UICommonMdl::ErrorDisconnected);
+    setObjectName(QStringLiteral("CRoleManagerCtrl"));
+    SetTexts({Text::tr("Loading roles"), Text::tr("Failed to get role list"),
+        Text::tr("You have no permission to see roles."), Text::tr("There are no roles yet."),
+        Text::tr("No role matches the search.")});
+    GetFrame()->SetList(m_pList);
+    GetFrame()->SetPaged(false);
+    GetFrame()->GetStatus()->SetTotalText(Text::tr("Roles: %1"));
+    SetUpToolBar();
+    GetFrame()->Remember(pInterfaceSet->GetLocalConfig(), QStringLiteral("RoleManager"));
+    connect(m_pList, &CRoleListView::SignalOperation, this, &CRoleManagerCtrl::OnOperation);
+    m_calls.OnPush(
+        UserLogical::IUserManagerObserve::ResultRolesChanged, [this](const Param&) { QueryLater(); });
+    Start();
+}
+
+void CRoleManagerCtrl::SetUpToolBar()
+{
+    const Common::Need connection = GetFrame()->NeedsConnection();
+    const Common::Need right =
+        NeedsRight(RightChangeRoles, Text::tr("You have no permission to add, change or delete roles."));
+    GetToolBar()->AddAction({"btnAdd", "add", Text::tr("Add"), [this] { MakeDialog()->BeginAdd(); },
+        {connection, right}, QKeySequence::New});
+    GetToolBar()->AddAction(
+        {"btnDelete", "delete", Text::tr("Delete"), [this] { OnBtnDeleteClicked(); }, {connection, right}});
+    GetToolBar()->AddAction(
+        {"btnRefresh", "refresh", Text::tr("Refresh"), [this] { QueryRows(); }, {connection}, Qt::Key_F5});
+    m_pSearch->setObjectName(QStringLiteral("editSearch"));
+    m_pSearch->setMaximumWidth(SearchWidth);
+    m_pSearch->setMaxLength(SearchLimit);
+    m_pSearch->SetBackgroundText(Text::tr("Role"));
+    GetFrame()->SetSearch(m_pSearch);
+    connect(m_pSearch, &QLineEdit::textChanged, this, &CRoleManagerCtrl::ShowRoles);
 }
 
 void CRoleManagerCtrl::OnRightsChanged()
 {
-    m_bMayChange = HasRight(RightChangeRoles);
-    const QString sReason =
-        m_bMayChange ? QString() : Text::tr("You have no permission to add, change or delete roles.");
-    m_pUi->btnAdd->setToolTip(sReason);
-    m_pUi->btnDelete->setToolTip(sReason);
-    m_pUi->treeRole->viewport()->update();
-    UpdateButtons();
+    m_pList->SetChangeable(HasRight(RightChangeRoles));
+    CListPage::OnRightsChanged();
 }
 
-void CRoleManagerCtrl::UpdateButtons()
+void CRoleManagerCtrl::Query()
 {
-    m_pUi->btnAdd->setEnabled(IsConnected() && m_bMayChange);
-    m_pUi->btnDelete->setEnabled(IsConnected() && m_bMayChange);
-    m_pHeader->SetCheckState(m_pModel->GetSummary());
-    m_pUi->lbStatus->setText(
-        Text::tr("Roles: %1, checked: %2").arg(m_pModel->rowCount()).arg(m_pModel->GetCheckedRoles().size()));
+    m_calls.Latest<&IUserManager::QueryRoleList>([this](const Param& param) { OnRoleList(param); });
 }
 
-void CRoleManagerCtrl::QueryRoles()
+bool CRoleManagerCtrl::IsFiltered() const
 {
-    m_calls.Latest<&IUserManager::QueryRoleList>([this](const UserParam& param) { OnRoleList(param); });
-    if (!m_vecRoles.empty())
-        return;
-    m_pUi->wgtListState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading roles"));
-    m_pUi->stackList->setCurrentWidget(m_pUi->wgtListState);
+    return !m_pSearch->text().trimmed().isEmpty();
 }
 
-void CRoleManagerCtrl::OnRoleList(const UserParam& param)
+void CRoleManagerCtrl::OnRoleList(const Param& param)
 {
-    if (param.nErrorCode == UICommonMdl::ErrorNone) {
+    ShowAnswer(param.nErrorCode, int(param.vecRoles.size()), 1, [&] {
         m_vecRoles = param.vecRoles;
         ShowRoles();
-        if (m_pDialog)
-            m_pDialog->SetRoles(m_vecRoles);
-        return;
-    }
-    if (param.nErrorCode != UICommonMdl::ErrorNoRight)
-        NotifyFailure(Text::tr("Failed to get role list"), param.nErrorCode);
-    // While the connection is lost the rows of before stay, with their checks.
-    if (param.nErrorCode == UICommonMdl::ErrorDisconnected && !m_vecRoles.empty())
-        return;
-    m_vecRoles.clear();
-    ShowRoles();
-    ShowListState(param.nErrorCode);
+    });
+    if (m_pDialog)
+        m_pDialog->SetRoles(m_vecRoles);
 }
 
 void CRoleManagerCtrl::ShowRoles()
 {
-    const QString sCurrent = GetCurrentId();
     std::vector<Role_t> vecShown;
-    std::copy_if(
-        m_vecRoles.begin(), m_vecRoles.end(), std::back_inserter(vecShown), [this](const Role_t& role) {
-            return QString::fromStdString(role.sName).contains(m_sSearchText, Qt::CaseInsensitive);
+    std::copy_if(m_vecRoles.begin(), m_vecRoles.end(), std::back_inserter(vecShown),
+        [sText = m_pSearch->text().trimmed()](const Role_t& role) {
+            return QString::fromStdString(role.sName).contains(sText, Qt::CaseInsensitive);
         });
-    m_pModel->SetRoles(vecShown);
-    const int nCurrent = m_pModel->FindRow(sCurrent);
-    if (nCurrent >= 0)
-        m_pUi->treeRole->setCurrentIndex(m_pModel->index(nCurrent, RoleColumnName));
+    m_pList->SetRoles(vecShown);
     ShowListState(UICommonMdl::ErrorNone);
-    UpdateButtons();
-}
-
-void CRoleManagerCtrl::ShowListState(int nErrorCode)
-{
-    using Kind = VxGUI::VxEmptyState::Kind;
-    VxGUI::VxEmptyState* const pState = m_pUi->wgtListState;
-    const bool bRows = nErrorCode == UICommonMdl::ErrorNone && m_pModel->rowCount() > 0;
-    if (nErrorCode == UICommonMdl::ErrorNoRight)
-        pState->SetState(Kind::NoPermission, Text::tr("You have no permission to see roles."));
-    else if (nErrorCode != UICommonMdl::ErrorNone)
-        pState->SetState(Kind::Failed, Text::tr("Failed to get role list"),
-            UICommonMdl::CErrorCode::GetErroCodeInfor(nErrorCode), Text::tr("Refresh"));
-    else if (!m_sSearchText.isEmpty())
-        pState->SetState(Kind::Empty, Text::tr("No role matches the search."));
-    else
-        pState->SetState(Kind::Empty, Text::tr("There are no roles yet."));
-    m_pUi->stackList->setCurrentWidget(bRows ? static_cast<QWidget*>(m_pUi->treeRole) : pState);
-}
-
-QString CRoleManagerCtrl::GetCurrentId() const
-{
-    return m_pModel->GetId(m_pUi->treeRole->currentIndex().row());
-}
-
-bool CRoleManagerCtrl::IsOffered(const QString& sId, int nRole) const
-{
-    const Role_t* const pRole = m_pModel->FindRole(sId);
-    return pRole && (nRole == RoleDetails || (m_bMayChange && !pRole->bBuiltIn));
-}
-
-void CRoleManagerCtrl::OnToggleChecks()
-{
-    const QModelIndexList listRows = m_pUi->treeRole->selectionModel()->selectedRows(RoleColumnCheck);
-    if (listRows.isEmpty())
-        return;
-    const bool bCheck = listRows.first().data(Qt::CheckStateRole).toInt() != Qt::Checked;
-    for (const QModelIndex& index : listRows) {
-        if (index.flags().testFlag(Qt::ItemIsUserCheckable))
-            m_pModel->setData(index, bCheck ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
-    }
-}
-
-void CRoleManagerCtrl::OnContextMenu(const QPoint& pos)
-{
-    const QModelIndex index = m_pUi->treeRole->indexAt(pos);
-    if (!index.isValid())
-        return;
-    const QString sId = m_pModel->GetId(index.row());
-    auto* const pMenu = new QMenu(this);
-    pMenu->setObjectName(QStringLiteral("menuRole"));
-    pMenu->setAttribute(Qt::WA_DeleteOnClose);
-    const struct
-    {
-        int nRole;
-        const char* pszIcon;
-        QString sText;
-    } entries[] = {{RoleDetails, "details", Text::tr("Role Details")}, {RoleEdit, "edit", Text::tr("Edit")},
-        {RoleDelete, "delete", Text::tr("Delete")}};
-    for (const auto& entry : entries) {
-        QAction* const pAction = pMenu->addAction(Trv::GetIcon(QLatin1String(entry.pszIcon)), entry.sText);
-        pAction->setEnabled(IsOffered(sId, entry.nRole));
-        connect(pAction, &QAction::triggered, this,
-            [this, nRole = entry.nRole, sId] { OnOperation(nRole, sId); });
-    }
-    pMenu->popup(m_pUi->treeRole->viewport()->mapToGlobal(pos));
 }
 
 void CRoleManagerCtrl::OnOperation(int nRole, const QString& sId)
 {
-    // The role may be gone, and the right with it, by the time that the choice is made.
-    if (!IsConnected() || !IsOffered(sId, nRole))
-        return;
-    if (nRole == RoleDelete) {
+    if (nRole == CRoleListView::RoleDelete)
         DeleteRoles({sId});
-        return;
-    }
-    CRoleManagerEditDlg* const pDialog = MakeDialog();
-    if (nRole == RoleEdit)
-        pDialog->BeginModify(sId);
+    else if (nRole == CRoleListView::RoleEdit)
+        MakeDialog()->BeginModify(sId);
     else
-        pDialog->BeginDetails(sId, IsOffered(sId, RoleEdit));
+        MakeDialog()->BeginDetails(sId, m_pList->IsAllowed(sId, CRoleListView::RoleEdit));
 }
 
 CRoleManagerEditDlg* CRoleManagerCtrl::MakeDialog()
@@ -206,16 +124,11 @@ CRoleManagerEditDlg* CRoleManagerCtrl::MakeDialog()
     return m_pDialog;
 }
 
-void CRoleManagerCtrl::OnBtnAddClicked()
-{
-    MakeDialog()->BeginAdd();
-}
-
 void CRoleManagerCtrl::OnSave(const UserLogical::RoleEdit_t& edit)
 {
     const QPointer<CRoleManagerEditDlg> pDialog = m_pDialog;
-    const auto onSaved = [this, pDialog](const UserParam& param) {
-        QueryRoles();
+    const auto onSaved = [this, pDialog](const Param& param) {
+        QueryRows();
         if (param.nErrorCode == UICommonMdl::ErrorNone)
             Notify(Text::tr("The role is saved."), VxGUI::NotificationKind::Success);
         else if (!pDialog)
@@ -234,7 +147,7 @@ void CRoleManagerCtrl::OnSave(const UserLogical::RoleEdit_t& edit)
 
 void CRoleManagerCtrl::OnBtnDeleteClicked()
 {
-    const QStringList listIds = m_pModel->GetCheckedRoles();
+    const QStringList listIds = m_pList->GetRoles()->GetCheckedIds();
     if (listIds.isEmpty())
         Notify(Text::tr("Please select one or more roles to be deleted."), VxGUI::NotificationKind::Warning);
     else
@@ -243,23 +156,32 @@ void CRoleManagerCtrl::OnBtnDeleteClicked()
 
 void CRoleManagerCtrl::DeleteRoles(const QStringList& listIds)
 {
-    const QPointer<CRoleManagerCtrl> guard(this);
-    if (!Common::AskPrompt(this, Text::tr("Are you sure to delete role?")) || !guard)
-        return;
+    QStringList listNames;
     std::vector<std::string> vecIds;
-    for (const QString& sId : listIds)
+    for (const QString& sId : listIds) {
+        listNames.append(m_pList->GetRoles()->GetLabel(sId));
         vecIds.push_back(sId.toStdString());
+    }
+    const QPointer<CRoleManagerCtrl> guard(this);
+    if (!Common::AskDelete(this, Text::tr("Are you sure to delete role?"), listNames) || !guard)
+        return;
     m_calls.Each<&IUserManager::DeleteRoles>(
-        vecIds, [this](const UserParam& param) { OnDeleteAnswer(param); });
+        vecIds, [this, listIds](const Param& param) { OnDeleteAnswer(listIds, param); });
 }
 
-void CRoleManagerCtrl::OnDeleteAnswer(const UserParam& param)
+void CRoleManagerCtrl::OnDeleteAnswer(const QStringList& listIds, const Param& param)
 {
-    QueryRoles();
+    QVector<Common::Failure> vecFailures;
+    for (const UserLogical::UserFailure_t& failure : param.vecFailed)
+        vecFailures.append({QString::fromStdString(failure.sUserName),
+            UICommonMdl::CErrorCode::GetErroCodeInfor(failure.nErrorCode)});
+    if (param.nErrorCode == UICommonMdl::ErrorNone && vecFailures.isEmpty())
+        m_pList->GetRoles()->ForgetIds(listIds);
+    QueryRows();
     // Last: the page may be gone when the message is closed.
-    if (!param.vecFailed.empty())
-        WhenShown([this, listLines = FailureLines(param.vecFailed)] {
-            Common::ShowFailures(this, Text::tr("Failed to delete role"), listLines);
+    if (!vecFailures.isEmpty())
+        WhenShown([this, vecFailures] {
+            Common::ShowFailures(this, Text::tr("Failed to delete role"), vecFailures);
         });
     else if (param.nErrorCode != UICommonMdl::ErrorNone)
         NotifyFailure(Text::tr("Failed to delete role"), param.nErrorCode);

@@ -34,18 +34,21 @@ class Listener : public GroupLogical::IGroupManagerObserver,
                  public AccessControlLogical::IAccessControlManagerObserver
 {
 public:
-    void OnNotifyGroupManagerState(const IGroupManagerObserver::Param& param) override { Keep(param); }
-    void OnNotifyRemoteDeviceState(const IRemoteDeviceObserver::Param& param) override { Keep(param); }
-    void OnNotifySystemConfigState(const ISystemConfigObserver::Param& param) override { Keep(param); }
-    void OnNotifyUserManagerState(const IUserManagerObserve::Param& param) override { Keep(param); }
-    void OnNotifyDepartmentManagerState(const IDepartmentManagerObserver::Param& param) override
+    void OnNotifyGroupManagerState(const IGroupManagerObserver::Answer& pAnswer) override { Keep(*pAnswer); }
+    void OnNotifyRemoteDeviceState(const IRemoteDeviceObserver::Answer& pAnswer) override { Keep(*pAnswer); }
+    void OnNotifySystemConfigState(const ISystemConfigObserver::Answer& pAnswer) override { Keep(*pAnswer); }
+    void OnNotifyUserManagerState(const IUserManagerObserve::Answer& pAnswer) override { Keep(*pAnswer); }
+    void OnNotifyDepartmentManagerState(const IDepartmentManagerObserver::Answer& pAnswer) override
     {
-        Keep(param);
+        Keep(*pAnswer);
     }
-    void OnNotifyPersonManagerState(const IPersonManagerObserver::Param& param) override { Keep(param); }
-    void OnNotifyAccessControlManagerState(const IAccessControlManagerObserver::Param& param) override
+    void OnNotifyPersonManagerState(const IPersonManagerObserver::Answer& pAnswer) override
     {
-        Keep(param);
+        Keep(*pAnswer);
+    }
+    void OnNotifyAccessControlManagerState(const IAccessControlManagerObserver::Answer& pAnswer) override
+    {
+        Keep(*pAnswer);
     }
     std::vector<Heard> All()
     {
