@@ -52,12 +52,19 @@ CListPage::CListPage(
     m_pQueryTimer->setInterval(PushDelayMs);
     connect(m_pQueryTimer, &QTimer::timeout, this, &CListPage::QueryRows);
     connect(m_pFrame, &CListFrame::SignalPageWanted, this, &CListPage::QueryRows);
-    connect(m_pFrame, &CListFrame::SignalStateAction, this, [this] { QueryAll(); });
+    connect(m_pFrame, &CListFrame::SignalStateAction, this, [this] {
+        if (m_pFrame->GetState()->GetKind() == VxGUI::VxEmptyState::Kind::Empty) {
+            ClearFilters();
+            QueryFirstPage();
+        } else {
+            QueryAll();
+        }
+    });
 }
 
 void CListPage::Start()
 {
-    OnRightsChanged();
+    ApplyRights();
     if (IsConnected())
         QueryAll();
     else
@@ -85,7 +92,7 @@ void CListPage::QueryLater()
 
 void CListPage::ShowAnswer(int nErrorCode, int nTotal, int nPage, const std::function<void()>& show)
 {
-    if (nErrorCode != UICommonMdl::ErrorNone && nErrorCode != UICommonMdl::ErrorNoRight)
+    if (nErrorCode != UICommonMdl::ErrorNone)
         NotifyFailure(m_texts.sFailed, nErrorCode);
     if (!IsUnheard(nErrorCode) || m_pFrame->GetList()->GetTable()->rowCount() == 0) {
         show();
@@ -106,7 +113,8 @@ void CListPage::ShowListState(int nErrorCode)
     else if (m_pFrame->GetList()->GetTable()->rowCount() > 0)
         m_pFrame->ShowList();
     else
-        m_pFrame->ShowState(Kind::Empty, IsFiltered() ? m_texts.sNoMatch : m_texts.sEmpty);
+        m_pFrame->ShowState(Kind::Empty, IsFiltered() ? m_texts.sNoMatch : m_texts.sEmpty, QString(),
+            IsFiltered() && CanClearFilters() ? Text::tr("Show All") : QString());
 }
 
 Need CListPage::NeedsRight(const char* pszCode, const QString& sReason) const
@@ -141,7 +149,7 @@ void CListPage::OnConnectionChanged(bool bConnected)
 {
     m_pFrame->SetConnected(bConnected);
     if (bConnected) {
-        OnRightsChanged();
+        ApplyRights();
         QueryAll();
         return;
     }
@@ -151,6 +159,11 @@ void CListPage::OnConnectionChanged(bool bConnected)
 }
 
 void CListPage::OnRightsChanged()
+{
+    ApplyRights();
+}
+
+void CListPage::ApplyRights()
 {
     GetToolBar()->UpdateNeeds();
 }

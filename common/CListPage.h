@@ -41,6 +41,9 @@ protected:
     virtual void QueryAll() { QueryRows(); }
     /// Whether a search or a filter may hide rows.
     virtual bool IsFiltered() const { return false; }
+    /// Whether ClearFilters leads back to all rows: a list without any offers that then.
+    virtual bool CanClearFilters() const { return false; }
+    virtual void ClearFilters() { }
 
     /// Query, with the look of loading while there are no rows.
     void QueryRows();
@@ -66,6 +69,8 @@ protected:
 
     void OnConnectionChanged(bool bConnected) override;
     void OnRightsChanged() override;
+    /// Shows what the user may do now; also at the start and when the server is back.
+    virtual void ApplyRights();
 
 private:
     ListTexts m_texts;

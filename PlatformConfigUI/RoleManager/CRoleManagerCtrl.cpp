@@ -68,10 +68,10 @@ void CRoleManagerCtrl::SetUpToolBar()
     connect(m_pSearch, &QLineEdit::textChanged, this, &CRoleManagerCtrl::ShowRoles);
 }
 
-void CRoleManagerCtrl::OnRightsChanged()
+void CRoleManagerCtrl::ApplyRights()
 {
     m_pList->SetChangeable(HasRight(RightChangeRoles));
-    CListPage::OnRightsChanged();
+    CListPage::ApplyRights();
 }
 
 void CRoleManagerCtrl::Query()

@@ -27,7 +27,7 @@ public:
 private:
     void Query() override;
     bool IsFiltered() const override;
-    void OnRightsChanged() override;
+    void ApplyRights() override;
 
     void SetUpToolBar();
     void OnRoleList(const Param& param);

@@ -7,10 +7,13 @@
 #include "CUserManagerUserEditDlg.h"
 #include "CUserModel.h"
 #include "UserRules.h"
-#include "ui_CUserManagerUserCtrl.h"
 
 #include <UICommonMdl/CErrorCode.h>
+#include <UICommonMdl/CNumberPageCtrl.h>
+#include <VxGUI/VxSearchBox.h>
 #include <VxGUI/VxWaitDialog.h>
+#include <common/CFailureListDlg.h>
+#include <common/CListStatus.h>
 #include <common/Prompt.h>
 
 namespace PlatformConfigUI {
@@ -19,11 +22,142 @@ using UserLogical::IUserManager;
 using VxGUI::NotificationKind;
 
 namespace {
+
 struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(CUserManagerUserCtrl)
 };
+
+constexpr int WaitDelayMs = 400;
+constexpr int SearchWidth = 260;
+
 } // namespace
+
+CUserManagerUserCtrl::CUserManagerUserCtrl(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
+    : CListPage(pInterfaceSet, QStringLiteral("PlatformConfigUI/UserManagerUI"), pParent)
+    , m_pList(new CUserListView)
+    , m_pSearch(new VxGUI::VxSearchBox)
+    , m_pWaitTimer(new QTimer(this))
+    , m_calls(pInterfaceSet, this)
+{
+    using Observer = UserLogical::IUserManagerObserve;
+    setObjectName(QStringLiteral("CUserManagerUserCtrl"));
+    SetTexts({Text::tr("Loading users"), Text::tr("Failed to get users."),
+        Text::tr("You have no permission to see users."), Text::tr("No user matches the search."),
+        Text::tr("No user matches the search.")});
+    m_pList->setObjectName(QStringLiteral("listUsers"));
+    m_pList->setAccessibleName(Text::tr("Users"));
+    GetFrame()->SetList(m_pList);
+    GetFrame()->GetStatus()->SetTotalText(Text::tr("Users: %1"));
+    SetUpToolBar();
+    SetUpWait();
+    GetFrame()->Remember(pInterfaceSet->GetLocalConfig(), QStringLiteral("UserManager"));
+    connect(m_pList, &CUserListView::SignalOperation, this, &CUserManagerUserCtrl::OnOperation);
+    connect(m_pList->GetHeader(), &CUserListHeader::SignalFilterChanged, this,
+        &CUserManagerUserCtrl::QueryFirstPage);
+    for (const int nResultCode : {Observer::ResultUsersChanged, Observer::ResultRolesChanged})
+        m_calls.OnPush(nResultCode, [this](const Param&) { QueryLater(); });
+    Start();
+}
+
+void CUserManagerUserCtrl::SetUpToolBar()
+{
+    const Common::Need connection = GetFrame()->NeedsConnection();
+    const Common::Need right =
+        NeedsRight(RightManageUsers, Text::tr("You have no permission to change users."));
+    const Common::Need idle = [this] {
+        return m_calls.IsPending<&IUserManager::DeleteUsers>() ? Text::tr("Users are being deleted.")
+                                                               : QString();
+    };
+    const Common::Need rows = [this] {
+        return m_pList->GetUsers()->rowCount() > 0 ? QString() : Text::tr("There is no user to delete.");
+    };
+    Common::CToolBar* const pBar = GetToolBar();
+    pBar->AddAction({"btnAdd", "add", Text::tr("Add"), [this] { OpenDialog()->BeginAdd(); },
+        {connection, right}, QKeySequence::New});
+    pBar->AddAction({"btnDelete", "delete", Text::tr("Delete"), [this] { OnBtnDeleteClicked(); },
+        {connection, right, rows, idle}});
+    pBar->AddAction({"btnImportDomain", "import-user", Text::tr("Import Domain User"),
+        [this] { OnBtnImportClicked(); }, {connection, right}});
+    pBar->AddAction({"btnSyncDomain", "sync", Text::tr("Sync Domain User"), [this] { OnBtnSyncClicked(); },
+        {connection, right}});
+    pBar->AddAction(
+        {"btnRefresh", "refresh", Text::tr("Refresh"), [this] { QueryRows(); }, {connection}, Qt::Key_F5});
+    m_pSearch->setObjectName(QStringLiteral("edtSearchUser"));
+    m_pSearch->setAccessibleName(Text::tr("Search Username"));
+    m_pSearch->setMaximumWidth(SearchWidth);
+    m_pSearch->setMaxLength(UserLogical::UserName.nMax);
+    m_pSearch->SetBackgroundText(Text::tr("Username"));
+    GetFrame()->SetSearch(m_pSearch);
+    connect(m_pSearch, &VxGUI::VxSearchBox::SignalSearch, this, [this] {
+        m_sSearchText = m_pSearch->text().trimmed();
+        QueryFirstPage();
+    });
+}
+
+void CUserManagerUserCtrl::SetUpWait()
+{
+    m_pWaitTimer->setSingleShot(true);
+    m_pWaitTimer->setInterval(WaitDelayMs);
+    connect(m_pWaitTimer, &QTimer::timeout, this, [this] {
+        m_pWaitDialog = new VxGUI::VxWaitDialog(m_sWaitText, this);
+        m_pWaitDialog->setAttribute(Qt::WA_DeleteOnClose);
+        m_pWaitDialog->SetCancellable(false);
+        m_pWaitDialog->SetProgress(-1);
+        m_pWaitDialog->open();
+    });
+}
+
+void CUserManagerUserCtrl::OnConnectionChanged(bool bConnected)
+{
+    if (!bConnected)
+        OnStopWaitImmediately();
+    CListPage::OnConnectionChanged(bConnected);
+}
+
+void CUserManagerUserCtrl::OnRightsChanged()
+{
+    CListPage::OnRightsChanged();
+    Notify(Text::tr("Your permissions were changed."), NotificationKind::Information);
+    if (IsConnected())
+        QueryRows();
+}
+
+void CUserManagerUserCtrl::ApplyRights()
+{
+    m_pList->SetChangeable(HasRight(RightManageUsers));
+    CListPage::ApplyRights();
+}
+
+void CUserManagerUserCtrl::Query()
+{
+    UserLogical::UserPageRequest_t request;
+    request.sSearchText = m_sSearchText.toStdString();
+    request.nUserType = m_pList->GetHeader()->GetTypeFilter();
+    request.nOnline = m_pList->GetHeader()->GetOnlineFilter();
+    request.nPage = qMax(1, GetFrame()->GetPager()->GetCurrentPage());
+    request.nPageSize = GetFrame()->GetPager()->GetPageSize();
+    m_calls.Latest<&IUserManager::QueryUserPage>(request, [this](const Param& param) { OnUserPage(param); });
+}
+
+bool CUserManagerUserCtrl::IsFiltered() const
+{
+    // Who sees the page is a user: no row at all is the work of a filter.
+    return true;
+}
+
+void CUserManagerUserCtrl::ClearFilters()
+{
+    m_pSearch->clear();
+    m_sSearchText.clear();
+    m_pList->GetHeader()->ClearFilters();
+}
+
+void CUserManagerUserCtrl::OnUserPage(const Param& param)
+{
+    ShowAnswer(param.nErrorCode, param.userPage.nTotal, param.userPage.nPage,
+        [&] { m_pList->SetUsers(param.userPage.vecUsers); });
+}
 
 void CUserManagerUserCtrl::OnOperation(int nRole, const QString& sUserName)
 {
@@ -46,14 +180,9 @@ void CUserManagerUserCtrl::OnOperation(int nRole, const QString& sUserName)
     }
 }
 
-void CUserManagerUserCtrl::OnBtnAddClicked()
-{
-    OpenDialog()->BeginAdd();
-}
-
 void CUserManagerUserCtrl::OnBtnDeleteClicked()
 {
-    const QStringList listNames = m_pUi->listUsers->GetUsers()->GetCheckedIds();
+    const QStringList listNames = m_pList->GetUsers()->GetCheckedIds();
     if (listNames.isEmpty())
         Notify(Text::tr("Please select at least one user."), NotificationKind::Warning);
     else
@@ -63,7 +192,7 @@ void CUserManagerUserCtrl::OnBtnDeleteClicked()
 void CUserManagerUserCtrl::OnBtnImportClicked()
 {
     auto* const pDialog = new CImportDominUserDlg(GetInterfaceSet(), this);
-    connect(pDialog, &CImportDominUserDlg::SignalUsersAdded, this, &CUserManagerUserCtrl::OnQueryCurrentPage);
+    connect(pDialog, &CImportDominUserDlg::SignalUsersAdded, this, &CUserManagerUserCtrl::QueryRows);
     pDialog->open();
     pDialog->Start();
 }
@@ -71,7 +200,7 @@ void CUserManagerUserCtrl::OnBtnImportClicked()
 void CUserManagerUserCtrl::OnBtnSyncClicked()
 {
     auto* const pDialog = new CSyncDominUserDlg(GetInterfaceSet(), this);
-    connect(pDialog, &CSyncDominUserDlg::SignalUsersDeleted, this, &CUserManagerUserCtrl::OnQueryCurrentPage);
+    connect(pDialog, &CSyncDominUserDlg::SignalUsersDeleted, this, &CUserManagerUserCtrl::QueryRows);
     pDialog->open();
     pDialog->Start();
 }
@@ -87,7 +216,7 @@ void CUserManagerUserCtrl::LockUser(const QString& sUserName, bool bLock)
         OnStopWaitImmediately();
         if (param.nErrorCode != UICommonMdl::ErrorNone)
             NotifyFailure(sFailure, param.nErrorCode);
-        OnQueryCurrentPage();
+        QueryRows();
     };
     if (bLock)
         m_calls.Each<&IUserManager::LockUser>(sUserName.toStdString(), onAnswer);
@@ -98,23 +227,34 @@ void CUserManagerUserCtrl::LockUser(const QString& sUserName, bool bLock)
 
 void CUserManagerUserCtrl::DeleteUsers(const QStringList& listNames)
 {
-    if (!Common::AskPrompt(this, Text::tr("Are you sure to delete the user?")))
+    if (!Common::AskDelete(this, Text::tr("Are you sure to delete the user?"), listNames))
         return;
-    const QString sFailure = Text::tr("Failed to delete user.");
-    m_calls.Each<&IUserManager::DeleteUsers>(ToNames(listNames), [this, sFailure](const Param& param) {
-        OnStopWaitImmediately();
-        UpdateButtons();
-        OnQueryCurrentPage();
-        // Last: the page may be gone when the message is closed.
-        if (!param.vecFailed.empty())
-            WhenShown([this, sFailure, listLines = GetFailureLines(param.vecFailed)] {
-                Common::ShowFailures(this, sFailure, listLines);
-            });
-        else if (param.nErrorCode != UICommonMdl::ErrorNone)
-            NotifyFailure(sFailure, param.nErrorCode);
-    });
-    UpdateButtons();
+    m_calls.Each<&IUserManager::DeleteUsers>(
+        ToNames(listNames), [this, listNames](const Param& param) { OnDeleteAnswer(listNames, param); });
+    GetToolBar()->UpdateNeeds();
     WaitFor(Text::tr("Deleting users"));
+}
+
+void CUserManagerUserCtrl::OnDeleteAnswer(const QStringList& listNames, const Param& param)
+{
+    OnStopWaitImmediately();
+    const QString sFailure = Text::tr("Failed to delete user.");
+    QVector<Common::Failure> vecFailures;
+    QStringList listGone = listNames;
+    for (const UserLogical::UserFailure_t& failure : param.vecFailed) {
+        const QString sName = QString::fromStdString(failure.sUserName);
+        vecFailures.append({sName, UICommonMdl::CErrorCode::GetErroCodeInfor(failure.nErrorCode)});
+        listGone.removeAll(sName);
+    }
+    if (param.nErrorCode == UICommonMdl::ErrorNone || !vecFailures.isEmpty())
+        m_pList->GetUsers()->ForgetIds(listGone);
+    GetToolBar()->UpdateNeeds();
+    QueryRows();
+    // Last: the page may be gone when the message is closed.
+    if (!vecFailures.isEmpty())
+        WhenShown([this, sFailure, vecFailures] { Common::ShowFailures(this, sFailure, vecFailures); });
+    else if (param.nErrorCode != UICommonMdl::ErrorNone)
+        NotifyFailure(sFailure, param.nErrorCode);
 }
 
 CUserManagerUserEditDlg* CUserManagerUserCtrl::OpenDialog()
@@ -135,7 +275,7 @@ void CUserManagerUserCtrl::OnSaveUser(
         if (bSaved) {
             Notify(bNew ? Text::tr("The user is added.") : Text::tr("The user is changed."),
                 NotificationKind::Success);
-            OnQueryCurrentPage();
+            QueryRows();
         }
         // Closed in the meantime: nobody waits for its failure any more.
         if (!pOpen || !pOpen->isVisible())
@@ -157,12 +297,12 @@ void CUserManagerUserCtrl::WaitFor(const QString& sText)
 {
     m_sWaitText = sText;
     if (!m_pWaitDialog)
-        m_waitTimer.start();
+        m_pWaitTimer->start();
 }
 
 void CUserManagerUserCtrl::OnStopWaitImmediately()
 {
-    m_waitTimer.stop();
+    m_pWaitTimer->stop();
     if (m_pWaitDialog)
         m_pWaitDialog->accept();
 }

@@ -31,6 +31,7 @@ QVector<Common::Column> MakeColumns()
 CUserModel::CUserModel(QObject* pParent)
     : CTableModel(MakeColumns(), UserColumnName, UserColumnCheck, pParent)
 {
+    KeepChecks(UserColumnName);
 }
 
 void CUserModel::SetUsers(const std::vector<UserInfo_t>& vecUsers)

@@ -82,14 +82,19 @@ TEST_F(RolePage, WithoutTheRightNothingCanBeChanged)
     EXPECT_FALSE(RowButton("2", 0).isNull());
 }
 
-TEST_F(RolePage, TheSearchTakesHiddenRolesOutOfReach)
+TEST_F(RolePage, WhatTheSearchHidesStaysCheckedAndIsNamed)
 {
     Open();
     Check("2");
     Type("editSearch", QStringLiteral("RECEP"));
     EXPECT_EQ(List()->model()->rowCount(), 1);
+    m_dialogs.AnswerNext(true);
     Click("btnDelete");
-    EXPECT_EQ(Users().Count("DeleteRoles"), 0) << "a role that is not seen is not deleted";
+    EXPECT_TRUE(m_dialogs.LastDetails().contains(QStringLiteral("Guard")));
+    EXPECT_EQ(Users().LastArgument<Names>("DeleteRoles"), Names{"2"});
+    Users().Fail(Users().Last("DeleteRoles"), UICommonMdl::ErrorNone);
+    PageDriver::Settle();
+    EXPECT_FALSE(m_pDriver->IsShown(QStringLiteral("lbChecked"))) << "what is gone is forgotten";
     Type("editSearch", QStringLiteral("nobody"));
     EXPECT_EQ(State("wgtListState"), QStringLiteral("No role matches the search."));
     Type("editSearch", QString());
