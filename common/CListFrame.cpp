@@ -41,6 +41,7 @@ CListFrame::CListFrame(QWidget* pParent)
     , m_pStatus(new CListStatus(m_pListSide))
     , m_pPager(new UICommonMdl::CNumberPageCtrl(m_pListSide))
 {
+    setAttribute(Qt::WA_StyledBackground);
     m_pToolBar->SetShortcutScope(this);
     m_pSplitter->setObjectName(QStringLiteral("splitter"));
     m_pSplitter->setChildrenCollapsible(false);

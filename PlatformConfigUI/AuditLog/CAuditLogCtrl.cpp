@@ -1,11 +1,19 @@
 #include "CAuditLogCtrl.h"
 
-#include "AuditRules.h"
 #include "CAuditDetailsDlg.h"
-#include "CAuditModel.h"
-#include "ui_CAuditLogCtrl.h"
+#include "CAuditExport.h"
+#include "CAuditFilter.h"
+#include "CAuditListView.h"
 
-#include <UICommonMdl/CErrorCode.h>
+#include <UICommonMdl/CNumberPageCtrl.h>
+#include <VxGUI/VxDialogService.h>
+#include <VxGUI/VxWaitDialog.h>
+#include <common/CListStatus.h>
+#include <common/CTableModel.h>
+#include <common/Prompt.h>
+
+#include <QShortcut>
+#include <QShowEvent>
 
 namespace PlatformConfigUI {
 
@@ -16,103 +24,89 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CAuditLogCtrl)
 };
 
-constexpr std::int64_t MsPerSecond = 1000;
+constexpr const char* RightExportAudit = "004003";
 
 } // namespace
 
+CAuditLogCtrl::CAuditLogCtrl(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
+    : CListPage(pInterfaceSet, QString(), pParent)
+    , m_pFilter(new CAuditFilter)
+    , m_pList(new CAuditListView)
+    , m_pExport(new CAuditExport(pInterfaceSet, this))
+    , m_request(m_pFilter->Read().value())
+    , m_calls(pInterfaceSet, this)
+{
+    setObjectName(QStringLiteral("CAuditLogCtrl"));
+    SetTexts({Text::tr("Loading the audit log"), Text::tr("Failed to get the audit log"),
+        Text::tr("You have no permission to see the audit log."), Text::tr("The audit log is empty."),
+        Text::tr("No entry matches the filters.")});
+    GetFrame()->AddRow(m_pFilter);
+    GetFrame()->SetList(m_pList);
+    GetFrame()->GetStatus()->SetTotalText(Text::tr("Entries: %1"));
+    GetFrame()->GetPager()->setObjectName(QStringLiteral("m_pPageCtrl"));
+    SetUpToolBar();
+    SetUpExport();
+    GetFrame()->Remember(pInterfaceSet->GetLocalConfig(), QStringLiteral("AuditLog"));
+    connect(m_pFilter, &CAuditFilter::SignalSearch, this, &CAuditLogCtrl::OnSearch);
+    connect(m_pList, &CAuditListView::SignalDetails, this,
+        [this](const UserLogical::AuditEntry_t& entry) { (new CAuditDetailsDlg(entry, this))->open(); });
+    auto* const pFind =
+        new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    connect(pFind, &QShortcut::activated, m_pFilter, &CAuditFilter::FocusUser);
+    Start();
+}
+
+void CAuditLogCtrl::SetUpToolBar()
+{
+    const Common::Need connection = GetFrame()->NeedsConnection();
+    const Common::Need entries = [this] {
+        return m_pList->GetTable()->rowCount() > 0 ? QString() : Text::tr("There is nothing to export.");
+    };
+    GetToolBar()->AddAction({"btnExport", "export", Text::tr("Export"), [this] { OnExport(); },
+        {connection,
+            NeedsRight(RightExportAudit, Text::tr("You do not have the right to export the audit log.")),
+            entries}});
+    GetToolBar()->AddAction(
+        {"btnRefresh", "refresh", Text::tr("Refresh"), [this] { QueryRows(); }, {connection}, Qt::Key_F5});
+}
+
 void CAuditLogCtrl::showEvent(QShowEvent* pEvent)
 {
-    CPage::showEvent(pEvent);
+    CListPage::showEvent(pEvent);
     if (IsConnected() && !pEvent->spontaneous())
-        QueryPage();
+        QueryRows();
 }
 
-void CAuditLogCtrl::OnPeriodChanged()
+void CAuditLogCtrl::QueryAll()
 {
-    const auto period = AuditPeriod(m_pUi->cmbPeriod->currentData().toInt());
-    const bool bOwn = period == PeriodOwn;
-    m_pUi->m_dtFrom->setEnabled(bOwn);
-    m_pUi->m_dtTo->setEnabled(bOwn);
-    // An own range starts from what was chosen before.
-    const QDateTime start = GetPeriodStart(period, QDate::currentDate());
-    if (start.isValid())
-        m_pUi->m_dtFrom->setDateTime(start);
-    if (!bOwn)
-        m_pUi->m_dtTo->setDateTime(QDate::currentDate().endOfDay());
-}
-
-void CAuditLogCtrl::OnReset()
-{
-    m_pUi->cmbPeriod->setCurrentIndex(m_pUi->cmbPeriod->findData(PeriodLast7Days));
-    OnPeriodChanged();
-    m_pUi->cmbOperation->setCurrentIndex(0);
-    for (QLineEdit* pEdit : {m_pUi->edtUser, m_pUi->edtAddress, m_pUi->edtObject})
-        pEdit->clear();
-    OnSearch();
+    // The page asks when it is shown.
+    if (isVisible())
+        QueryRows();
 }
 
 void CAuditLogCtrl::OnSearch()
 {
-    UserLogical::AuditRequest_t request;
-    if (!IsConnected() || !ReadFilters(request))
+    const auto request = m_pFilter->Read();
+    if (!request) {
+        Notify(Text::tr("The start time must be before the end time."), VxGUI::NotificationKind::Warning);
         return;
-    m_request = request;
-    m_pUi->m_pPageCtrl->SetCurrentPage(1);
-    QueryPage();
-}
-
-bool CAuditLogCtrl::ReadFilters(UserLogical::AuditRequest_t& request)
-{
-    const auto period = AuditPeriod(m_pUi->cmbPeriod->currentData().toInt());
-    const QDateTime start = GetPeriodStart(period, QDate::currentDate());
-    if (start.isValid())
-        request.nFrom = start.toMSecsSinceEpoch();
-    if (period == PeriodOwn) {
-        request.nFrom = m_pUi->m_dtFrom->dateTime().toMSecsSinceEpoch();
-        // The second that is entered belongs to the range.
-        request.nTo = m_pUi->m_dtTo->dateTime().toSecsSinceEpoch() * MsPerSecond + MsPerSecond;
-        if (request.nFrom >= request.nTo) {
-            Notify(Text::tr("The start time must be before the end time."), VxGUI::NotificationKind::Warning);
-            m_pUi->m_dtFrom->setFocus();
-            return false;
-        }
     }
-    request.sUserName = m_pUi->edtUser->text().trimmed().toStdString();
-    request.sClientAddress = m_pUi->edtAddress->text().trimmed().toStdString();
-    request.sOperation = m_pUi->cmbOperation->currentData().toString().toStdString();
-    request.sObject = m_pUi->edtObject->text().trimmed().toStdString();
-    return true;
+    m_request = *request;
+    QueryFirstPage();
 }
 
-void CAuditLogCtrl::QueryPage()
+void CAuditLogCtrl::Query()
 {
-    m_request.nPage = qMax(1, m_pUi->m_pPageCtrl->GetCurrentPage());
-    m_request.nPageSize = m_pUi->m_pPageCtrl->GetPageSize();
+    m_request.nPage = qMax(1, GetFrame()->GetPager()->GetCurrentPage());
+    m_request.nPageSize = GetFrame()->GetPager()->GetPageSize();
     m_calls.Latest<&UserLogical::IUserManager::QueryAuditPage>(
         m_request, [this](const Param& param) { OnPage(param); });
-    if (m_pModel->rowCount() == 0) {
-        m_pUi->wgtListState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading the audit log"));
-        m_pUi->stackList->setCurrentWidget(m_pUi->wgtListState);
-    }
-    UpdateButtons();
 }
 
 void CAuditLogCtrl::OnPage(const Param& param)
 {
-    if (param.nErrorCode != UICommonMdl::ErrorNone) {
-        NotifyFailure(Text::tr("Failed to get the audit log"), param.nErrorCode);
-        // While the connection is lost the rows of before stay.
-        if (param.nErrorCode == UICommonMdl::ErrorDisconnected && m_pModel->rowCount() > 0) {
-            UpdateButtons();
-            return;
-        }
-    }
-    m_pModel->SetEntries(param.auditPage.vecEntries);
-    m_pUi->m_pPageCtrl->SetTotalCount(param.auditPage.nTotal);
-    m_pUi->m_pPageCtrl->SetCurrentPage(param.auditPage.nPage);
-    m_pUi->treeAudit->scrollToTop();
-    ShowListState(param.nErrorCode);
-    UpdateButtons();
+    ShowAnswer(param.nErrorCode, param.auditPage.nTotal, param.auditPage.nPage,
+        [&] { m_pList->SetEntries(param.auditPage.vecEntries); });
 }
 
 bool CAuditLogCtrl::IsFiltered() const
@@ -123,45 +117,62 @@ bool CAuditLogCtrl::IsFiltered() const
     return !(m_request == all);
 }
 
-void CAuditLogCtrl::ShowListState(int nErrorCode)
+void CAuditLogCtrl::SetUpExport()
 {
-    using Kind = VxGUI::VxEmptyState::Kind;
-    VxGUI::VxEmptyState* const pState = m_pUi->wgtListState;
-    if (nErrorCode == UICommonMdl::ErrorNoRight) {
-        pState->SetState(Kind::NoPermission, Text::tr("You have no permission to see the audit log."));
-    } else if (nErrorCode != UICommonMdl::ErrorNone) {
-        pState->SetState(Kind::Failed, Text::tr("Failed to get the audit log"),
-            UICommonMdl::CErrorCode::GetErroCodeInfor(nErrorCode), Text::tr("Refresh"));
-    } else if (m_pModel->rowCount() > 0) {
-        m_pUi->stackList->setCurrentWidget(m_pUi->treeAudit);
+    connect(m_pExport, &CAuditExport::SignalProgress, this, [this](int nRead, int nTotal) {
+        if (m_pWaitDialog)
+            m_pWaitDialog->SetProgress(nTotal > 0 ? int(qint64(nRead) * 100 / nTotal) : 100);
+    });
+    connect(m_pExport, &CAuditExport::SignalWriting, this, [this] {
+        if (!m_pWaitDialog)
+            return;
+        m_pWaitDialog->SetText(Text::tr("Writing the file"));
+        m_pWaitDialog->SetProgress(-1);
+        m_pWaitDialog->SetCancellable(false);
+    });
+    connect(m_pExport, &CAuditExport::SignalFinished, this, &CAuditLogCtrl::OnExportFinished);
+}
+
+void CAuditLogCtrl::OnExport()
+{
+    QString sPath = VxGUI::VxDialogService::Current()->SaveFile(
+        this, Text::tr("Export"), QStringLiteral("audit-log.xlsx"), QStringLiteral("*.xlsx"));
+    if (sPath.isEmpty())
         return;
-    } else {
-        pState->SetState(Kind::Empty,
-            IsFiltered() ? Text::tr("No entry matches the filters.") : Text::tr("The audit log is empty."));
-    }
-    m_pUi->stackList->setCurrentWidget(pState);
+    if (!sPath.endsWith(QStringLiteral(".xlsx"), Qt::CaseInsensitive))
+        sPath += QStringLiteral(".xlsx");
+    m_pExport->Start(m_request, sPath);
+    m_pWaitDialog = new VxGUI::VxWaitDialog(Text::tr("Exporting the audit log"), this);
+    m_pWaitDialog->setAttribute(Qt::WA_DeleteOnClose);
+    m_pWaitDialog->SetProgress(0);
+    m_pWaitDialog->SetCancellable(true);
+    connect(m_pWaitDialog, &VxGUI::VxWaitDialog::SignalCancelled, this, [this] {
+        m_pExport->Cancel();
+        EndExport();
+    });
+    m_pWaitDialog->open();
 }
 
-void CAuditLogCtrl::ShowDetails(const QModelIndex& index)
+void CAuditLogCtrl::OnExportFinished(int nErrorCode, const QString& sError, int nWritten, int nFound)
 {
-    if (const UserLogical::AuditEntry_t* const pEntry = m_pModel->GetEntry(index.row()))
-        (new CAuditDetailsDlg(*pEntry, this))->open();
+    using Kind = VxGUI::NotificationKind;
+    EndExport();
+    const QString sFailed = Text::tr("Failed to export the audit log");
+    if (nErrorCode != UICommonMdl::ErrorNone)
+        NotifyFailure(sFailed, nErrorCode);
+    else if (!sError.isEmpty())
+        Notify(sFailed + QStringLiteral(": ") + sError, Kind::Error);
+    else if (nWritten < nFound)
+        Notify(
+            Text::tr("The newest %1 of %2 entries are exported.").arg(nWritten).arg(nFound), Kind::Warning);
+    else
+        Notify(Text::tr("The audit log is exported."), Kind::Success);
 }
 
-void CAuditLogCtrl::OnRightsChanged()
+void CAuditLogCtrl::EndExport()
 {
-    UpdateButtons();
-}
-
-void CAuditLogCtrl::OnConnectionChanged(bool bConnected)
-{
-    m_pUi->wgtListState->setEnabled(bConnected);
-    m_pUi->m_pPageCtrl->setEnabled(bConnected);
-    if (!bConnected && m_pModel->rowCount() == 0)
-        ShowListState(UICommonMdl::ErrorDisconnected);
-    if (bConnected && isVisible())
-        QueryPage();
-    UpdateButtons();
+    if (m_pWaitDialog)
+        m_pWaitDialog->accept();
 }
 
 } // namespace PlatformConfigUI

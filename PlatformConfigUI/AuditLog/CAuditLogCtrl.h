@@ -1,14 +1,9 @@
 #pragma once
 
-#include <common/CPage.h>
+#include <common/CListPage.h>
 
 #include <QPointer>
 
-#include <memory>
-
-namespace Ui {
-class CAuditLogCtrl;
-}
 namespace VxGUI {
 class VxWaitDialog;
 }
@@ -16,17 +11,17 @@ class VxWaitDialog;
 namespace PlatformConfigUI {
 
 class CAuditExport;
-class CAuditModel;
+class CAuditFilter;
+class CAuditListView;
 
 /// The log of who changed what: filters, pages and export. User-interface thread.
-class CAuditLogCtrl : public Common::CPage
+class CAuditLogCtrl : public Common::CListPage
 {
     Q_OBJECT
 
 public:
     /// pInterfaceSet is borrowed and outlives the page.
     explicit CAuditLogCtrl(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent = nullptr);
-    ~CAuditLogCtrl() override;
 
 protected:
     /// The log goes on while other pages are shown: it is asked for again.
@@ -34,33 +29,21 @@ protected:
 
 private:
     using Param = UserLogical::IUserManagerObserve::Param;
-    void OnConnectionChanged(bool bConnected) override;
-    void OnRightsChanged() override;
+    void Query() override;
+    void QueryAll() override;
+    bool IsFiltered() const override;
 
-    void SetUpFilters();
-    void SetUpButtons();
-    void SetUpList();
-    void SetUpShortcuts();
+    void SetUpToolBar();
     void SetUpExport();
-
-    void OnPeriodChanged();
-    void OnReset();
     void OnSearch();
-    bool ReadFilters(UserLogical::AuditRequest_t& request);
-    void QueryPage();
     void OnPage(const Param& param);
-    void ShowListState(int nErrorCode);
-    bool IsFiltered() const;
-    void ShowDetails(const QModelIndex& index);
 
     void OnExport();
     void OnExportFinished(int nErrorCode, const QString& sError, int nWritten, int nFound);
     void EndExport();
 
-    void UpdateButtons();
-
-    std::unique_ptr<Ui::CAuditLogCtrl> m_pUi;
-    CAuditModel* m_pModel;
+    CAuditFilter* m_pFilter;
+    CAuditListView* m_pList;
     CAuditExport* m_pExport;
     UserLogical::AuditRequest_t m_request; ///< whose entries are shown
     QPointer<VxGUI::VxWaitDialog> m_pWaitDialog;

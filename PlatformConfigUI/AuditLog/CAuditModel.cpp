@@ -8,13 +8,19 @@ namespace {
 
 constexpr int MaxToolTipLines = 20;
 constexpr int MaxToolTipLine = 160;
+constexpr int MaxChangeWidth = 360;
 
 QVector<Common::Column> MakeColumns()
 {
     QVector<Common::Column> vecColumns;
     const QStringList listHeader = GetAuditHeader();
     for (const QString& sHeader : listHeader)
-        vecColumns.append({sHeader, true});
+        vecColumns.append({sHeader});
+    vecColumns[AuditColumnUser].width = Common::ColumnWidth::Text;
+    vecColumns[AuditColumnObject].width = Common::ColumnWidth::Text;
+    vecColumns[AuditColumnBefore].width = Common::ColumnWidth::Text;
+    vecColumns[AuditColumnBefore].nMaximum = MaxChangeWidth;
+    vecColumns[AuditColumnAfter].width = Common::ColumnWidth::Stretch;
     vecColumns.append({QString(), false});
     return vecColumns;
 }

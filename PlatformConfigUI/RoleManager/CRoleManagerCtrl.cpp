@@ -29,7 +29,7 @@ constexpr int SearchWidth = 260;
 } // namespace
 
 CRoleManagerCtrl::CRoleManagerCtrl(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
-    : CListPage(pInterfaceSet, QStringLiteral("PlatformConfigUI/RoleManager"), pParent)
+    : CListPage(pInterfaceSet, QString(), pParent)
     , m_pList(new CRoleListView)
     , m_pSearch(new VxGUI::VxSearchBox)
     , m_calls(pInterfaceSet, this)

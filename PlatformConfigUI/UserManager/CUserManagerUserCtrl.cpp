@@ -34,7 +34,7 @@ constexpr int SearchWidth = 260;
 } // namespace
 
 CUserManagerUserCtrl::CUserManagerUserCtrl(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
-    : CListPage(pInterfaceSet, QStringLiteral("PlatformConfigUI/UserManagerUI"), pParent)
+    : CListPage(pInterfaceSet, QString(), pParent)
     , m_pList(new CUserListView)
     , m_pSearch(new VxGUI::VxSearchBox)
     , m_pWaitTimer(new QTimer(this))
