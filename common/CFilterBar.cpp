@@ -1,6 +1,7 @@
 #include "CFilterBar.h"
 
 #include "CSegmentButton.h"
+#include "TabOrder.h"
 
 #include <Trv/QSkin.h>
 
@@ -64,10 +65,11 @@ void CFilterBar::SetChoices(const QVector<FilterChoice>& vecChoices)
         pButton->installEventFilter(this);
         connect(pButton, &QAbstractButton::clicked, this, [this, nValue = choice.nValue] { Choose(nValue); });
         m_vecButtons.append(pButton);
-        if (m_vecButtons.size() > 1)
-            setTabOrder(m_vecButtons[m_vecButtons.size() - 2], pButton);
-        setTabOrder(pButton, m_pMore);
     }
+    QVector<QWidget*> vecOrder;
+    for (QPushButton* pButton : qAsConst(m_vecButtons))
+        vecOrder.append(pButton);
+    SetTabOrder(vecOrder + QVector<QWidget*>{m_pMore});
     Arrange();
     updateGeometry();
 }

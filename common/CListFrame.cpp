@@ -3,6 +3,7 @@
 #include "CListStatus.h"
 #include "CListView.h"
 #include "CTableModel.h"
+#include "TabOrder.h"
 
 #include <UICommonMdl/CNumberPageCtrl.h>
 #include <UICommonMdl/ILocalConfig.h>
@@ -14,6 +15,8 @@
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace Common {
 
@@ -191,6 +194,35 @@ void CListFrame::UpdateEnabled()
             pPart->setEnabled(m_bConnected);
     }
     m_pToolBar->SetFieldsEnabled(m_bConnected);
+}
+
+void CListFrame::showEvent(QShowEvent* pEvent)
+{
+    QWidget::showEvent(pEvent);
+    if (!std::exchange(m_bOrdered, true))
+        SetTabOrders();
+}
+
+void CListFrame::SetTabOrders()
+{
+    // As the parts stand, from left to right and downwards; they were put in as each page has them.
+    QVector<QWidget*> vecParts;
+    for (int n = 0; n < m_pSplitter->count(); ++n) {
+        QWidget* const pSide = m_pSplitter->widget(n);
+        if (pSide != m_pListSide) {
+            vecParts.append(pSide);
+            continue;
+        }
+        for (int nRow = 0; nRow < m_pListLayout->count(); ++nRow) {
+            if (QWidget* const pPart = m_pListLayout->itemAt(nRow)->widget())
+                vecParts.append(pPart);
+        }
+        vecParts += {m_pStatus, m_pPager};
+    }
+    QVector<QWidget*> vecOrder;
+    for (QWidget* pPart : qAsConst(vecParts))
+        vecOrder += GetTabStops(pPart);
+    SetTabOrder(vecOrder);
 }
 
 Need CListFrame::NeedsConnection() const

@@ -79,11 +79,15 @@ Q_SIGNALS:
     /// The button of the state that stands in the list's place.
     void SignalStateAction();
 
+protected:
+    void showEvent(QShowEvent* pEvent) override;
+
 private:
     static constexpr int DefaultTreeWidth = 204;
 
     void OnSplitterMoved();
     void UpdateEnabled();
+    void SetTabOrders();
 
     CToolBar* m_pToolBar;
     QSplitter* m_pSplitter;
@@ -100,6 +104,7 @@ private:
     QString m_sPageKey;
     int m_nTitles = 0;
     bool m_bConnected = true;
+    bool m_bOrdered = false;
 };
 
 } // namespace Common

@@ -1,5 +1,7 @@
 #include "CToolBar.h"
 
+#include "TabOrder.h"
+
 #include <Trv/QSkin.h>
 
 #include <QAction>
@@ -65,7 +67,7 @@ QAction* CToolBar::AddAction(const ToolAction& action)
     auto* const pButton = new QPushButton(this);
     pButton->setAutoDefault(false);
     m_vecEntries.append({pAction, pButton, nullptr, action.vecNeeds});
-    SetTabOrderOf(pButton);
+    SetTabOrders();
     connect(pButton, &QAbstractButton::clicked, pAction, &QAction::trigger);
     connect(pAction, &QAction::changed, this, [this, pAction] {
         for (const Entry& entry : qAsConst(m_vecEntries)) {
@@ -80,11 +82,12 @@ QAction* CToolBar::AddAction(const ToolAction& action)
     return pAction;
 }
 
-void CToolBar::SetTabOrderOf(QAbstractButton* pButton)
+void CToolBar::SetTabOrders()
 {
-    if (m_vecEntries.size() > 1)
-        setTabOrder(m_vecEntries[m_vecEntries.size() - 2].pButton, pButton);
-    setTabOrder(pButton, m_pMore);
+    QVector<QWidget*> vecOrder;
+    for (const Entry& entry : qAsConst(m_vecEntries))
+        vecOrder.append(entry.pButton);
+    SetTabOrder(vecOrder + QVector<QWidget*>{m_pMore} + m_vecFields);
 }
 
 void CToolBar::SetMenu(QAction* pAction, QMenu* pMenu)
@@ -100,7 +103,7 @@ void CToolBar::SetMenu(QAction* pAction, QMenu* pMenu)
     pButton->setMenu(pMenu);
     entry.pButton = pButton;
     entry.pMenu = pMenu;
-    SetTabOrderOf(pButton);
+    SetTabOrders();
     connect(pButton, &QAbstractButton::clicked, pAction, &QAction::trigger);
     UpdateButton(entry);
     Arrange();
@@ -109,9 +112,9 @@ void CToolBar::SetMenu(QAction* pAction, QMenu* pMenu)
 void CToolBar::AddField(QWidget* pField)
 {
     pField->setParent(this);
-    setTabOrder(m_vecFields.isEmpty() ? m_pMore : m_vecFields.last(), pField);
     pField->show();
     m_vecFields.append(pField);
+    SetTabOrders();
     Arrange();
 }
 

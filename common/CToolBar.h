@@ -73,7 +73,7 @@ private:
 
     void UpdateButton(const Entry& entry);
     void UpdateNeed(const Entry& entry);
-    void SetTabOrderOf(QAbstractButton* pButton);
+    void SetTabOrders();
     void Arrange();
     void OpenMore();
     int CountInRow(int nRoom) const;

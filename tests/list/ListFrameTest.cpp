@@ -119,6 +119,35 @@ TEST_F(ListFrame, TreeWidthAndPageSizeAreRemembered)
     EXPECT_EQ(m_pFrame->GetSplitter()->sizes().first(), nTree);
 }
 
+TEST_F(ListFrame, TabWalksThePartsAsTheyStand)
+{
+    Close();
+    m_pFrame = std::make_unique<Common::CListFrame>();
+    m_pList = new ListTestView;
+    m_pFrame->SetList(m_pList);
+    auto* const pRow = new QLineEdit;
+    pRow->setObjectName(QStringLiteral("editRow"));
+    m_pFrame->AddRow(pRow);
+    auto* const pSearch = new QLineEdit;
+    pSearch->setObjectName(QStringLiteral("editSearch"));
+    m_pFrame->SetSearch(pSearch);
+    m_pFrame->GetToolBar()->AddAction({"btnAdd", "add", QStringLiteral("Add"), [] {}});
+    m_pFrame->GetToolBar()->AddAction({"btnRefresh", "refresh", QStringLiteral("Refresh"), [] {}});
+    auto* const pTree = new QTreeView;
+    pTree->setObjectName(QStringLiteral("treeGroups"));
+    m_pFrame->SetTree(pTree);
+    m_pFrame->SetTotal(100, 2);
+    m_pDriver = std::make_unique<PageDriver>(*m_pFrame, QSize(1000, 400));
+    pTree->setFocus();
+    QStringList listWalk;
+    for (int n = 0; n < 7; ++n) {
+        listWalk.append(m_pFrame->focusWidget()->objectName());
+        QTest::keyClick(m_pFrame->focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_EQ(listWalk.join(QLatin1Char(' ')).toStdString(),
+        "treeGroups btnAdd btnRefresh editSearch editRow treeTest cmbPageSize");
+}
+
 TEST_F(ListFrame, RowsAreReplacedBelowTheUsersHands)
 {
     ClickRow(12);
