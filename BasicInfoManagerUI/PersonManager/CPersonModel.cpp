@@ -21,6 +21,7 @@ struct Text
 };
 
 constexpr int NameMinimum = 140; ///< enough to tell most people apart
+constexpr int GroupMinimum = 100;
 
 QVector<Common::Column> MakeColumns()
 {
@@ -28,8 +29,9 @@ QVector<Common::Column> MakeColumns()
     constexpr int NotSorted = Common::Column::NotSorted;
     return {{QString(), true, Width::Fixed}, {Text::tr("Photo")}, {Text::tr("ID")},
         {Text::tr("Name"), true, Width::Stretch, NotSorted, false, NameMinimum}, {Text::tr("Gender")},
-        {Text::tr("Person Type")}, {Text::tr("Group"), true, Width::Stretch}, {Text::tr("Telephone")},
-        {Text::tr("Cards")}, {Text::tr("Fingerprints")}, {Text::tr("Plate No."), true, Width::Text},
+        {Text::tr("Person Type")}, {Text::tr("Group"), true, Width::Stretch, NotSorted, true, GroupMinimum},
+        {Text::tr("Telephone")}, {Text::tr("Cards")}, {Text::tr("Fingerprints")},
+        {Text::tr("Plate No."), true, Width::Text},
         {Text::tr("Operation"), true, Width::Content, NotSorted, false}};
 }
 

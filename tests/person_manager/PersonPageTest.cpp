@@ -427,6 +427,23 @@ TEST_F(PersonPage, PushesAreGatheredIntoOneQueryThatKeepsTheChecks)
     PageDriver::WaitFor([&] { return m_host.access.departments.Count("QueryDepartmentTree") > nTrees; });
 }
 
+TEST_F(PersonPage, TheTabKeyGoesFromTheGroupsOverTheToolsToTheListAndOut)
+{
+    Open();
+    SelectGroup("1001");
+    Check("102");
+    m_pDriver->Find(QStringLiteral("m_btnAddOrg"))->setFocus();
+    QStringList listWay;
+    while (listWay.size() < 30 && !listWay.contains(QApplication::focusWidget()->objectName())) {
+        listWay.append(QApplication::focusWidget()->objectName());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_EQ(listWay.mid(0, 15).join(QLatin1Char(' ')).toStdString(),
+        "m_btnAddOrg m_btnModifyOrg m_btnDelOrg m_pSearchOrg m_pTreeWnd cbContainSub m_btnAdd m_btnDel "
+        "m_btnBatchIssuCard btnMoveTo btnBatchAuthorize btnRefresh m_pSearchPerson m_pPersonnelListView "
+        "btnClearChecks");
+}
+
 TEST_F(PersonPage, AnswersAfterTheEndAreDropped)
 {
     Open();
