@@ -443,18 +443,3 @@ TEST_F(PersonPage, TheTabKeyGoesFromTheGroupsOverTheToolsToTheListAndOut)
         "m_btnBatchIssuCard btnMoveTo btnBatchAuthorize btnRefresh m_pSearchPerson m_pPersonnelListView "
         "btnClearChecks");
 }
-
-TEST_F(PersonPage, AnswersAfterTheEndAreDropped)
-{
-    Open();
-    m_host.access.persons.Hold("QueryPersonList");
-    Click("btnRefresh");
-    m_pPage->UninitUI();
-    EXPECT_EQ(m_host.access.departments.ObserverCount(), 1u) << "the shared model's own";
-    m_host.access.persons.Fail(m_host.access.persons.Last("QueryPersonList"), UICommonMdl::ErrorInternal);
-    PageDriver::Settle();
-    EXPECT_EQ(List()->model()->rowCount(), 6);
-    Close();
-    m_host.access.departments.Send({});
-    PageDriver::Settle();
-}
