@@ -30,6 +30,8 @@ public:
     void SetPersons(const std::vector<AccessControlLogical::PersonInfo_t>& vecPersons);
     /// Numbers were entered and are not saved.
     bool IsDirty() const;
+    /// Goes back (SignalBack); asks first when numbers would be lost. Not while they are being saved.
+    void Leave();
 
 Q_SIGNALS:
     /// The user is done: bIssued when cards were issued, so that lists are old. The reader is let go.
@@ -51,7 +53,6 @@ private:
     bool CheckInput();
     void OnIssued(const Param& param);
     void ShowClashes(const Param& param);
-    void Leave();
     void Finish(bool bIssued);
     void ShowState();
 

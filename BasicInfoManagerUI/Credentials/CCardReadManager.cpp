@@ -30,7 +30,7 @@ CCardReadManager::CCardReadManager(UICommonMdl::ILocalConfig* pConfig, QWidget* 
     setModal(true);
     setMinimumWidth(420);
     m_pUi->btnFindReader->setIcon(Trv::GetIcon(QStringLiteral("refresh")));
-    m_pUi->buttonBox->button(QDialogButtonBox::Ok)->setProperty("role", QStringLiteral("primary"));
+    Common::SetButtonRole(m_pUi->buttonBox->button(QDialogButtonBox::Ok), QStringLiteral("primary"));
     QComboBox* const pType = m_pUi->m_pCmbReaderType;
     pType->addItem(Text::tr("None"), CardReader::ReaderTypeNone);
     const auto vecTypes = CardReader::CardIssuer::GetReaderTypes();

@@ -27,7 +27,7 @@ CFingerName::CFingerName(const CredentialRules::Fingerprints& vecFingerprints, i
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);
     setMinimumWidth(400);
-    m_pUi->buttonBox->button(QDialogButtonBox::Ok)->setProperty("role", QStringLiteral("primary"));
+    Common::SetButtonRole(m_pUi->buttonBox->button(QDialogButtonBox::Ok), QStringLiteral("primary"));
     connect(m_pUi->buttonBox, &QDialogButtonBox::accepted, this, &CFingerName::accept);
     connect(m_pUi->buttonBox, &QDialogButtonBox::rejected, this, &CFingerName::reject);
     m_pUi->m_pEditFingerName->SetRule(AccessControlLogical::FingerprintName,

@@ -49,7 +49,6 @@ CChosenTable::CChosenTable(QWidget* pParent)
     pLayout->setContentsMargins(0, 0, 0, 0);
     pLayout->addWidget(m_pEmpty);
     pLayout->addWidget(m_pView);
-    setFocusProxy(m_pView);
 }
 
 void CChosenTable::SetUp(const QStringList& listHeaders, const QString& sEmptyText)

@@ -32,7 +32,6 @@ CPermissionList::CPermissionList(QWidget* pParent)
     pLayout->setSpacing(8);
     pLayout->addWidget(m_pTable);
     pLayout->addLayout(pButtons);
-    setFocusProxy(m_pAdd);
     connect(m_pAdd, &QPushButton::clicked, this, &CPermissionList::SignalAdd);
     connect(m_pTable, &CChosenTable::SignalRemoved, this, &CPermissionList::SignalChanged);
 }

@@ -82,8 +82,8 @@ void CPersonnelBatchAuthorizeUI::SetUpControls()
     connect(pFace, &CFaceComparisonInfo::SignalAddFaceLibrary, this, &Page::SignalAddFaceLibrary);
     connect(this, &Page::SignalAddFaceLibrary, pFace, &CFaceComparisonInfo::OpenAdder);
     connect(m_pUi->m_pBtnOk, &QAbstractButton::clicked, this, &Page::OnOkClicked);
-    connect(m_pUi->m_pBtnCancel, &QAbstractButton::clicked, this, &Page::OnCancelClicked);
-    connect(m_pUi->btnAuthorizeBack, &QAbstractButton::clicked, this, &Page::OnCancelClicked);
+    connect(m_pUi->m_pBtnCancel, &QAbstractButton::clicked, this, &Page::Leave);
+    connect(m_pUi->btnAuthorizeBack, &QAbstractButton::clicked, this, &Page::Leave);
     connect(m_pUi->btnChoicesAgain, &QAbstractButton::clicked, this, &Page::QueryChoices);
     m_pUi->m_pBtnOk->setShortcut(QKeySequence(QStringLiteral("Ctrl+S")));
 }
@@ -97,7 +97,7 @@ void CPersonnelBatchAuthorizeUI::SetPersons(const std::vector<PersonInfo_t>& vec
     m_pUi->m_pFaceInfo->SetPerson({});
     SetBusy(false);
     QueryChoices();
-    m_pUi->m_pAccessGroups->setFocus();
+    m_pUi->m_pAccessGroups->GetAddButton()->setFocus();
 }
 
 void CPersonnelBatchAuthorizeUI::QueryChoices()
@@ -233,10 +233,12 @@ void CPersonnelBatchAuthorizeUI::ShowFailures()
     Common::ShowFailures(this, Text::tr("Batch authorize person failed"), listLines);
 }
 
-void CPersonnelBatchAuthorizeUI::OnCancelClicked()
+void CPersonnelBatchAuthorizeUI::Leave()
 {
+    const QPointer<QWidget> guard(this);
     if (IsDirty()
-        && !Common::AskPrompt(this, Text::tr("Current page data are changed, are you sure to leave?")))
+        && (!Common::AskPrompt(this, Text::tr("Current page data are changed, are you sure to leave?"))
+            || !guard))
         return;
     m_calls.ForgetAll();
     m_pUi->m_pAccessGroups->SetIds({});
@@ -265,7 +267,7 @@ void CPersonnelBatchAuthorizeUI::UpdateState()
 void CPersonnelBatchAuthorizeUI::keyPressEvent(QKeyEvent* pEvent)
 {
     if (pEvent->key() == Qt::Key_Escape)
-        OnCancelClicked();
+        Leave();
     else
         QWidget::keyPressEvent(pEvent);
 }

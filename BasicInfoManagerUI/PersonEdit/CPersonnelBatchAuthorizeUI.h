@@ -28,6 +28,8 @@ public:
     void SetPersons(const std::vector<AccessControlLogical::PersonInfo_t>& vecPersons);
     /// Permissions were chosen and are not saved.
     bool IsDirty() const;
+    /// Goes back (SignalBack); asks first when something would be lost.
+    void Leave();
     /// The page's name, for the button that opens it.
     static QString GetTitle();
 
@@ -57,7 +59,6 @@ private:
     void OnAuthorized(const Param& param, const std::vector<std::string>& vecSent);
     void Finish(int nErrorCode);
     void ShowFailures();
-    void OnCancelClicked();
     void SetBusy(bool bBusy);
     void UpdateState();
 

@@ -32,6 +32,7 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CPersonnelInfoUI)
 };
 
+constexpr const char* RightChangePersons = "002003001";
 const QString SkinFolder = QStringLiteral("BasicInfoManagerUI/Personnel");
 
 } // namespace
@@ -50,6 +51,7 @@ CPersonnelInfoUI::CPersonnelInfoUI(UICommonMdl::CInterfaceSetManager* pInterface
     SetUpShortcuts();
     connect(
         &m_session, &Common::CSession::SignalConnectionChanged, this, &CPersonnelInfoUI::OnConnectionChanged);
+    connect(&m_session, &Common::CSession::SignalRightsChanged, this, &CPersonnelInfoUI::UpdateState);
     Common::LoadStyleSheet(this, SkinFolder);
     for (CPersonSection* const pSection : m_vecSections)
         pSection->SetConnected(m_session.IsConnected());
@@ -115,8 +117,8 @@ void CPersonnelInfoUI::SetUpButtons()
     };
     onClick(m_pUi->m_pBtnOk, [this] { OnOkClicked(false); });
     onClick(m_pUi->m_pAddAndContinue, [this] { OnOkClicked(true); });
-    onClick(m_pUi->m_pBtnCancel, &CPersonnelInfoUI::OnCancelClicked);
-    onClick(m_pUi->btnPersonBack, &CPersonnelInfoUI::OnCancelClicked);
+    onClick(m_pUi->m_pBtnCancel, &CPersonnelInfoUI::Leave);
+    onClick(m_pUi->btnPersonBack, &CPersonnelInfoUI::Leave);
     onClick(m_pUi->m_pBtnEdit, [this] { SetMode(Mode::Edit); });
     onClick(m_pUi->m_pBtnExtract, &CPersonnelInfoUI::OnExtractClicked);
     onClick(m_pUi->btnChoicesAgain, &CPersonnelInfoUI::QueryChoices);
@@ -205,7 +207,11 @@ void CPersonnelInfoUI::UpdateState()
     m_pUi->m_pBtnOk->setEnabled(bUsable);
     m_pUi->m_pAddAndContinue->setEnabled(bUsable);
     m_pUi->m_pBtnExtract->setEnabled(bUsable);
-    m_pUi->m_pBtnEdit->setEnabled(bUsable);
+    const bool bMayChange = m_session.HasRight(RightChangePersons);
+    m_pUi->m_pBtnEdit->setEnabled(bUsable && bMayChange);
+    m_pUi->m_pBtnEdit->setToolTip(bMayChange
+            ? QKeySequence(QStringLiteral("Ctrl+E")).toString(QKeySequence::NativeText)
+            : Text::tr("You have no permission to change persons."));
     m_pUi->wgtSections->setEnabled(!m_bBusy);
     m_pUi->btnChoicesAgain->setEnabled(m_session.IsConnected());
     OnChanged();
@@ -250,10 +256,12 @@ QString CPersonnelInfoUI::FailurePrefix() const
     return m_mode == Mode::Add ? Text::tr("Failed to add person") : Text::tr("Failed to modify user");
 }
 
-void CPersonnelInfoUI::OnCancelClicked()
+void CPersonnelInfoUI::Leave()
 {
+    const QPointer<QWidget> guard(this);
     if (IsDirty()
-        && !Common::AskPrompt(this, Text::tr("Current page data are changed, are you sure to leave?")))
+        && (!Common::AskPrompt(this, Text::tr("Current page data are changed, are you sure to leave?"))
+            || !guard))
         return;
     m_calls.ForgetAll();
     m_bBusy = false;
@@ -265,7 +273,7 @@ void CPersonnelInfoUI::OnCancelClicked()
 void CPersonnelInfoUI::keyPressEvent(QKeyEvent* pEvent)
 {
     if (pEvent->key() == Qt::Key_Escape)
-        OnCancelClicked();
+        Leave();
     else
         QWidget::keyPressEvent(pEvent);
 }

@@ -41,6 +41,8 @@ public:
 
     /// Something was entered and is not saved.
     bool IsDirty() const;
+    /// Goes back (SignalBack); asks first when something would be lost.
+    void Leave();
 
 Q_SIGNALS:
     /// The user is done with the editor.
@@ -94,7 +96,6 @@ private:
     void OnSaved(const Param& param, const Person& sent, bool bContinue);
     void ShowRefusal(const Param& param, const Person& sent);
     void ShowClashes(const Param& param, const Person& sent);
-    void OnCancelClicked();
     void SetBusy(bool bBusy);
     void ScrollToFocus();
     QString FailurePrefix() const;

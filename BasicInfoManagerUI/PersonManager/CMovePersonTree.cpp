@@ -9,7 +9,6 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScreen>
-#include <QStyle>
 #include <QVBoxLayout>
 
 namespace BasicInfoManagerUI {
@@ -40,11 +39,7 @@ CMovePersonTree::CMovePersonTree(QWidget* pParent)
         m_pChoice->GetTree(), &Common::CSearchTreeView::Restore);
     auto* pButtons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     pButtons->setObjectName(QStringLiteral("buttonBoxMove"));
-    QPushButton* const pOk = pButtons->button(QDialogButtonBox::Ok);
-    pOk->setProperty("role", QStringLiteral("primary"));
-    // The box has polished its buttons already.
-    pOk->style()->unpolish(pOk);
-    pOk->style()->polish(pOk);
+    Common::SetButtonRole(pButtons->button(QDialogButtonBox::Ok), QStringLiteral("primary"));
     auto* pLayout = new QVBoxLayout(this);
     pLayout->setContentsMargins(8, 8, 8, 8);
     pLayout->addWidget(m_pChoice);

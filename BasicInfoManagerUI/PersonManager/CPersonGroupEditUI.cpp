@@ -10,6 +10,8 @@
 #include <common/Prompt.h>
 #include <common/StyleSheet.h>
 
+#include <QPointer>
+
 namespace BasicInfoManagerUI {
 
 using AccessControlLogical::Department_t;
@@ -92,6 +94,7 @@ void CPersonGroupEditUI::ShowRecord()
     m_pUi->m_pCmbParent->SetCode(QString::fromStdString(m_loaded.sParentCode));
     m_pUi->m_pEditGroupName->setText(QString::fromStdString(m_loaded.sName));
     m_pUi->m_pEditRemark->setText(QString::fromStdString(m_loaded.sRemark));
+    m_baseline = GetEdited();
     m_pUi->m_pEditGroupName->GetLineEdit()->setFocus();
     UpdateButtons();
 }
@@ -127,6 +130,13 @@ Department_t CPersonGroupEditUI::GetEdited() const
 void CPersonGroupEditUI::accept()
 {
     Save(false);
+}
+
+void CPersonGroupEditUI::reject()
+{
+    const QPointer<CPersonGroupEditUI> guard(this);
+    if (GetEdited() == m_baseline || (Common::AskPrompt(this, Text::tr("Are you sure to cancel?")) && guard))
+        QDialog::reject();
 }
 
 void CPersonGroupEditUI::Save(bool bAddPerson)

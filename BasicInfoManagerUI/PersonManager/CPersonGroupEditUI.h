@@ -28,6 +28,8 @@ public:
     void BeginModify(const AccessControlLogical::Department_t& department);
 
     void accept() override;
+    /// Asks first when something was changed.
+    void reject() override;
 
 Q_SIGNALS:
     /// The server took the change; bAddPerson: a person is to be added to the group next.
@@ -46,6 +48,7 @@ private:
 
     std::unique_ptr<Ui::CPersonGroupEditUI> m_pUi;
     AccessControlLogical::Department_t m_loaded; ///< without a code: a new group
+    AccessControlLogical::Department_t m_baseline; ///< the same as the fields show it
     bool m_bSaving = false;
     Common::CSession m_session;
     Common::CCalls<AccessControlLogical::IDepartmentManagerObserver> m_calls;

@@ -1,39 +1,34 @@
 #pragma once
 
-#include <common/CPage.h>
+#include <common/CListPage.h>
 
-#include <memory>
+class QCheckBox;
+class QLabel;
 
-class QAbstractButton;
-namespace Ui {
-class CPersonManagerCtrl;
+namespace VxGUI {
+class VxSearchBox;
 }
-namespace UICommonMdl {
-class CDepartmentModel;
-class ILocalConfig;
-} // namespace UICommonMdl
 
 namespace BasicInfoManagerUI {
 
 class CBatchIssueCard;
-class CPersonGroupEditUI;
+class CPersonGroupPane;
 class CPersonnelBatchAuthorizeUI;
 class CPersonnelInfoUI;
+class CPersonnelListView;
 
 /// The person page: tree of person groups, paged list of persons, and the operations on them.
 /// User-interface thread.
-class CPersonManagerCtrl : public Common::CPage
+class CPersonManagerCtrl : public Common::CListPage
 {
     Q_OBJECT
 
 public:
-    using PersonParam = AccessControlLogical::IPersonManagerObserver::Param;
-    using DepartmentParam = AccessControlLogical::IDepartmentManagerObserver::Param;
+    using Param = AccessControlLogical::IPersonManagerObserver::Param;
 
-    /// pInterfaceSet is borrowed and outlives the page. A manager that it lacks leaves its part of the page
-    /// in the failed state.
+    /// pInterfaceSet is borrowed and outlives the page's work. A manager that it lacks leaves its part of the
+    /// page in the failed state.
     explicit CPersonManagerCtrl(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent = nullptr);
-    ~CPersonManagerCtrl() override;
 
 Q_SIGNALS:
     void SgnFirstQueryPersonList();
@@ -42,87 +37,74 @@ protected:
     void keyPressEvent(QKeyEvent* pEvent) override;
 
 private:
+    /// Persons that are deleted or moved, in pieces of what the server takes at once.
+    struct Batch
+    {
+        QStringList listLeft; ///< not yet sent
+        QString sGroupCode; ///< where they move; empty: they are deleted
+        QString sFailure; ///< begins the message of a failure
+        QStringList listFailures; ///< a line each
+    };
+
+    void Query() override;
+    void QueryAll() override;
+    bool IsFiltered() const override { return !m_sSearchKey.isEmpty(); }
     void OnConnectionChanged(bool bConnected) override;
     void OnRightsChanged() override;
 
     // Building the page.
-    void SetUpTree();
+    QWidget* MakeTitle();
+    void SetUpGroups();
     void SetUpToolBar();
-    void SetUpList();
+    void AddDeleteAction(const QVector<Common::Need>& vecNeeds);
+    void SetUpSearch();
     void SetUpPages();
-    void SetUpShortcuts();
-    void SetUpObservers();
-    void RestoreLayout();
+    void SetUpTabOrder();
 
-    // Pushes.
-    void OnQueryTimer();
-    void QueryLater(bool bDepartments);
-
-    // Queries.
-    void OnFirsQueryPersonList();
-    void QueryAll();
-    void QueryDepartments();
-    void OnDepartmentModelFinish();
-    void ShowTreeState(int nErrorCode);
-    void QueryFirstPage();
-    void QueryCurrentPage();
-    void OnPersonList(const PersonParam& param);
-    void ShowListState(int nErrorCode);
-    AccessControlLogical::PersonPageRequest_t MakeRequest() const;
-
-    // Person groups.
-    QString GetGroupCode() const;
-    void OnGroupChanged();
-    void OnBtnAddOrgClicked();
-    void OnBtnModifyOrgClicked();
-    void OnBtnDelOrgClicked();
-    void OpenGroupEditor(CPersonGroupEditUI* pDialog);
+    void OnFirsQueryPersonList() { Start(); }
+    void ShowGroupName();
     void OnGroupSaved(const QString& sCode, bool bAddPerson);
-    void OnGroupDeleted(const QString& sParentCode, int nErrorCode);
+    /// Nobody of that group is checked any more, except those.
+    void ForgetGroup(const QString& sGroupCode, bool bSubGroups, const QStringList& listLeft = {});
 
     // Persons.
     void OnOperation(int nRole, const QString& sPersonId);
-    void OnBtnAbnormalClicked(const QString& sPersonId, const QString& sPersonName);
+    void OnBtnAbnormalClicked(const QString& sPersonId);
     void OnBtnDelClicked();
     void OnDeleteAllClicked();
+    void OnAllDeleted(const Param& param, const QString& sGroupCode, bool bSubGroups);
     void DeletePersons(const QStringList& listIds);
-    /// What was sent for several persons is answered: shows what failed and queries the list again.
-    void OnBatchAnswer(const PersonParam& param, const QString& sFailure);
-    void MovePersons(const QStringList& listIds, const QWidget* pBelow);
+    void MovePersons(const QStringList& listIds);
     void OnMoveConfirmed(const QStringList& listIds, const QString& sGroupCode);
+    void SendNext(const Batch& batch);
+    void OnBatchAnswer(const Param& param, const QStringList& listSent, Batch batch);
+    /// The end of a batch: the list anew, and what failed.
+    void ShowOutcome(const QString& sFailure, const QStringList& listFailures, int nErrorCode);
     void ReissuePerson(const QString& sPersonId);
     void ShowHistory(const QString& sPersonId);
     void ShowQrCode(const QString& sPersonId);
-    /// The checked persons; tells when there is none.
-    QStringList GetCheckedIds();
-    void UpdateButtons();
-    bool MayChange() const;
 
     // The pages over the list.
     void OnBtnAddClicked();
     void OnBtnBatchIssueCardClicked();
     void OnBtnBatchAuthorizeClicked();
-    void ShowPage(QWidget* pPage);
-    void ShowList();
-    bool IsPageDirty() const;
+    void OnPageDone(bool bChanged);
     void LeavePage();
 
-    void ShowSelectGroup();
-
-    UICommonMdl::ILocalConfig* m_pLocalConfig;
-    UICommonMdl::CDepartmentModel* m_pDepartments;
-    std::unique_ptr<Ui::CPersonManagerCtrl> m_pUi;
-    CPersonnelInfoUI* m_pEditor = nullptr;
-    CBatchIssueCard* m_pIssueCard = nullptr;
-    CPersonnelBatchAuthorizeUI* m_pAuthorize = nullptr;
+    CPersonGroupPane* m_pGroups;
+    CPersonnelListView* m_pList;
+    QLabel* m_pGroupName;
+    QCheckBox* m_pSubGroups;
+    VxGUI::VxSearchBox* m_pSearch;
+    CPersonnelInfoUI* m_pEditor;
+    CBatchIssueCard* m_pIssueCard;
+    CPersonnelBatchAuthorizeUI* m_pAuthorize;
 
     QString m_sSearchKey;
-    QString m_sSelectAfterQuery; ///< group to select once the tree shows it
+    bool m_bGroupsStale = false; ///< the next query asks for the tree too
     Common::CCalls<AccessControlLogical::IPersonManagerObserver> m_calls;
     Common::CCalls<AccessControlLogical::IPersonManagerObserver> m_reissueCalls; ///< devices take their time
-    Common::CCalls<AccessControlLogical::IDepartmentManagerObserver> m_groupCalls;
-    QTimer m_queryTimer; ///< gathers pushes into one query
-    bool m_bDepartmentsStale = false;
+    Common::CCalls<AccessControlLogical::IDepartmentManagerObserver> m_groupPushes;
 };
 
 } // namespace BasicInfoManagerUI

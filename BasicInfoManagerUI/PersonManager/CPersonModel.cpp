@@ -20,14 +20,18 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CPersonManagerCtrl)
 };
 
+constexpr int NameMinimum = 140; ///< enough to tell most people apart
+constexpr int GroupMinimum = 100;
+
 QVector<Common::Column> MakeColumns()
 {
     using Width = Common::ColumnWidth;
     constexpr int NotSorted = Common::Column::NotSorted;
     return {{QString(), true, Width::Fixed}, {Text::tr("Photo")}, {Text::tr("ID")},
-        {Text::tr("Name"), true, Width::Stretch, NotSorted, false}, {Text::tr("Gender")},
-        {Text::tr("Person Type")}, {Text::tr("Group"), true, Width::Stretch}, {Text::tr("Telephone")},
-        {Text::tr("Cards")}, {Text::tr("Fingerprints")}, {Text::tr("Plate No."), true, Width::Text},
+        {Text::tr("Name"), true, Width::Stretch, NotSorted, false, NameMinimum}, {Text::tr("Gender")},
+        {Text::tr("Person Type")}, {Text::tr("Group"), true, Width::Stretch, NotSorted, true, GroupMinimum},
+        {Text::tr("Telephone")}, {Text::tr("Cards")}, {Text::tr("Fingerprints")},
+        {Text::tr("Plate No."), true, Width::Text},
         {Text::tr("Operation"), true, Width::Content, NotSorted, false}};
 }
 
@@ -46,6 +50,7 @@ CPersonModel::CPersonModel(QObject* pParent)
     , m_pPhotos(new CPersonPhotos(qRound(PhotoSide * qGuiApp->devicePixelRatio()), this))
     , m_noPhotoIcon(Trv::GetIcon(QStringLiteral("no-photo")))
 {
+    KeepChecks(PersonColumnName);
     connect(m_pPhotos, &CPersonPhotos::SignalPicture, this, &CPersonModel::OnPicture);
 }
 
@@ -63,6 +68,7 @@ void CPersonModel::SetPersons(const std::vector<PersonInfo_t>& vecPersons)
             MakeItem(QString::fromStdString(person.sTelephone)), MakeItem(QString::number(person.nCards)),
             MakeItem(QString::number(person.nFingerprints)), MakeItem(PlatesText(person.sPlates)),
             MakeItem()};
+        row.first()->setData(QVariant::fromValue(person), KeptRole);
         const QPixmap picture = m_pPhotos->GetPicture(sUrl);
         row[PersonColumnPhoto]->setIcon(picture.isNull() ? m_noPhotoIcon : QIcon(picture));
         vecRows.append(row);
@@ -91,8 +97,9 @@ const PersonInfo_t* CPersonModel::FindPerson(const QString& sId) const
 std::vector<PersonInfo_t> CPersonModel::GetCheckedPersons() const
 {
     std::vector<PersonInfo_t> vecPersons;
-    for (const QString& sId : GetCheckedIds())
-        vecPersons.push_back(*FindPerson(sId));
+    const QVector<Common::CheckedItem> vecChecked = GetChecked();
+    for (const Common::CheckedItem& checked : vecChecked)
+        vecPersons.push_back(checked.vData.value<PersonInfo_t>());
     return vecPersons;
 }
 

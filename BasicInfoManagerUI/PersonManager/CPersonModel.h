@@ -5,6 +5,8 @@
 
 #include <QIcon>
 
+Q_DECLARE_METATYPE(AccessControlLogical::PersonInfo_t)
+
 namespace BasicInfoManagerUI {
 
 class CPersonPhotos;
@@ -26,7 +28,7 @@ enum PersonColumn : int
     PersonColumnCount
 };
 
-/// One page of persons.
+/// One page of persons. What is checked on other pages stays checked.
 class CPersonModel : public Common::CTableModel
 {
     Q_OBJECT
@@ -40,6 +42,7 @@ public:
     void SetPersons(const std::vector<AccessControlLogical::PersonInfo_t>& vecPersons);
     /// Null when the page has no such person. Valid until the next change.
     const AccessControlLogical::PersonInfo_t* FindPerson(const QString& sId) const;
+    /// Those of this page first; the others as they were seen last.
     std::vector<AccessControlLogical::PersonInfo_t> GetCheckedPersons() const;
 
 private:

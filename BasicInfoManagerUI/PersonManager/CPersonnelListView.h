@@ -29,6 +29,8 @@ public:
 
     CPersonModel* GetPersons() const { return m_pModel; }
     void SetPersons(const std::vector<AccessControlLogical::PersonInfo_t>& vecPersons);
+    /// Whether persons may be changed; otherwise rows offer to be looked at only.
+    void SetChangeable(bool bChangeable);
 
 Q_SIGNALS:
     /// nRole: a RowRole other than RoleAbnormal.
@@ -37,11 +39,13 @@ Q_SIGNALS:
 
 protected:
     bool IsOffered(const QModelIndex& index, int nRole) const override;
+    bool IsInMenu(const QModelIndex& index, int nRole) const override;
     void RaiseOperation(int nRole, const QModelIndex& index) override;
     void OpenRow(const QModelIndex& index) override;
 
 private:
     CPersonModel* m_pModel;
+    bool m_bChangeable = true;
 };
 
 } // namespace BasicInfoManagerUI

@@ -126,7 +126,7 @@ TEST_F(PersonGroups, TheLevelLimitIsKept)
     SelectGroup("L9");
     Click("m_btnAddOrg");
     EXPECT_TRUE(Dialog());
-    Dialog()->reject();
+    Press("m_pBtnCancel");
 }
 
 TEST_F(PersonGroups, EditingMovesTheGroupButNotUnderItself)
@@ -159,6 +159,40 @@ TEST_F(PersonGroups, EditingMovesTheGroupButNotUnderItself)
     EXPECT_TRUE(DialogNotice().startsWith(QStringLiteral("Failed to modify person group: ")));
     EXPECT_EQ(pParent->GetCode(), QStringLiteral("1002")) << "the input stays";
     EXPECT_EQ(Sent("QueryDepartmentTree"), nTrees + 1);
+}
+
+TEST_F(PersonGroups, CancelAsksOnlyWhenSomethingWasChanged)
+{
+    const auto cancels = [](const char* pszWay, CPersonGroupEditUI* pDialog) {
+        if (QLatin1String(pszWay) == QLatin1String("Esc"))
+            QTest::keyClick(pDialog, Qt::Key_Escape);
+        else if (QLatin1String(pszWay) == QLatin1String("window"))
+            pDialog->close();
+        else
+            QTest::mouseClick(
+                pDialog->findChild<QPushButton*>(QStringLiteral("m_pBtnCancel")), Qt::LeftButton);
+        PageDriver::Settle();
+    };
+    Open();
+    SelectGroup("1001");
+    for (const char* const pszOpener : {"m_btnAddOrg", "m_btnModifyOrg"}) {
+        for (const char* const pszWay : {"button", "Esc", "window"}) {
+            SCOPED_TRACE(testing::Message() << pszOpener << " " << pszWay);
+            Click(pszOpener);
+            cancels(pszWay, Dialog());
+            EXPECT_FALSE(Dialog()) << "nothing was changed";
+            Click(pszOpener);
+            Type("m_pEditRemark", QStringLiteral("third floor"));
+            m_dialogs.AnswerNext(false);
+            cancels(pszWay, Dialog());
+            ASSERT_TRUE(Dialog());
+            EXPECT_EQ(m_dialogs.Shown().last(), QStringLiteral("Prompt: Are you sure to cancel?"));
+            EXPECT_EQ(Field<VxGUI::VxLineEdit>("m_pEditRemark")->text(), QStringLiteral("third floor"));
+            m_dialogs.AnswerNext(true);
+            cancels(pszWay, Dialog());
+            EXPECT_FALSE(Dialog());
+        }
+    }
 }
 
 TEST_F(PersonGroups, AParentThatIsGoneMustBeChosenAnew)
@@ -201,6 +235,7 @@ TEST_F(PersonGroups, TimeOutAndLostConnectionEndTheWait)
     m_host.remote.PushConnected(false);
     PageDriver::Settle();
     EXPECT_FALSE(Field("m_pBtnAdd")->isEnabled());
+    EXPECT_TRUE(Field("m_pEditGroupName")->isEnabled()) << "the tree is disabled, not its dialog";
     EXPECT_EQ(Field<VxGUI::VxLineEdit>("m_pEditGroupName")->text(), QStringLiteral("Welding"));
     m_host.remote.PushConnected(true);
     PageDriver::Settle();
@@ -224,6 +259,7 @@ TEST_F(PersonGroups, DeletingAsksAndGoesToTheParent)
     EXPECT_EQ(m_dialogs.LastText(),
         QStringLiteral("Are you sure you want to delete the person group? After deletion, the people in this "
                        "group and sub group(s) will be deleted."));
+    EXPECT_EQ(m_dialogs.LastDetails(), QStringLiteral("Testing"));
     EXPECT_EQ(m_host.access.departments.LastArgument<std::string>("DeleteDepartment"), "1003");
     Answer("DeleteDepartment", UICommonMdl::ErrorServerBusy);
     EXPECT_EQ(

@@ -108,6 +108,19 @@ protected:
         m_pDriver->ClickAt(List(), button.center());
         PageDriver::Settle();
     }
+    /// The places of the buttons that the row has.
+    std::vector<int> OfferedButtons(const char* pszId)
+    {
+        const QModelIndex index = RowOf(pszId).siblingAtColumn(BasicInfoManagerUI::PersonColumnOperation);
+        const auto* pButtons = List()->findChild<Common::CRowButtonDelegate*>(QStringLiteral("rowButtons"));
+        std::vector<int> vecPlaces;
+        for (int nButton = 0; nButton < 7; ++nButton) {
+            if (!pButtons->GetButtonRect(List()->visualRect(index), List()->fontMetrics(), nButton, index)
+                     .isNull())
+                vecPlaces.push_back(nButton);
+        }
+        return vecPlaces;
+    }
     void Trigger(const QString& sMenu, const QString& sText)
     {
         auto* pMenu = m_pPage->findChild<QMenu*>(sMenu);

@@ -1,6 +1,7 @@
 #include "PersonPageFixture.h"
 
 #include <Credentials/CBatchIssueCard.h>
+#include <PersonEdit/CPersonBatchSelectUI.h>
 #include <PersonEdit/CPersonnelBatchAuthorizeUI.h>
 #include <PersonEdit/CPersonnelInfoUI.h>
 #include <PersonManager/CMovePersonTree.h>
@@ -91,7 +92,8 @@ TEST_F(PersonPage, ListStatesAreTold)
         m_host.access.persons.FailAlways("QueryPersonList", c.nErrorCode);
         Open();
         EXPECT_EQ(m_pDriver->Find<VxGUI::VxEmptyState>(QStringLiteral("wgtListState"))->GetKind(), c.kind);
-        EXPECT_TRUE(Notice().startsWith(QStringLiteral("Failed to search for people list: ")));
+        EXPECT_EQ(Notice().startsWith(QStringLiteral("Failed to search for people list: ")),
+            c.nErrorCode != UICommonMdl::ErrorNoRight);
         EXPECT_FALSE(IsUsable("m_btnDel"));
         Close();
     }
@@ -125,6 +127,8 @@ TEST_F(PersonPage, DeletingTakesTheCheckedOnesAfterTheQuestion)
             "in the group and the related permissions will be deleted."));
     EXPECT_EQ(m_host.access.persons.Count("DeletePersons"), 0);
 
+    EXPECT_EQ(m_dialogs.LastDetails(), QStringLiteral("Person 1\nPerson 4"));
+
     m_dialogs.AnswerNext(true);
     Click("m_btnDel");
     EXPECT_EQ(m_host.access.persons.LastArgument<Ids>("DeletePersons"), (Ids{"101", "104"}));
@@ -136,6 +140,106 @@ TEST_F(PersonPage, DeletingTakesTheCheckedOnesAfterTheQuestion)
     PageDriver::Settle();
     EXPECT_TRUE(m_dialogs.Shown().last().contains(QStringLiteral("Failed to delete person")));
     EXPECT_EQ(Queries(), nQueries + 1);
+    EXPECT_EQ(List()->GetPersons()->GetCheckedIds(), QStringList{QStringLiteral("104")}) << "still there";
+}
+
+TEST_F(PersonPage, ABatchReachesTheCheckedOnesOfAllPagesAndNamesThem)
+{
+    const ExpectWarning popUp(PopUpWarning);
+    Open();
+    Check("101");
+    for (int n = 0; n < 6; ++n)
+        m_host.access.vecPersons[std::size_t(n)].sPersonId = std::to_string(201 + n);
+    Click("btnNextPage");
+    Check("203");
+    SelectGroup("1002");
+    m_dialogs.AnswerNext(false);
+    Click("m_btnDel");
+    EXPECT_EQ(m_dialogs.LastDetails(), QStringLiteral("Person 3\nPerson 1"));
+    Click("btnMoveTo");
+    auto* const pGroups = MoveTree()->findChild<Common::CTreeChoice*>()->GetTree();
+    m_pDriver->ClickIndex(pGroups, pGroups->FindCode(QStringLiteral("1003")));
+    Confirm(MoveTree());
+    EXPECT_EQ((m_host.access.persons.LastArgument<std::pair<Ids, std::string>>("MovePersons")),
+        (std::pair<Ids, std::string>(Ids{"203", "101"}, "1003")));
+    Click("m_btnBatchIssuCard");
+    const auto* const pCards =
+        CurrentPage()->findChild<QTreeView*>(QStringLiteral("tableIssueCard"))->model();
+    ASSERT_EQ(pCards->rowCount(), 2);
+    QTest::keyClick(m_pPage.get(), Qt::Key_Escape);
+    Click("btnBatchAuthorize");
+    EXPECT_EQ(CurrentPage()->findChild<CPersonBatchSelectUI*>()->GetPersonIds(), (Ids{"203", "101"}));
+}
+
+TEST_F(PersonPage, WhatIsTooMuchForOneRequestGoesInPieces)
+{
+    m_host.access.vecPersons.clear();
+    for (int n = 0; n < 1200; ++n) {
+        PersonInfo_t person;
+        person.sPersonId = std::to_string(5000 + n);
+        m_host.access.vecPersons.push_back(person);
+    }
+    Open();
+    m_host.access.vecPersons.erase(m_host.access.vecPersons.begin() + 6, m_host.access.vecPersons.end());
+    List()->GetPersons()->SetAllChecked(true);
+    const auto answer = [&](int nErrorCode, const char* pszFailed) {
+        m_host.access.persons.Answer(
+            m_host.access.persons.Last("DeletePersons"), [&](const FakeCall&, PersonParam& param) {
+                param.nErrorCode = nErrorCode;
+                if (pszFailed)
+                    param.vecFailed = {{pszFailed, "Somebody", UICommonMdl::ErrorReferenced, {}}};
+            });
+        PageDriver::Settle();
+    };
+    m_dialogs.AnswerNext(true);
+    Click("m_btnDel");
+    EXPECT_EQ(m_host.access.persons.LastArgument<Ids>("DeletePersons").size(), PersonBatchLimit);
+    answer(UICommonMdl::ErrorNone, "5003");
+    EXPECT_EQ(m_host.access.persons.LastArgument<Ids>("DeletePersons").size(), 200u);
+    EXPECT_EQ(m_dialogs.Shown().size(), 1) << "told at the end";
+    answer(UICommonMdl::ErrorServerBusy, nullptr);
+    EXPECT_TRUE(Notice().startsWith(QStringLiteral("Failed to delete person: ")));
+    EXPECT_TRUE(m_dialogs.LastDetails().startsWith(QStringLiteral("Somebody (5003): ")));
+    EXPECT_EQ(List()->GetPersons()->GetCheckedCount(), 201) << "what was not deleted can be tried again";
+    EXPECT_EQ(m_host.access.persons.Count("DeletePersons"), 2);
+}
+
+TEST_F(PersonPage, WithoutTheRightPersonsAndGroupsAreLookedAtOnly)
+{
+    m_host.user.setMissing = {"002003001"};
+    Open();
+    SelectGroup("1001");
+    Check("102");
+    for (const char* pszName : {"m_btnAdd", "m_btnDel", "m_btnBatchIssuCard", "btnMoveTo",
+             "btnBatchAuthorize", "m_btnAddOrg", "m_btnModifyOrg", "m_btnDelOrg"}) {
+        EXPECT_FALSE(IsUsable(pszName)) << pszName;
+        EXPECT_EQ(m_pDriver->Find(QLatin1String(pszName))->toolTip(),
+            QStringLiteral("You have no permission to change persons."))
+            << pszName;
+    }
+    EXPECT_FALSE(m_pPage->findChild<QMenu*>(QStringLiteral("menuDelete"))->actions().first()->isEnabled());
+    m_pDriver->Key(QStringLiteral("m_pTreeWnd"), Qt::Key_F2);
+    EXPECT_FALSE(m_pPage->findChild<QDialog*>(QStringLiteral("CPersonGroupEditUI")));
+    EXPECT_EQ(OfferedButtons("102"), (std::vector<int>{2, 4, 5, 6})) << "history, QR code, report, details";
+    m_pDriver->ClickIndex(List(), RowOf("102"));
+    for (const auto key : {Qt::Key_F2, Qt::Key_Delete})
+        m_pDriver->Key(QStringLiteral("m_pPersonnelListView"), key);
+    EXPECT_EQ(CurrentPage()->objectName(), QStringLiteral("pagePersons"));
+    EXPECT_TRUE(m_dialogs.Shown().isEmpty());
+    m_pDriver->Key(QStringLiteral("m_pPersonnelListView"), Qt::Key_Return);
+    PageDriver::Settle();
+    const auto* const pEdit = CurrentPage()->findChild<QPushButton*>(QStringLiteral("m_pBtnEdit"));
+    EXPECT_TRUE(pEdit->isVisible() && !pEdit->isEnabled()) << "its details";
+    // The right comes while the page is open.
+    m_host.user.setMissing.clear();
+    FakeUserManager::LoginObserver::Param param;
+    param.nResultCode = FakeUserManager::LoginObserver::ResultRightsChanged;
+    m_host.user.login.Send(param);
+    PageDriver::Settle();
+    EXPECT_TRUE(pEdit->isEnabled());
+    QTest::keyClick(m_pPage.get(), Qt::Key_Escape);
+    EXPECT_TRUE(IsUsable("btnMoveTo") && IsUsable("m_btnDelOrg"));
+    EXPECT_EQ(OfferedButtons("102"), (std::vector<int>{0, 1, 2, 3, 4, 5}));
 }
 
 TEST_F(PersonPage, DeleteAllTakesTheGroupAndWhetherItsSubGroupsToo)
@@ -145,9 +249,14 @@ TEST_F(PersonPage, DeleteAllTakesTheGroupAndWhetherItsSubGroupsToo)
     EXPECT_EQ(pMenu->height(), 34);
     Trigger(QStringLiteral("menuDelete"), QStringLiteral("Delete All"));
     EXPECT_EQ(Notice(), QStringLiteral("Please select a person group."));
+    m_host.access.vecPersons[5].sGroupCode = "1002";
+    m_host.access.vecPersons[4].sGroupCode = "1003";
     SelectGroup("1001");
+    for (const char* const pszId : {"101", "105", "106"})
+        Check(pszId);
     m_dialogs.AnswerNext(true);
     Trigger(QStringLiteral("menuDelete"), QStringLiteral("Delete All"));
+    EXPECT_EQ(m_dialogs.LastDetails(), QStringLiteral("Engineering"));
     EXPECT_EQ(m_dialogs.Shown().last(),
         QStringLiteral(
             "Prompt: Are you sure you want to delete all persons? After deletion, all group members "
@@ -157,6 +266,13 @@ TEST_F(PersonPage, DeleteAllTakesTheGroupAndWhetherItsSubGroupsToo)
     m_host.access.persons.Fail(m_host.access.persons.Last("DeleteAllPersons"), UICommonMdl::ErrorServerBusy);
     PageDriver::Settle();
     EXPECT_TRUE(Notice().startsWith(QStringLiteral("Failed to delete person: ")));
+    EXPECT_EQ(List()->GetPersons()->GetCheckedCount(), 3);
+    m_dialogs.AnswerNext(true);
+    Trigger(QStringLiteral("menuDelete"), QStringLiteral("Delete All"));
+    m_host.access.persons.Answer(m_host.access.persons.Last("DeleteAllPersons"), {});
+    PageDriver::Settle();
+    EXPECT_EQ(List()->GetPersons()->GetCheckedIds(), QStringList{QStringLiteral("106")})
+        << "of another group";
 }
 
 TEST_F(PersonPage, MovingAsksForTheGroup)
@@ -311,34 +427,19 @@ TEST_F(PersonPage, PushesAreGatheredIntoOneQueryThatKeepsTheChecks)
     PageDriver::WaitFor([&] { return m_host.access.departments.Count("QueryDepartmentTree") > nTrees; });
 }
 
-TEST_F(PersonPage, ALostConnectionKeepsTheRowsAndStopsTheWork)
+TEST_F(PersonPage, TheTabKeyGoesFromTheGroupsOverTheToolsToTheListAndOut)
 {
     Open();
+    SelectGroup("1001");
     Check("102");
-    m_host.remote.PushConnected(false);
-    PageDriver::Settle();
-    for (const char* pszName : {"m_btnAdd", "m_btnDel", "btnMoveTo", "m_pSearchPerson", "m_pTreeWnd"})
-        EXPECT_FALSE(IsUsable(pszName)) << pszName;
-    EXPECT_EQ(List()->model()->rowCount(), 6);
-    m_pDriver->Screenshot(QStringLiteral("persons-disconnected"));
-    const int nQueries = Queries();
-    m_host.remote.PushConnected(true);
-    PageDriver::Settle();
-    EXPECT_EQ(Queries(), nQueries + 1);
-    EXPECT_TRUE(IsUsable("btnMoveTo")) << "the check is still there";
-}
-
-TEST_F(PersonPage, AnswersAfterTheEndAreDropped)
-{
-    Open();
-    m_host.access.persons.Hold("QueryPersonList");
-    Click("btnRefresh");
-    m_pPage->UninitUI();
-    EXPECT_EQ(m_host.access.departments.ObserverCount(), 1u) << "the shared model's own";
-    m_host.access.persons.Fail(m_host.access.persons.Last("QueryPersonList"), UICommonMdl::ErrorInternal);
-    PageDriver::Settle();
-    EXPECT_EQ(List()->model()->rowCount(), 6);
-    Close();
-    m_host.access.departments.Send({});
-    PageDriver::Settle();
+    m_pDriver->Find(QStringLiteral("m_btnAddOrg"))->setFocus();
+    QStringList listWay;
+    while (listWay.size() < 30 && !listWay.contains(QApplication::focusWidget()->objectName())) {
+        listWay.append(QApplication::focusWidget()->objectName());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_EQ(listWay.mid(0, 15).join(QLatin1Char(' ')).toStdString(),
+        "m_btnAddOrg m_btnModifyOrg m_btnDelOrg m_pSearchOrg m_pTreeWnd cbContainSub m_btnAdd m_btnDel "
+        "m_btnBatchIssuCard btnMoveTo btnBatchAuthorize btnRefresh m_pSearchPerson m_pPersonnelListView "
+        "btnClearChecks");
 }
