@@ -23,6 +23,12 @@ bool AskPrompt(QWidget* pParent, const QString& sText)
     return VxGUI::VxDialogService::Current()->Question(pParent, Text::tr("Prompt"), sText);
 }
 
+bool AskCancel(QWidget* pEditor, bool bChanged)
+{
+    const QPointer<QWidget> guard(pEditor);
+    return !bChanged || (AskPrompt(pEditor, Text::tr("Are you sure to cancel?")) && guard);
+}
+
 bool AskDelete(QWidget* pParent, const QString& sQuestion, const QStringList& listNames)
 {
     // The parent may take the dialog along.

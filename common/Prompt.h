@@ -12,6 +12,9 @@ struct Failure;
 
 /// A question titled "Prompt" with OK and Cancel; true for OK.
 bool AskPrompt(QWidget* pParent, const QString& sText);
+/// Whether an editor may drop what is entered: nothing is changed, or the user says so. False also when the
+/// editor is gone meanwhile.
+bool AskCancel(QWidget* pEditor, bool bChanged);
 /// As AskPrompt, for a deletion: names what goes, and Enter at once does not delete it.
 bool AskDelete(QWidget* pParent, const QString& sQuestion, const QStringList& listNames);
 /// Lists what failed in a batch, each refusal once. Comes back when the list is closed; pParent may be gone

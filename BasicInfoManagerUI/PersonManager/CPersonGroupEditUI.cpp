@@ -134,8 +134,7 @@ void CPersonGroupEditUI::accept()
 
 void CPersonGroupEditUI::reject()
 {
-    const QPointer<CPersonGroupEditUI> guard(this);
-    if (GetEdited() == m_baseline || (Common::AskPrompt(this, Text::tr("Are you sure to cancel?")) && guard))
+    if (Common::AskCancel(this, !(GetEdited() == m_baseline)))
         QDialog::reject();
 }
 

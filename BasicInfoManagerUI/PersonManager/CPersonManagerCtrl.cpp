@@ -113,7 +113,6 @@ CPersonManagerCtrl::CPersonManagerCtrl(UICommonMdl::CInterfaceSetManager* pInter
     SetUpToolBar();
     SetUpSearch();
     SetUpPages();
-    SetUpTabOrder();
     GetFrame()->Remember(pInterfaceSet->GetLocalConfig(), QStringLiteral("PersonManager"));
     connect(m_pList, &CPersonnelListView::SignalOperation, this, &CPersonManagerCtrl::OnOperation);
     connect(m_pList, &CPersonnelListView::SignalBtnAbnormalClicked, this,
@@ -236,27 +235,12 @@ void CPersonManagerCtrl::SetUpPages()
     connect(m_pAuthorize, &CPersonnelBatchAuthorizeUI::SignalBack, this, &CPersonManagerCtrl::OnPageDone);
 }
 
-void CPersonManagerCtrl::SetUpTabOrder()
-{
-    QVector<QWidget*> vecOrder;
-    for (const char* const pszName :
-        {"m_btnAddOrg", "m_btnModifyOrg", "m_btnDelOrg", "m_pSearchOrg", "m_pTreeWnd"})
-        vecOrder.append(m_pGroups->findChild<QWidget*>(QLatin1String(pszName)));
-    vecOrder.append(m_pSubGroups);
-    for (const char* const pszName :
-        {"m_btnAdd", "m_btnDel", "m_btnBatchIssuCard", "btnMoveTo", "btnBatchAuthorize", "btnRefresh"})
-        vecOrder.append(GetToolBar()->FindButton(QLatin1String(pszName)));
-    vecOrder += {GetToolBar()->findChild<QWidget*>(QStringLiteral("btnMore")), m_pSearch, m_pList};
-    for (int n = 1; n < vecOrder.size(); ++n)
-        setTabOrder(vecOrder[n - 1], vecOrder[n]);
-}
-
-void CPersonManagerCtrl::OnRightsChanged()
+void CPersonManagerCtrl::ApplyRights()
 {
     const bool bMayChange = HasRight(RightChangePersons);
     m_pList->SetChangeable(bMayChange);
     m_pGroups->SetObstacle(bMayChange ? QString() : Text::tr("You have no permission to change persons."));
-    CListPage::OnRightsChanged();
+    CListPage::ApplyRights();
 }
 
 void CPersonManagerCtrl::OnConnectionChanged(bool bConnected)
@@ -264,6 +248,12 @@ void CPersonManagerCtrl::OnConnectionChanged(bool bConnected)
     if (!bConnected)
         m_pGroups->ShowTreeState(UICommonMdl::ErrorDisconnected);
     CListPage::OnConnectionChanged(bConnected);
+}
+
+void CPersonManagerCtrl::ClearFilters()
+{
+    m_pSearch->clear();
+    m_sSearchKey.clear();
 }
 
 void CPersonManagerCtrl::QueryAll()

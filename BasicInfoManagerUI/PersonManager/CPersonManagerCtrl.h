@@ -49,8 +49,10 @@ private:
     void Query() override;
     void QueryAll() override;
     bool IsFiltered() const override { return !m_sSearchKey.isEmpty(); }
+    bool CanClearFilters() const override { return true; }
+    void ClearFilters() override;
     void OnConnectionChanged(bool bConnected) override;
-    void OnRightsChanged() override;
+    void ApplyRights() override;
 
     // Building the page.
     QWidget* MakeTitle();
@@ -59,7 +61,6 @@ private:
     void AddDeleteAction(const QVector<Common::Need>& vecNeeds);
     void SetUpSearch();
     void SetUpPages();
-    void SetUpTabOrder();
 
     void OnFirsQueryPersonList() { Start(); }
     void ShowGroupName();

@@ -50,7 +50,7 @@ CRoleManagerEditDlg::CRoleManagerEditDlg(UICommonMdl::CInterfaceSetManager* pInt
     SetUpFields();
     connect(m_pUi->btnEdit, &QAbstractButton::clicked, this, [this] { BeginModify(m_sRoleId); });
     connect(m_pUi->btnOk, &QAbstractButton::clicked, this, &CRoleManagerEditDlg::accept);
-    connect(m_pUi->btnCancel, &QAbstractButton::clicked, this, &CRoleManagerEditDlg::OnCancelClicked);
+    connect(m_pUi->btnCancel, &QAbstractButton::clicked, this, &CRoleManagerEditDlg::reject);
     connect(m_pUi->cmbCopyFrom, QOverload<int>::of(&QComboBox::activated), this,
         &CRoleManagerEditDlg::OnCopyChosen);
     connect(m_pUi->wgtRoleState, &VxGUI::VxEmptyState::SignalAction, this, &CRoleManagerEditDlg::QueryRole);
@@ -293,22 +293,10 @@ void CRoleManagerEditDlg::CloseBecauseGone()
     QDialog::reject();
 }
 
-void CRoleManagerEditDlg::OnCancelClicked()
-{
-    if (m_purpose == Purpose::Details || AskCancel())
-        QDialog::reject();
-}
-
 void CRoleManagerEditDlg::reject()
 {
-    if (!IsDirty() || AskCancel())
+    if (Common::AskCancel(this, IsDirty()))
         QDialog::reject();
-}
-
-bool CRoleManagerEditDlg::AskCancel()
-{
-    const QPointer<CRoleManagerEditDlg> guard(this);
-    return Common::AskPrompt(this, Text::tr("Are you sure to cancel?")) && guard;
 }
 
 void CRoleManagerEditDlg::OnConnectionChanged(bool bConnected)

@@ -66,8 +66,6 @@ private:
     bool CheckFields();
     UserLogical::RoleEdit_t GetEdited() const;
     bool IsDirty() const;
-    void OnCancelClicked();
-    bool AskCancel();
     void CloseBecauseGone();
     void OfferReload();
     void OnConnectionChanged(bool bConnected);

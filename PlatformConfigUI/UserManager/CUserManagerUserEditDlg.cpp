@@ -194,9 +194,7 @@ void CUserManagerUserEditDlg::Save()
 
 void CUserManagerUserEditDlg::reject()
 {
-    // There is nothing to lose where nothing is edited.
-    const bool bEditing = m_bLoaded && m_mode != Mode::Details;
-    if (!bEditing || Common::AskPrompt(this, Text::tr("Are you sure to cancel?")))
+    if (Common::AskCancel(this, IsDirty()))
         QDialog::reject();
 }
 

@@ -182,7 +182,7 @@ void CDevAdd::OnReturnPressed()
 
 void CDevAdd::OnCancelClicked()
 {
-    if (IsDirty() && !Common::AskPrompt(this, Text::tr("Are you sure to cancel?")))
+    if (!Common::AskCancel(this, IsDirty()))
         return;
     m_groupCalls.ForgetAll();
     SetBusy(false);

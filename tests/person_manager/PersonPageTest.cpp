@@ -92,8 +92,7 @@ TEST_F(PersonPage, ListStatesAreTold)
         m_host.access.persons.FailAlways("QueryPersonList", c.nErrorCode);
         Open();
         EXPECT_EQ(m_pDriver->Find<VxGUI::VxEmptyState>(QStringLiteral("wgtListState"))->GetKind(), c.kind);
-        EXPECT_EQ(Notice().startsWith(QStringLiteral("Failed to search for people list: ")),
-            c.nErrorCode != UICommonMdl::ErrorNoRight);
+        EXPECT_TRUE(Notice().startsWith(QStringLiteral("Failed to search for people list: ")));
         EXPECT_FALSE(IsUsable("m_btnDel"));
         Close();
     }

@@ -138,9 +138,13 @@ TEST_F(RoleDialog, ACopyThatFailsLeavesTheRights)
     EXPECT_EQ(Saved().role.vecMenuRights, (Names{"002", "002001", "002003", "002003001"}));
 }
 
-TEST_F(RoleDialog, CancelAsksAndKeepsTheInput)
+TEST_F(RoleDialog, CancelAsksWhenSomethingIsChangedAndKeepsTheInput)
 {
     OpenDialog("2");
+    Click("btnCancel");
+    EXPECT_FALSE(Dialog()) << "nothing is lost: no question";
+    OpenDialog("2");
+    Type("editRemark", QStringLiteral("x"));
     m_dialogs.AnswerNext(false);
     Click("btnCancel");
     ASSERT_TRUE(Dialog());

@@ -281,6 +281,9 @@ TEST_F(UserForm, LateAnswersOfAClosedDialogAreNotItsSuccessorsOnes)
     Press(Form(), "btnCancel");
     ASSERT_TRUE(Form()) << "not confirmed";
     EXPECT_EQ(Field(Form(), "edtUserName")->text(), QStringLiteral("dora"));
+    Fill("edtUserName", QString());
+    Press(Form(), "btnCancel");
+    EXPECT_FALSE(Form()) << "as it was opened: no question";
 }
 
 TEST_F(UserForm, DetailsAreReadAndCanBecomeEditing)

@@ -108,7 +108,6 @@ TEST_P(UserFormLook, ShowsItsTextsWhole)
         pPopup->close();
         PageDriver::Settle();
     }
-    m_dialogs.AnswerNext(true);
     Press(Form(), "btnCancel");
 
     OpenDetails("bob");
