@@ -29,6 +29,7 @@ CDiscoveryStrip::CDiscoveryStrip(QWidget* pPanel, UICommonMdl::ILocalConfig* pCo
     , m_pDiscover(new CVerticalButton(Text::tr("Discover Device"), this))
 {
     setObjectName(QStringLiteral("wgtExpand"));
+    setAttribute(Qt::WA_StyledBackground);
     m_pExpand->setObjectName(QStringLiteral("btnExpand"));
     m_pExpand->setAccessibleName(Text::tr("Fold or unfold the search panel"));
     m_pExpand->setCheckable(true);
