@@ -24,6 +24,7 @@
 #include <common/CListStatus.h>
 #include <common/DeviceCategory.h>
 
+#include <QAbstractButton>
 #include <QMovie>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -53,6 +54,24 @@ QWidget* MakePage(const QString& sName)
     auto* const pLayout = new QVBoxLayout(pPage);
     pLayout->setContentsMargins(0, 0, 0, 0);
     return pPage;
+}
+
+/// Tab goes through the parts as the eye does, not in the order in which they were made.
+void OrderTabs(QWidget* pTop, const QVector<QWidget*>& vecParts)
+{
+    QVector<QWidget*> vecChain;
+    for (QWidget* pNext = pTop->nextInFocusChain(); pNext != pTop; pNext = pNext->nextInFocusChain())
+        vecChain.append(pNext);
+    QWidget* pLast = nullptr;
+    for (QWidget* const pPart : vecParts) {
+        for (QWidget* const pWidget : qAsConst(vecChain)) {
+            if (pWidget->focusPolicy() == Qt::NoFocus || (pWidget != pPart && !pPart->isAncestorOf(pWidget)))
+                continue;
+            if (pLast)
+                QWidget::setTabOrder(pLast, pWidget);
+            pLast = pWidget;
+        }
+    }
 }
 
 } // namespace
@@ -206,8 +225,15 @@ void CDeviceManagerCtrl::SetUpDiscovery()
 {
     QWidget* const pPanel = MakePage(QStringLiteral("wgtDiscovery"));
     pPanel->layout()->addWidget(m_pDiscovery);
+    auto* const pStrip = new CDiscoveryStrip(pPanel, GetInterfaceSet()->GetLocalConfig());
     GetFrame()->AddPanel(pPanel, DiscoveryWidth);
-    GetFrame()->AddStrip(new CDiscoveryStrip(pPanel, GetInterfaceSet()->GetLocalConfig()));
+    GetFrame()->AddStrip(pStrip);
+    QVector<QWidget*> vecParts{m_pTree};
+    for (const QAction* const pAction : GetFrame()->actions())
+        vecParts.append(GetToolBar()->FindButton(pAction->objectName()));
+    vecParts += {GetToolBar()->findChild<QWidget*>(QStringLiteral("btnMore")), m_pSearch, m_pCategories,
+        m_pList, GetFrame()->GetStatus(), GetFrame()->GetPager(), pPanel, pStrip};
+    OrderTabs(this, vecParts);
     connect(m_pDiscovery, &CAutoSearchOnlineDev::SignalShowNotify, this,
         [this](const QString& sText) { Notify(sText, VxGUI::NotificationKind::Warning); });
     connect(m_pDiscovery, &CAutoSearchOnlineDev::SignalDevicesAdded, this, &CDeviceManagerCtrl::QueryLater);

@@ -240,6 +240,22 @@ TEST_F(DevicePage, ExportWritesTheListAndReportsFailures)
         [&] { return Notice().startsWith(QStringLiteral("Failed to export device info")); }));
 }
 
+TEST_F(DevicePage, TabGoesAsTheEyeDoes)
+{
+    Open();
+    const QStringList listWay{QStringLiteral("treeOrg"), QStringLiteral("btnAdd"),
+        QStringLiteral("btnRefresh"), QStringLiteral("editSearch"), QStringLiteral("btnAllDevice"),
+        QStringLiteral("treeDevice"), QStringLiteral("btnNextPage"), QStringLiteral("btnExpand")};
+    QStringList listSeen;
+    QWidget* pWidget = Table()->window();
+    do {
+        pWidget = pWidget->nextInFocusChain();
+        if (listWay.contains(pWidget->objectName()))
+            listSeen.append(pWidget->objectName());
+    } while (pWidget != Table()->window());
+    EXPECT_EQ(listSeen.join(QLatin1Char(' ')).toStdString(), listWay.join(QLatin1Char(' ')).toStdString());
+}
+
 TEST_F(DevicePage, PageGoneWhileAnswersComeFromAnotherThread)
 {
     m_host.group.Hold("QueryDevicePage");
