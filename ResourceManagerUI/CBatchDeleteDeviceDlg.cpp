@@ -107,7 +107,24 @@ void CBatchDeleteDeviceDlg::OnBatchAnswer(const std::vector<std::string>& vecBat
         AddFailure(item);
     RebuildFailures();
     ShowProgress();
+    TellGone(vecBatch, param);
     SendNextBatch();
+}
+
+void CBatchDeleteDeviceDlg::TellGone(const std::vector<std::string>& vecBatch, const Param& param)
+{
+    if (param.nErrorCode != UICommonMdl::ErrorNone)
+        return;
+    QStringList listGone;
+    for (const std::string& sId : vecBatch)
+        listGone.append(QString::fromStdString(sId));
+    for (const GroupLogical::FailedItem_t& item : param.vecFailed) {
+        // One that somebody else deleted is gone as well.
+        if (item.nErrorCode != UICommonMdl::ErrorNotFound)
+            listGone.removeOne(QString::fromStdString(item.sId));
+    }
+    if (!listGone.isEmpty())
+        Q_EMIT SignalGone(listGone);
 }
 
 void CBatchDeleteDeviceDlg::AddFailures(const std::vector<std::string>& vecIds, int nErrorCode)
@@ -186,6 +203,7 @@ void CBatchDeleteDeviceDlg::OnForceAnswer(const QString& sDeviceId, const Param&
 {
     m_bForced = false;
     m_pUi->tableFailed->setEnabled(true);
+    TellGone({sDeviceId.toStdString()}, param);
     const auto it = std::find_if(m_vecFailed.begin(), m_vecFailed.end(),
         [sKey = sDeviceId.toStdString()](const auto& item) { return item.sId == sKey; });
     if (it == m_vecFailed.end())

@@ -32,10 +32,15 @@ public:
     /// Closing while it deletes asks first.
     void reject() override;
 
+Q_SIGNALS:
+    /// These devices do not exist any more.
+    void SignalGone(const QStringList& listIds);
+
 private:
     using Param = GroupLogical::IGroupManagerObserver::Param;
     void SendNextBatch();
     void OnBatchAnswer(const std::vector<std::string>& vecBatch, const Param& param);
+    void TellGone(const std::vector<std::string>& vecBatch, const Param& param);
     void AddFailures(const std::vector<std::string>& vecIds, int nErrorCode);
     void AddFailure(GroupLogical::FailedItem_t item);
     void ShowProgress();

@@ -33,7 +33,7 @@ CDevMove::CDevMove(const std::vector<GroupLogical::Organization_t>& vecOrganizat
     m_pChoice->GetTree()->SetTreeModel(pModel);
     m_pChoice->Start(QString());
     auto* pButtons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    pButtons->button(QDialogButtonBox::Ok)->setProperty("role", QStringLiteral("primary"));
+    Common::SetButtonRole(pButtons->button(QDialogButtonBox::Ok), QStringLiteral("primary"));
     pButtons->setObjectName(QStringLiteral("buttonBox"));
     connect(m_pChoice, &Common::CTreeChoice::SignalActivated, this, &CDevMove::accept);
     connect(pButtons, &QDialogButtonBox::accepted, this, &CDevMove::accept);

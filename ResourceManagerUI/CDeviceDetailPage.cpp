@@ -18,13 +18,15 @@ struct Text
 };
 } // namespace
 
-CDeviceDetailPage::CDeviceDetailPage(QWidget* pParent)
+CDeviceDetailPage::CDeviceDetailPage(const UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
     : QWidget(pParent)
     , m_pUi(std::make_unique<Ui::CDeviceDetailPage>())
+    , m_calls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
+    setObjectName(QStringLiteral("pageDetail"));
     m_pUi->btnBack->setIcon(Trv::GetIcon(QStringLiteral("back")));
-    connect(m_pUi->btnBack, &QAbstractButton::clicked, this, &CDeviceDetailPage::SignalFirstBtnClicked);
+    connect(m_pUi->btnBack, &QAbstractButton::clicked, this, &CDeviceDetailPage::SignalBack);
     m_pUi->btnAccess->setIcon(Trv::GetIcon(QStringLiteral("users")));
     connect(
         m_pUi->btnAccess, &QAbstractButton::clicked, this, [this] { Q_EMIT SignalShowAccess(m_sDeviceId); });
@@ -33,11 +35,6 @@ CDeviceDetailPage::CDeviceDetailPage(QWidget* pParent)
 }
 
 CDeviceDetailPage::~CDeviceDetailPage() = default;
-
-void CDeviceDetailPage::SetInterfaceSet(const UICommonMdl::CInterfaceSetManager* pInterfaceSet)
-{
-    m_pCalls = std::make_unique<Calls>(pInterfaceSet, this);
-}
 
 void CDeviceDetailPage::ShowDevice(const QString& sDeviceId, const QString& sOrgName)
 {
@@ -48,9 +45,9 @@ void CDeviceDetailPage::ShowDevice(const QString& sDeviceId, const QString& sOrg
     m_pUi->wgtDetailState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading"));
     m_pUi->stackDetail->setCurrentWidget(m_pUi->pageState);
     const std::string sId = sDeviceId.toStdString();
-    m_pCalls->Latest<&GroupLogical::IGroupManager::QueryDeviceDetail>(
+    m_calls.Latest<&GroupLogical::IGroupManager::QueryDeviceDetail>(
         sId, [this](const Calls::Param& param) { OnDetail(param); });
-    m_pCalls->Latest<&GroupLogical::IGroupManager::QueryDeviceReferences>(
+    m_calls.Latest<&GroupLogical::IGroupManager::QueryDeviceReferences>(
         sId, [this](const Calls::Param& param) { OnReferences(param); });
 }
 
@@ -113,7 +110,7 @@ void CDeviceDetailPage::AddLine(const QString& sCaption, const QString& sText)
 void CDeviceDetailPage::keyPressEvent(QKeyEvent* pEvent)
 {
     if (pEvent->key() == Qt::Key_Escape)
-        Q_EMIT SignalFirstBtnClicked();
+        Q_EMIT SignalBack();
     else
         QWidget::keyPressEvent(pEvent);
 }

@@ -18,11 +18,11 @@ class CDeviceDetailPage : public QWidget
     Q_OBJECT
 
 public:
-    explicit CDeviceDetailPage(QWidget* pParent = nullptr);
+    /// pInterfaceSet is borrowed.
+    explicit CDeviceDetailPage(
+        const UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent = nullptr);
     ~CDeviceDetailPage() override;
 
-    /// pInterfaceSet is borrowed. Called once, before anything else.
-    void SetInterfaceSet(const UICommonMdl::CInterfaceSetManager* pInterfaceSet);
     /// Asks for the device; sOrgName is shown as its organisation.
     void ShowDevice(const QString& sDeviceId, const QString& sOrgName);
 
@@ -32,7 +32,7 @@ public:
 Q_SIGNALS:
     void SignalShowAccess(const QString& sDeviceId);
     /// Back to the list.
-    void SignalFirstBtnClicked();
+    void SignalBack();
 
 protected:
     void keyPressEvent(QKeyEvent* pEvent) override;
@@ -47,7 +47,7 @@ private:
     std::unique_ptr<Ui::CDeviceDetailPage> m_pUi;
     QString m_sDeviceId;
     QString m_sOrgName;
-    std::unique_ptr<Calls> m_pCalls;
+    Calls m_calls;
 };
 
 } // namespace ResourceManagerUI

@@ -1,401 +1,493 @@
 #include "CDeviceManagerCtrl.h"
 
-#include "CBatchDeleteDeviceDlg.h"
-#include "CDevMove.h"
 #include "CDeviceAccessDlg.h"
-#include "CDeviceExport.h"
+#include "CDeviceDetailPage.h"
+#include "CDeviceExporter.h"
+#include "CDeviceListView.h"
 #include "CDeviceModel.h"
+#include "CDeviceOperations.h"
 #include "CDeviceTableHeader.h"
+#include "CDiscoveryStrip.h"
+#include "COrganizationEditPage.h"
+#include "COrganizationOperations.h"
+#include "COrganizationTreeCtrl.h"
+#include "DeviceEdit/CDevAdd.h"
+#include "DeviceImport/CDevImport.h"
 #include "DeviceRules.h"
 #include "Discovery/CAutoSearchOnlineDev.h"
-#include "ui_CDeviceManagerCtrl.h"
 
-#include <UICommonMdl/CErrorCode.h>
-#include <UICommonMdl/ILocalConfig.h>
-#include <VxGUI/VxDialogService.h>
-#include <VxGUI/VxWaitDialog.h>
-#include <common/CRowButtonDelegate.h>
-#include <common/Prompt.h>
+#include <Trv/QSkin.h>
+#include <UICommonMdl/CInterfaceSetManager.h>
+#include <UICommonMdl/CNumberPageCtrl.h>
+#include <VxGUI/VxSearchBox.h>
+#include <common/CFilterBar.h>
+#include <common/CListStatus.h>
+#include <common/DeviceCategory.h>
 
-#include <QMenu>
-#include <QtConcurrent>
+#include <QAbstractButton>
+#include <QMovie>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QVBoxLayout>
 
 namespace ResourceManagerUI {
 
 using GroupLogical::IGroupManager;
 
 namespace {
+
 struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(CDeviceManagerCtrl)
 };
-} // namespace
 
-void CDeviceManagerCtrl::OnFilterBtnClicked()
+constexpr const char* RightExport = "004002";
+constexpr int MinSearchWidth = 180;
+constexpr int MaxSearchWidth = 220;
+constexpr int DiscoveryWidth = 460;
+
+/// An empty page that is filled when it is shown.
+QWidget* MakePage(const QString& sName)
 {
-    for (const auto& [nCategory, pButton] : m_mapCategoryButtons) {
-        if (pButton == sender()) {
-            SetCategory(nCategory);
-            return;
+    auto* const pPage = new QWidget;
+    pPage->setObjectName(sName);
+    auto* const pLayout = new QVBoxLayout(pPage);
+    pLayout->setContentsMargins(0, 0, 0, 0);
+    return pPage;
+}
+
+/// Tab goes through the parts as the eye does, not in the order in which they were made.
+void OrderTabs(QWidget* pTop, const QVector<QWidget*>& vecParts)
+{
+    QVector<QWidget*> vecChain;
+    for (QWidget* pNext = pTop->nextInFocusChain(); pNext != pTop; pNext = pNext->nextInFocusChain())
+        vecChain.append(pNext);
+    QWidget* pLast = nullptr;
+    for (QWidget* const pPart : vecParts) {
+        for (QWidget* const pWidget : qAsConst(vecChain)) {
+            if (pWidget->focusPolicy() == Qt::NoFocus || (pWidget != pPart && !pPart->isAncestorOf(pWidget)))
+                continue;
+            if (pLast)
+                QWidget::setTabOrder(pLast, pWidget);
+            pLast = pWidget;
         }
     }
 }
 
-void CDeviceManagerCtrl::OnDevTypeFilterChanged(int nCategory)
+} // namespace
+
+CDeviceManagerCtrl::CDeviceManagerCtrl(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
+    : CListPage(pInterfaceSet, QStringLiteral("ResourceManagerUI/DeviceManager"), pParent)
+    , m_pList(new CDeviceListView)
+    , m_pTree(new COrganizationTreeCtrl)
+    , m_pCategories(new Common::CFilterBar(Text::tr("Device Type")))
+    , m_pSearch(new VxGUI::VxSearchBox)
+    , m_pOrgPage(new COrganizationEditPage(pInterfaceSet))
+    , m_pDetailPage(new CDeviceDetailPage(pInterfaceSet))
+    , m_pEditPage(MakePage(QStringLiteral("pageEdit")))
+    , m_pAddPage(MakePage(QStringLiteral("pageAddDevice")))
+    , m_pForm(new CDevAdd(pInterfaceSet, m_pAddPage))
+    , m_pDiscovery(new CAutoSearchOnlineDev(pInterfaceSet))
+    , m_pOrganizations(new COrganizationOperations(this, m_pTree, m_pOrgPage))
+    , m_pOperations(new CDeviceOperations(this, m_pList->GetDevices(), m_pTree->GetModel()))
+    , m_pExporter(new CDeviceExporter(this, m_pList))
+    , m_calls(pInterfaceSet, this)
+    , m_deviceCalls(pInterfaceSet, this)
 {
-    SetCategory(nCategory);
+    setObjectName(QStringLiteral("CDeviceManagerCtrl"));
+    SetTexts({Text::tr("Loading devices"), Text::tr("Failed to get device list"),
+        Text::tr("You have no permission to see devices."),
+        Text::tr("There is no device in this organization."), Text::tr("No device matches the filters.")});
+    SetUpFrame();
+    SetUpToolBar();
+    SetUpCategories();
+    SetUpList();
+    SetUpTree();
+    SetUpForm();
+    SetUpDiscovery();
+    SetUpPushes();
+    GetFrame()->Remember(pInterfaceSet->GetLocalConfig(), QStringLiteral("DeviceManager"));
+    Start();
+}
+
+void CDeviceManagerCtrl::SetUpFrame()
+{
+    Common::CListFrame* const pFrame = GetFrame();
+    pFrame->setObjectName(QStringLiteral("pageDevice"));
+    pFrame->GetState()->setObjectName(QStringLiteral("wgtTableState"));
+    pFrame->GetPager()->setObjectName(QStringLiteral("wgtTableFlip"));
+    pFrame->GetStatus()->SetTotalText(Text::tr("Devices: %1"));
+    pFrame->SetList(m_pList);
+    pFrame->SetTree(m_pTree);
+    GetPages()->setObjectName(QStringLiteral("stackedWidget"));
+    for (QWidget* pPage :
+        {static_cast<QWidget*>(m_pOrgPage), static_cast<QWidget*>(m_pDetailPage), m_pEditPage, m_pAddPage})
+        AddPage(pPage);
+}
+
+void CDeviceManagerCtrl::SetUpToolBar()
+{
+    const Common::Need connection = GetFrame()->NeedsConnection();
+    const Common::Need checked = GetFrame()->NeedsChecked(Text::tr("You must select an item at least."));
+    const Common::Need right = NeedsRight(RightExport, Text::tr("You have no permission to export devices."));
+    Common::CToolBar* const pBar = GetToolBar();
+    pBar->AddAction(
+        {"btnAdd", "add", Text::tr("Add"), [this] { OnBtnAddClicked(); }, {connection}, QKeySequence::New});
+    pBar->AddAction({"btnDelete", "delete", Text::tr("Delete"),
+        [this] { m_pOperations->Delete(GetCheckedIds()); }, {connection, checked}});
+    pBar->AddAction(
+        {"btnImport", "import", Text::tr("Import"), [this] { OnBtnImportClicked(); }, {connection}});
+    pBar->AddAction({"btnExport", "export", Text::tr("Export"), [this] { m_pExporter->Start(MakeRequest()); },
+        {connection, right}});
+    pBar->AddAction({"btnMoveTo", "move", Text::tr("Move To"),
+        [this] { m_pOperations->MoveTo(GetCheckedIds()); }, {connection, checked}});
+    pBar->AddAction({"btnResetPwd", "password", Text::tr("Modify Password"),
+        [this] { m_pOperations->ModifyPasswords(GetCheckedIds()); }, {connection, checked}});
+    pBar->AddAction({"btnTimeZone", "clock", Text::tr("Time Zone Settings"),
+        [this] { m_pOperations->SetTimeZones(GetCheckedIds()); }, {connection, checked}});
+    pBar->AddAction(
+        {"btnRefresh", "refresh", Text::tr("Refresh"), [this] { QueryAll(); }, {connection}, Qt::Key_F5});
+
+    m_pSearch->setObjectName(QStringLiteral("editSearch"));
+    m_pSearch->setAccessibleName(Text::tr("Device Name/IP"));
+    m_pSearch->SetBackgroundText(Text::tr("Device Name/IP"));
+    m_pSearch->setMinimumWidth(MinSearchWidth);
+    m_pSearch->setMaximumWidth(MaxSearchWidth);
+    GetFrame()->SetSearch(m_pSearch);
+    connect(m_pSearch, &VxGUI::VxSearchBox::SignalSearch, this, &CDeviceManagerCtrl::OnBtnSearchClicked);
+}
+
+void CDeviceManagerCtrl::SetUpCategories()
+{
+    const auto choice = [](int nCategory, const QString& sText, const char* pszName) {
+        return Common::FilterChoice{nCategory, sText, QLatin1String(pszName)};
+    };
+    m_pCategories->SetChoices({choice(Common::CategoryAll, Text::tr("All"), "btnAllDevice"),
+        choice(1, Text::tr("Encoder"), "btnEncodeDevice"), choice(43, Text::tr("Radar"), "btnRaderDevice"),
+        choice(4, Text::tr("TV Wall"), "btnVideoWallDevice"),
+        choice(34, Text::tr("Emergency"), "btnEmergency"), choice(40, QStringLiteral("POS"), "btnPOSDevice"),
+        choice(3, Text::tr("Alarm Controller"), "btnAlarmHostDevice"),
+        choice(8, Text::tr("Access Control"), "btnAccessDevice"),
+        choice(21, Text::tr("Video Intercom"), "btnVideoTalkDevice"),
+        choice(5, Text::tr("ANPR Device"), "btnANPRPicDevice"),
+        choice(16, Text::tr("LED Device"), "btnLedDevice"),
+        choice(45, Text::tr("Video Wall Control"), "btnVideoWallControlDevice"),
+        choice(Common::CategoryLiftController, Text::tr("Lift Controller"), "btnLiftControllerDevice")});
+    ShowCategories({});
+    GetFrame()->AddRow(m_pCategories);
+    connect(m_pCategories, &Common::CFilterBar::SignalChosen, this, &CDeviceManagerCtrl::SetCategory);
+}
+
+void CDeviceManagerCtrl::SetUpList()
+{
+    const CDeviceTableHeader* const pHeader = m_pList->GetHeader();
+    connect(pHeader, &CDeviceTableHeader::SignalFilterTypeChanged, this, &CDeviceManagerCtrl::SetCategory);
+    connect(pHeader, &CDeviceTableHeader::sgnBtnClicked, this, &CDeviceManagerCtrl::OnStatusTypeClick);
+    connect(m_pList, &Common::CListView::SignalSortChanged, this, &CDeviceManagerCtrl::QueryRows);
+    connect(m_pList, &CDeviceListView::SignalOperation, this, &CDeviceManagerCtrl::OnOperation);
+    connect(m_pOperations, &CDeviceOperations::SignalChanged, this, &CDeviceManagerCtrl::QueryRows);
+    connect(m_pDetailPage, &CDeviceDetailPage::SignalBack, this, &CDeviceManagerCtrl::ShowList);
+    connect(
+        m_pDetailPage, &CDeviceDetailPage::SignalShowAccess, m_pOperations, &CDeviceOperations::ShowAccess);
+}
+
+void CDeviceManagerCtrl::SetUpTree()
+{
+    // Its style sheet goes by the class name.
+    m_pTree->setObjectName(QStringLiteral("COrganizationTreeCtrl"));
+    connect(m_pTree, &COrganizationTreeCtrl::SignalSelectionChanged, this,
+        &CDeviceManagerCtrl::OnTreeSelectionChanged);
+    connect(m_pTree, &COrganizationTreeCtrl::SignalModifyDeviceOrg, m_pOperations, &CDeviceOperations::Move);
+    connect(
+        m_pOrganizations, &COrganizationOperations::SignalOpenEditor, this, [this] { ShowPage(m_pOrgPage); });
+    connect(
+        m_pOrganizations, &COrganizationOperations::SignalCloseEditor, this, &CDeviceManagerCtrl::ShowList);
+    connect(m_pOrganizations, &COrganizationOperations::SignalQueried, this, [this] {
+        TellOrganizations();
+        // Without a selection in the tree nothing else asks for the devices.
+        if (m_pTree->GetCurrentCode().isEmpty())
+            QueryRows();
+    });
+}
+
+void CDeviceManagerCtrl::SetUpForm()
+{
+    m_pAddPage->layout()->addWidget(m_pForm);
+    connect(m_pForm, &CDevAdd::SignalAddDevice, this, &CDeviceManagerCtrl::OnAddDevice);
+    connect(m_pForm, &CDevAdd::SignalModifyDevice, this, &CDeviceManagerCtrl::OnModifyDevice);
+    connect(m_pForm, &CDevAdd::SignalEditComplete, this, &CDeviceManagerCtrl::OnDeviceEditComplete);
+    connect(m_pForm, &CDevAdd::SignalBack, this, &CDeviceManagerCtrl::ShowList);
+    connect(m_pForm, &CDevAdd::SignalShowNotify, this,
+        [this](const QString& sText) { Notify(sText, VxGUI::NotificationKind::Warning); });
+}
+
+void CDeviceManagerCtrl::SetUpDiscovery()
+{
+    QWidget* const pPanel = MakePage(QStringLiteral("wgtDiscovery"));
+    pPanel->layout()->addWidget(m_pDiscovery);
+    auto* const pStrip = new CDiscoveryStrip(pPanel, GetInterfaceSet()->GetLocalConfig());
+    GetFrame()->AddPanel(pPanel, DiscoveryWidth);
+    GetFrame()->AddStrip(pStrip);
+    QVector<QWidget*> vecParts{m_pTree};
+    for (const QAction* const pAction : GetFrame()->actions())
+        vecParts.append(GetToolBar()->FindButton(pAction->objectName()));
+    vecParts += {GetToolBar()->findChild<QWidget*>(QStringLiteral("btnMore")), m_pSearch, m_pCategories,
+        m_pList, GetFrame()->GetStatus(), GetFrame()->GetPager(), pPanel, pStrip};
+    OrderTabs(this, vecParts);
+    connect(m_pDiscovery, &CAutoSearchOnlineDev::SignalShowNotify, this,
+        [this](const QString& sText) { Notify(sText, VxGUI::NotificationKind::Warning); });
+    connect(m_pDiscovery, &CAutoSearchOnlineDev::SignalDevicesAdded, this, &CDeviceManagerCtrl::QueryLater);
+}
+
+void CDeviceManagerCtrl::SetUpPushes()
+{
+    using GroupLogical::IGroupManagerObserver;
+    m_calls.OnPush(IGroupManagerObserver::ResultOrganizationsChanged, [this](const GroupParam&) {
+        m_bOrganizationsStale = true;
+        QueryLater();
+    });
+    m_calls.OnPush(IGroupManagerObserver::ResultDevicesChanged, [this](const GroupParam&) { QueryLater(); });
+    m_deviceCalls.OnPush(RemoteConfigLogical::IRemoteDeviceObserver::ResultDeviceState,
+        [this](const RemoteParam& param) { OnDeviceStates(param); });
+}
+
+void CDeviceManagerCtrl::OnConnectionChanged(bool bConnected)
+{
+    m_pDetailPage->setEnabled(bConnected);
+    m_pForm->SetConnected(bConnected);
+    m_pDiscovery->SetConnected(bConnected);
+    CListPage::OnConnectionChanged(bConnected);
+}
+
+void CDeviceManagerCtrl::OnRightsChanged()
+{
+    const bool bAccess = HasRight(CDeviceAccessDlg::RightNeeded);
+    m_pList->SetAccessOffered(bAccess);
+    m_pDetailPage->SetAccessOffered(bAccess);
+    CListPage::OnRightsChanged();
+}
+
+void CDeviceManagerCtrl::QueryAll()
+{
+    m_bOrganizationsStale = false;
+    m_pOrganizations->Query();
+    QueryCategories();
+    QueryRows();
+}
+
+void CDeviceManagerCtrl::QueryStale()
+{
+    if (std::exchange(m_bOrganizationsStale, false))
+        m_pOrganizations->Query();
+    QueryCategories();
+    QueryRows();
+}
+
+void CDeviceManagerCtrl::QueryCategories()
+{
+    m_calls.Latest<&IGroupManager::QueryDeviceTypes>([this](const GroupParam& param) {
+        if (param.nErrorCode == UICommonMdl::ErrorNone)
+            ShowCategories(param.vecDeviceTypes);
+    });
+}
+
+void CDeviceManagerCtrl::Query()
+{
+    // The first page is that of the organisation that the tree selects once it is there.
+    if (m_pTree->GetCurrentCode().isEmpty() && m_pOrganizations->IsQuerying())
+        return;
+    m_calls.Latest<&IGroupManager::QueryDevicePage>(
+        MakeRequest(), [this](const GroupParam& param) { OnDevicePage(param); });
+}
+
+GroupLogical::DevicePageRequest_t CDeviceManagerCtrl::MakeRequest() const
+{
+    DeviceQuery query;
+    query.nPage = GetFrame()->GetPager()->GetCurrentPage();
+    query.nPageSize = GetFrame()->GetPager()->GetPageSize();
+    query.sOrgCode = m_pTree->GetCurrentCode();
+    query.nSortField = m_pList->GetSortKey();
+    query.sortOrder = m_pList->GetSortOrder();
+    query.nOnlineState = m_nOnlineState;
+    query.nCategory = m_pCategories->GetValue();
+    query.sSearchText = m_sSearchText;
+    return BuildPageRequest(query);
+}
+
+void CDeviceManagerCtrl::OnDevicePage(const GroupParam& param)
+{
+    ShowAnswer(param.nErrorCode, param.devicePage.nTotal, param.devicePage.nPage,
+        [&] { m_pList->SetDevices(param.devicePage.vecDevices); });
+}
+
+void CDeviceManagerCtrl::OnDeviceStates(const RemoteParam& param)
+{
+    for (const RemoteConfigLogical::DeviceState_t& state : param.vecStates)
+        m_pList->GetDevices()->UpdateState(state);
+    // Under a filter of the online state rows come and go with it.
+    if (m_nOnlineState != GroupLogical::StateAll)
+        QueryLater();
+}
+
+bool CDeviceManagerCtrl::IsFiltered() const
+{
+    return m_pCategories->GetValue() != Common::CategoryAll || m_nOnlineState != GroupLogical::StateAll
+        || !m_sSearchText.isEmpty();
 }
 
 void CDeviceManagerCtrl::SetCategory(int nCategory)
 {
-    m_nCategory = nCategory;
-    const auto it = m_mapCategoryButtons.find(nCategory);
-    if (it != m_mapCategoryButtons.end()) {
-        it->second->setChecked(true);
-    } else {
-        // A category of the header's list without a button of its own: no button is the chosen one.
-        for (const auto& [nOther, pButton] : m_mapCategoryButtons) {
-            pButton->setAutoExclusive(false);
-            pButton->setChecked(false);
-            pButton->setAutoExclusive(true);
-        }
-    }
-    m_pHeader->SetFilterValue(ColumnType, nCategory);
+    // The header offers more of them than the bar has buttons.
+    m_pCategories->SetValue(nCategory);
+    m_pList->GetHeader()->SetFilterValue(ColumnType, nCategory);
     QueryFirstPage();
 }
 
 void CDeviceManagerCtrl::ShowCategories(const std::vector<int>& vecCategories)
 {
-    for (const auto& [nCategory, pButton] : m_mapCategoryButtons) {
-        const bool bReported =
-            std::find(vecCategories.begin(), vecCategories.end(), nCategory) != vecCategories.end();
-        pButton->setVisible(nCategory == 0 || nCategory == m_nCategory || bReported);
-    }
-    m_pHeader->SetCategories(vecCategories);
+    QVector<int> vecOffered{Common::CategoryAll};
+    for (const int nCategory : vecCategories)
+        vecOffered.append(nCategory);
+    m_pCategories->SetOffered(vecOffered);
+    m_pList->GetHeader()->SetCategories(vecCategories);
 }
 
 void CDeviceManagerCtrl::OnStatusTypeClick(int nOnlineState)
 {
     m_nOnlineState = nOnlineState;
-    m_pHeader->SetFilterValue(ColumnOnline, nOnlineState);
+    m_pList->GetHeader()->SetFilterValue(ColumnOnline, nOnlineState);
     QueryFirstPage();
-}
-
-void CDeviceManagerCtrl::OnDeviceTableHeaderSort(int nColumn)
-{
-    if (nColumn != ColumnCheck && nColumn != ColumnOperation) {
-        m_nSortColumn = nColumn;
-        m_sortOrder = m_pHeader->sortIndicatorOrder();
-    }
-    m_pHeader->setSortIndicator(m_nSortColumn, m_sortOrder);
-    if (nColumn == m_nSortColumn)
-        QueryCurrentPage();
 }
 
 void CDeviceManagerCtrl::OnBtnSearchClicked()
 {
-    OnSearchLineEdit(m_pUi->editSearch->text());
-}
-
-void CDeviceManagerCtrl::OnSearchLineEdit(const QString& sText)
-{
-    m_sSearchText = sText.trimmed();
+    m_sSearchText = m_pSearch->text().trimmed();
     QueryFirstPage();
 }
 
-void CDeviceManagerCtrl::QueryFirstPage()
+void CDeviceManagerCtrl::OnTreeSelectionChanged()
 {
-    m_pUi->wgtTableFlip->SetCurrentPage(1);
-    QueryCurrentPage();
-}
-
-void CDeviceManagerCtrl::OnPageFlipQueryCurrentPage(int nPage)
-{
-    m_pUi->wgtTableFlip->SetCurrentPage(nPage);
-    QueryCurrentPage();
-}
-
-void CDeviceManagerCtrl::OnTreeSelectionChanged(const QModelIndex&)
-{
-    m_pDiscovery->SetOrganizations(
-        m_pUi->wgtOrgTree->GetModel()->GetOrganizations(), m_pUi->wgtOrgTree->GetCurrentCode());
+    TellOrganizations();
     QueryFirstPage();
 }
 
-void CDeviceManagerCtrl::OnCheckStateChanged(const QModelIndex&)
+void CDeviceManagerCtrl::TellOrganizations()
 {
-    UpdateSelectionButtons();
-    UpdateStatus();
+    m_pDiscovery->SetOrganizations(m_pTree->GetModel()->GetOrganizations(), m_pTree->GetCurrentCode());
 }
 
-void CDeviceManagerCtrl::UpdateSelectionButtons()
+QStringList CDeviceManagerCtrl::GetCheckedIds() const
 {
-    const Qt::CheckState summary = m_pModel->GetCheckSummary();
-    m_pHeader->SetCheckState(summary);
-    for (QPushButton* pButton : {m_pUi->btnDelete, m_pUi->btnResetPwd, m_pUi->btnMoveTo, m_pUi->btnTimeZone})
-        pButton->setEnabled(IsConnected() && summary != Qt::Unchecked);
+    return m_pList->GetDevices()->GetCheckedIds();
 }
 
-void CDeviceManagerCtrl::UpdateStatus()
+void CDeviceManagerCtrl::OnOperation(int nRole, const QString& sDeviceId)
 {
-    m_pUi->lbStatus->setText(Text::tr("Devices: %1, checked: %2")
-                                 .arg(m_pUi->wgtTableFlip->GetTotalCount())
-                                 .arg(m_pModel->GetCheckedIds().size()));
-}
-
-void CDeviceManagerCtrl::OnTableColumnStateChanged(int, int)
-{
-    if (!m_pLocalConfig)
-        return;
-    QStringList listHidden;
-    for (int nColumn = 0; nColumn < ColumnCount; ++nColumn) {
-        if (m_pHeader->isSectionHidden(nColumn))
-            listHidden.append(QString::number(nColumn));
-    }
-    m_pLocalConfig->SetValue(
-        QStringLiteral("DeviceManager/HiddenColumns"), listHidden.join(QLatin1Char(',')));
-}
-
-void CDeviceManagerCtrl::OnTableBtnClicked(const QModelIndex& index, int nRole)
-{
-    const QString sId = m_pModel->GetId(index.row());
-    if (nRole == RoleDetails)
-        ShowDetails(sId);
-    else if (nRole == RoleEdit)
-        EditDevice(sId);
-    else if (nRole == RoleMoveTo)
-        MoveDevices({sId});
-    else if (nRole == RoleDelete)
-        DeleteDevices({sId});
-    else if (nRole == RoleAccess)
-        ShowAccess(sId);
-}
-
-void CDeviceManagerCtrl::OnTableContextMenu(const QPoint& pos)
-{
-    const QModelIndex index = m_pUi->treeDevice->indexAt(pos);
-    if (!index.isValid())
-        return;
-    auto* pMenu = new QMenu(this);
-    pMenu->setObjectName(QStringLiteral("menuDevice"));
-    pMenu->setAttribute(Qt::WA_DeleteOnClose);
-    QVector<std::pair<int, QString>> vecEntries{{RoleDetails, Text::tr("Details")},
-        {RoleEdit, Text::tr("Edit")}, {RoleMoveTo, Text::tr("Move To")}, {RoleDelete, Text::tr("Delete")}};
-    if (HasRight(CDeviceAccessDlg::RightNeeded))
-        vecEntries.append({RoleAccess, Text::tr("Who Has Access")});
-    for (const auto& [nRole, sText] : qAsConst(vecEntries)) {
-        QAction* pAction = pMenu->addAction(sText);
-        connect(
-            pAction, &QAction::triggered, this, [this, nRole = nRole, sId = m_pModel->GetId(index.row())] {
-                const int nRow = m_pModel->FindRow(sId);
-                if (nRow >= 0)
-                    OnTableBtnClicked(m_pModel->index(nRow, ColumnOperation), nRole);
-            });
-    }
-    pMenu->popup(m_pUi->treeDevice->viewport()->mapToGlobal(pos));
-}
-
-void CDeviceManagerCtrl::OnToggleChecks()
-{
-    const QModelIndexList listRows = m_pUi->treeDevice->selectionModel()->selectedRows(ColumnCheck);
-    if (listRows.isEmpty())
-        return;
-    const bool bCheck = listRows.first().data(Qt::CheckStateRole).toInt() != Qt::Checked;
-    for (const QModelIndex& index : listRows)
-        m_pModel->setData(index, bCheck ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
-}
-
-void CDeviceManagerCtrl::OnBtnDeleteClicked()
-{
-    DeleteDevices(m_pModel->GetCheckedIds());
-}
-
-void CDeviceManagerCtrl::DeleteDevices(const QStringList& listIds)
-{
-    if (listIds.isEmpty()) {
-        OnShowNotify(Text::tr("You must select an item at least."));
-        return;
-    }
-    const QString sQuestion = listIds.size() == 1 ? Text::tr("Are you sure to delete the device?")
-                                                  : Text::tr("Are you sure to delete these devices?");
-    if (!Common::AskPrompt(this, sQuestion))
-        return;
-    QHash<QString, QString> mapNames;
-    for (const QString& sId : listIds)
-        mapNames.insert(sId, m_pModel->index(m_pModel->FindRow(sId), ColumnName).data().toString());
-    auto* pDialog = new CBatchDeleteDeviceDlg(
-        GetInterfaceSet(), GroupLogical::DeleteNormal, listIds.toVector(), mapNames, this);
-    connect(pDialog, &QDialog::finished, this, &CDeviceManagerCtrl::QueryCurrentPage);
-    pDialog->open();
-    pDialog->Start();
-}
-
-void CDeviceManagerCtrl::OnBtnMoveToClicked()
-{
-    MoveDevices(m_pModel->GetCheckedIds());
-}
-
-void CDeviceManagerCtrl::MoveDevices(const QStringList& listIds)
-{
-    auto* pDialog = new CDevMove(m_pUi->wgtOrgTree->GetModel()->GetOrganizations(), listIds, this);
-    connect(pDialog, &CDevMove::SignalShowNotify, this, &CDeviceManagerCtrl::OnShowNotify);
-    connect(pDialog, &CDevMove::SignalMove, this, &CDeviceManagerCtrl::OnModifyDeviceOrg);
-    pDialog->open();
-}
-
-void CDeviceManagerCtrl::OnModifyDeviceOrg(const QVector<QString>& vecIds, const QString& sOrgCode)
-{
-    std::vector<std::string> vecDeviceIds;
-    for (const QString& sId : vecIds)
-        vecDeviceIds.push_back(sId.toStdString());
-    m_calls.Each<&IGroupManager::MoveDevice>(
-        vecDeviceIds, sOrgCode.toStdString(), [this](const GroupParam& param) { OnMoveAnswer(param); });
-}
-
-void CDeviceManagerCtrl::OnMoveAnswer(const GroupParam& param)
-{
-    QueryCurrentPage();
-    // Last: the page may be gone when the message is closed.
-    if (!param.vecFailed.empty()) {
-        QStringList listLines;
-        for (const GroupLogical::FailedItem_t& item : param.vecFailed)
-            listLines.append(QString::fromStdString(item.sName) + QStringLiteral(": ")
-                + UICommonMdl::CErrorCode::GetErroCodeInfor(item.nErrorCode));
-        WhenShown(
-            [this, listLines] { Common::ShowFailures(this, Text::tr("Failed to move device"), listLines); });
-    } else if (param.nErrorCode != UICommonMdl::ErrorNone) {
-        NotifyFailure(Text::tr("Failed to move device"), param.nErrorCode);
+    switch (nRole) {
+    case CDeviceListView::RoleDetails:
+        ShowDetails(sDeviceId);
+        break;
+    case CDeviceListView::RoleEdit:
+        EditDevice(sDeviceId);
+        break;
+    case CDeviceListView::RoleMoveTo:
+        m_pOperations->MoveTo({sDeviceId});
+        break;
+    case CDeviceListView::RoleDelete:
+        m_pOperations->Delete({sDeviceId});
+        break;
+    case CDeviceListView::RoleAccess:
+        m_pOperations->ShowAccess(sDeviceId);
+        break;
     }
 }
 
-void CDeviceManagerCtrl::OnBtnRefreshClicked()
+void CDeviceManagerCtrl::ShowDetails(const QString& sDeviceId)
 {
+    const CDeviceModel* const pDevices = m_pList->GetDevices();
+    const QModelIndex organization = pDevices->index(pDevices->FindRow(sDeviceId), ColumnOrganization);
+    ShowPage(m_pDetailPage);
+    m_pDetailPage->ShowDevice(sDeviceId, organization.data().toString());
+}
+
+void CDeviceManagerCtrl::ShowForm(QWidget* pPage)
+{
+    // One form serves both pages; the page on the screen holds it.
+    pPage->layout()->addWidget(m_pForm);
+    ShowPage(pPage);
+}
+
+void CDeviceManagerCtrl::OnBtnAddClicked()
+{
+    ShowForm(m_pAddPage);
+    m_pForm->StartAdd(m_pTree->GetModel()->GetOrganizations(), m_pTree->GetCurrentCode());
+}
+
+void CDeviceManagerCtrl::EditDevice(const QString& sDeviceId)
+{
+    ShowForm(m_pEditPage);
+    m_pForm->StartEdit(sDeviceId, m_pTree->GetModel()->GetOrganizations());
+}
+
+void CDeviceManagerCtrl::OnAddDevice(const GroupLogical::DeviceAddInfo_t& device)
+{
+    m_calls.Latest<&IGroupManager::AddDevice>(
+        device, [this](const GroupParam& param) { OnFormAnswer(param); });
+}
+
+void CDeviceManagerCtrl::OnModifyDevice(const GroupLogical::DeviceAddInfo_t& device)
+{
+    m_calls.Latest<&IGroupManager::ModifyDevice>(
+        device, [this](const GroupParam& param) { OnFormAnswer(param); });
+}
+
+void CDeviceManagerCtrl::OnFormAnswer(const GroupParam& param)
+{
+    m_pForm->SetAnswer(param.nErrorCode, param.sErrorDetail, param.vecFailed);
+}
+
+void CDeviceManagerCtrl::OnDeviceEditComplete()
+{
+    ShowList();
     QueryAll();
 }
 
-void CDeviceManagerCtrl::OnBtnExportClicked()
+void CDeviceManagerCtrl::OnBtnImportClicked()
 {
-    QString sPath = VxGUI::VxDialogService::Current()->SaveFile(
-        this, Text::tr("Export"), QStringLiteral("devices.xlsx"), QStringLiteral("*.xlsx"));
-    if (sPath.isEmpty())
-        return;
-    if (!sPath.endsWith(QStringLiteral(".xlsx"), Qt::CaseInsensitive))
-        sPath += QStringLiteral(".xlsx");
-    m_calls.Latest<&IGroupManager::ExportDevice>(
-        MakeRequest(), [this, sPath](const GroupAnswer& pAnswer) { OnExportAnswer(sPath, pAnswer); });
-    m_pWaitDialog = new VxGUI::VxWaitDialog(Text::tr("Exporting devices"), this);
-    m_pWaitDialog->setAttribute(Qt::WA_DeleteOnClose);
-    m_pWaitDialog->SetProgress(-1);
-    m_pWaitDialog->SetCancellable(false);
-    m_pWaitDialog->open();
-}
-
-void CDeviceManagerCtrl::OnExportAnswer(const QString& sPath, const GroupAnswer& pAnswer)
-{
-    if (pAnswer->nErrorCode != UICommonMdl::ErrorNone) {
-        EndExport();
-        NotifyFailure(Text::tr("Failed to export device info"), pAnswer->nErrorCode);
-        return;
+    if (!m_pImport) {
+        m_pImport = new CDevImport(GetInterfaceSet(), this);
+        connect(m_pImport, &CDevImport::SignalImportStatue, this, &CDeviceManagerCtrl::OnImportStatueChange);
+        // Good news or bad: the dialog tells it in words.
+        connect(m_pImport, &CDevImport::SignalShowNotify, this,
+            [this](const QString& sText) { Notify(sText, VxGUI::NotificationKind::Information); });
+        connect(m_pImport, &CDevImport::SignalImported, this, &CDeviceManagerCtrl::QueryLater);
     }
-    QVector<int> vecColumns;
-    QStringList listHeader;
-    for (int nColumn = ColumnId; nColumn < ColumnOperation; ++nColumn) {
-        if (m_pHeader->isSectionHidden(nColumn))
-            continue;
-        vecColumns.append(nColumn);
-        listHeader.append(m_pModel->GetColumns()[nColumn].sHeader);
+    const QString sOrgCode = m_pTree->GetCurrentCode();
+    const GroupLogical::Organization_t* const pOrganization = m_pTree->GetModel()->FindOrganization(sOrgCode);
+    m_pImport->SetOrganization(
+        sOrgCode, pOrganization ? QString::fromStdString(pOrganization->sName) : QString());
+    m_pImport->open();
+}
+
+void CDeviceManagerCtrl::OnImportStatueChange(bool bRunning)
+{
+    QAction* const pAction = GetToolBar()->FindAction(QStringLiteral("btnImport"));
+    if (!m_pImportMovie) {
+        m_pImportMovie = new QMovie(this);
+        m_pImportMovie->setFileName(Trv::GetSkinPath(
+            QStringLiteral("import.gif"), QStringLiteral("ResourceManagerUI/DeviceManager")));
+        connect(m_pImportMovie, &QMovie::frameChanged, pAction,
+            [this, pAction] { pAction->setIcon(QIcon(m_pImportMovie->currentPixmap())); });
     }
-    m_exportFuture = QtConcurrent::run(
-        this, &CDeviceManagerCtrl::WriteExport, CDeviceExport(sPath, vecColumns, listHeader, pAnswer));
-}
-
-void CDeviceManagerCtrl::WriteExport(const CDeviceExport& writer)
-{
-    Q_EMIT SignalExportFinished(writer.Write());
-}
-
-void CDeviceManagerCtrl::OnExportFinished(const QString& sError)
-{
-    EndExport();
-    if (sError.isEmpty())
-        Notify(Text::tr("Devices are exported."), VxGUI::NotificationKind::Success);
-    else
-        Notify(Text::tr("Failed to export device info") + QStringLiteral(": ") + sError,
-            VxGUI::NotificationKind::Error);
-}
-
-void CDeviceManagerCtrl::EndExport()
-{
-    if (m_pWaitDialog)
-        m_pWaitDialog->accept();
-}
-
-void CDeviceManagerCtrl::OnTitleFirstBtnClicked()
-{
-    m_pUi->stackedWidget->setCurrentWidget(m_pUi->pageDevice);
-}
-
-void CDeviceManagerCtrl::OnShowNotify(const QString& sText)
-{
-    Notify(sText, VxGUI::NotificationKind::Warning);
-}
-
-void CDeviceManagerCtrl::OnSplitterMoved(int, int)
-{
-    if (m_pLocalConfig)
-        m_pLocalConfig->SetValue(
-            QStringLiteral("DeviceManager/TreeWidth"), m_pUi->splitter->sizes().value(0));
-}
-
-void CDeviceManagerCtrl::OnAddOrg(const QString& sParentCode)
-{
-    const GroupLogical::Organization_t* pParent =
-        m_pUi->wgtOrgTree->GetModel()->FindOrganization(sParentCode);
-    if (!pParent)
-        return;
-    m_pUi->stackedWidget->setCurrentWidget(m_pUi->pageOrg);
-    m_pUi->pageOrg->BeginAdd(*pParent);
-}
-
-void CDeviceManagerCtrl::OnEditOrg(const QString& sCode, const QString&, const QString&)
-{
-    const Common::COrganizationModel* pModel = m_pUi->wgtOrgTree->GetModel();
-    const GroupLogical::Organization_t* pOrganization = pModel->FindOrganization(sCode);
-    if (!pOrganization)
-        return;
-    m_pUi->stackedWidget->setCurrentWidget(m_pUi->pageOrg);
-    m_pUi->pageOrg->BeginModify(*pOrganization, pModel->FindCode(sCode).parent().data().toString());
-}
-
-void CDeviceManagerCtrl::OnDeleteOrg(const QString& sCode)
-{
-    const QString sPrefix =
-        QCoreApplication::translate("COrganizationTreeCtrl", "Failed to delete the organization ");
-    m_calls.Each<&IGroupManager::DeleteOrganization>(
-        sCode.toStdString(), [this, sPrefix](const GroupParam& param) {
-            if (param.nErrorCode != UICommonMdl::ErrorNone)
-                Notify(sPrefix + UICommonMdl::CErrorCode::GetErroCodeInfor(param.nErrorCode),
-                    VxGUI::NotificationKind::Error);
-            QueryOrganizations();
-        });
-}
-
-void CDeviceManagerCtrl::OnMoveOrg(const QString& sCode, const QString& sNewParentCode)
-{
-    m_calls.Each<&IGroupManager::MoveOrganization>(
-        sCode.toStdString(), sNewParentCode.toStdString(), [this](const GroupParam& param) {
-            if (param.nErrorCode != UICommonMdl::ErrorNone)
-                NotifyFailure(Text::tr("Failed to move organization"), param.nErrorCode);
-            QueryOrganizations();
-        });
-}
-
-void CDeviceManagerCtrl::OnAddOrModifyOrgComplete(int nMode, const QString& sCode, const QString&)
-{
-    OnTitleFirstBtnClicked();
-    if (nMode == COrganizationEditPage::ModeAdd)
-        m_sSelectAfterQuery = sCode;
-    QueryOrganizations();
+    GetToolBar()
+        ->FindButton(QStringLiteral("btnImport"))
+        ->setProperty("Gif", bRunning ? QStringLiteral("import.gif") : QString());
+    if (bRunning) {
+        m_pImportMovie->start();
+    } else {
+        m_pImportMovie->stop();
+        pAction->setIcon(Trv::GetIcon(QStringLiteral("import")));
+    }
 }
 
 } // namespace ResourceManagerUI

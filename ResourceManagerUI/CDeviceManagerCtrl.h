@@ -1,27 +1,13 @@
 #pragma once
 
-#include <common/CPage.h>
+#include <common/CListPage.h>
 
-#include <QFuture>
-#include <QPointer>
-
-#include <map>
-#include <memory>
-#include <set>
-
-class QAbstractButton;
 class QMovie;
-namespace Ui {
-class CDeviceManagerCtrl;
-}
-namespace UICommonMdl {
-class ILocalConfig;
-} // namespace UICommonMdl
-namespace VxGUI {
-class VxWaitDialog;
-}
 namespace Common {
-class CRowButtonDelegate;
+class CFilterBar;
+}
+namespace VxGUI {
+class VxSearchBox;
 }
 
 namespace ResourceManagerUI {
@@ -29,166 +15,96 @@ namespace ResourceManagerUI {
 class CAutoSearchOnlineDev;
 class CDevAdd;
 class CDevImport;
-class CDeviceModel;
-class CDeviceTableHeader;
+class CDeviceDetailPage;
+class CDeviceExporter;
+class CDeviceListView;
+class CDeviceOperations;
+class COrganizationEditPage;
+class COrganizationOperations;
+class COrganizationTreeCtrl;
 
-/// The device page: organisation tree, paged table of devices with its filters, and the operations on them.
-/// User-interface thread.
-class CDeviceManagerCtrl : public Common::CPage
+/// The device page: organisation tree, paged list of devices with its filters, and what is opened from
+/// there. User-interface thread.
+class CDeviceManagerCtrl : public Common::CListPage
 {
     Q_OBJECT
 
 public:
-    /// What the buttons of a row do.
-    enum RowRole : int
-    {
-        RoleDetails = 1,
-        RoleEdit,
-        RoleMoveTo,
-        RoleDelete,
-        RoleAccess ///< in the context menu only
-    };
     using GroupParam = GroupLogical::IGroupManagerObserver::Param;
-    using GroupAnswer = GroupLogical::IGroupManagerObserver::Answer;
     using RemoteParam = RemoteConfigLogical::IRemoteDeviceObserver::Param;
 
     /// pInterfaceSet is borrowed and outlives the page. A manager that it lacks leaves its part of the page
     /// in the failed state.
     explicit CDeviceManagerCtrl(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent = nullptr);
-    /// Waits for an export file that is being written.
-    ~CDeviceManagerCtrl() override;
-
-Q_SIGNALS:
-    void SignalGetDeviceType();
-    /// The export file is written; sError is empty on success. Emitted on the writing thread.
-    void SignalExportFinished(const QString& sError);
 
 private:
+    void Query() override;
+    void QueryAll() override;
+    void QueryStale() override;
+    bool IsFiltered() const override;
     void OnConnectionChanged(bool bConnected) override;
     void OnRightsChanged() override;
 
     // Building the page.
-    void SetUpTable();
-    void SetUpTree();
-    void SetUpCategories();
+    void SetUpFrame();
     void SetUpToolBar();
-    void SetUpShortcuts();
-    void SetUpObservers();
-    void SetUpDevices();
+    void SetUpCategories();
+    void SetUpList();
+    void SetUpTree();
+    void SetUpForm();
     void SetUpDiscovery();
-    void RestoreLayout();
-
-    // Pushes.
-    void OnDeviceStates(const RemoteParam& param);
-    void OnDisconnectCms();
-    void OnReconnectCms();
-    void OnQueryTimer();
+    void SetUpPushes();
 
     // Queries.
-    void QueryAll();
-    void QueryOrganizations();
-    void QueryCurrentPage();
-    void ShowLoading();
-    void QueryLater(bool bOrganizations, bool bDevices);
-    void OnGetDevType();
+    void QueryCategories();
     void OnDevicePage(const GroupParam& param);
-    void ShowDevicePage(const GroupParam& param);
-    void ShowTableState(int nErrorCode);
+    void OnDeviceStates(const RemoteParam& param);
     GroupLogical::DevicePageRequest_t MakeRequest() const;
 
-    // Filters, sorting, paging.
-    void OnFilterBtnClicked();
-    void OnDevTypeFilterChanged(int nCategory);
-    void OnStatusTypeClick(int nOnlineState);
-    void OnDeviceTableHeaderSort(int nColumn);
-    void OnBtnSearchClicked();
-    void OnSearchLineEdit(const QString& sText);
-    void OnPageFlipQueryCurrentPage(int nPage);
-    void OnTreeSelectionChanged(const QModelIndex& index);
+    // Filters.
     void SetCategory(int nCategory);
     void ShowCategories(const std::vector<int>& vecCategories);
-    void QueryFirstPage();
+    void OnStatusTypeClick(int nOnlineState);
+    void OnBtnSearchClicked();
+    void OnTreeSelectionChanged();
+    void TellOrganizations();
 
-    // The table.
-    void OnCheckStateChanged(const QModelIndex& index);
-    void OnTableColumnStateChanged(int nColumn, int nShown);
-    void OnTableBtnClicked(const QModelIndex& index, int nRole);
-    void OnTableContextMenu(const QPoint& pos);
-    void OnToggleChecks();
-    void UpdateSelectionButtons();
-    void UpdateStatus();
-
-    // Operations.
-    void OnBtnAddClicked();
-    void OnBtnImportClicked();
-    void OnBtnResetPwdClicked();
-    void OnBtnTimeZoneClicked();
-    void OnBtnDeleteClicked();
-    void OnBtnExportClicked();
-    void OnBtnMoveToClicked();
-    void OnBtnRefreshClicked();
-    void OnTitleFirstBtnClicked();
-    void OnShowNotify(const QString& sText);
-    void OnSplitterMoved(int nPos, int nIndex);
-    void SetPageEnabled(bool bEnabled);
-    void DeleteDevices(const QStringList& listIds);
-    void MoveDevices(const QStringList& listIds);
-    void OnModifyDeviceOrg(const QVector<QString>& vecIds, const QString& sOrgCode);
-    void OnMoveAnswer(const GroupParam& param);
-    void WriteExport(const class CDeviceExport& writer);
-    void OnExportAnswer(const QString& sPath, const GroupAnswer& pAnswer);
-    void OnExportFinished(const QString& sError);
-    void EndExport();
+    // What is opened.
+    QStringList GetCheckedIds() const;
+    void OnOperation(int nRole, const QString& sDeviceId);
     void ShowDetails(const QString& sDeviceId);
-    void ShowAccess(const QString& sDeviceId);
-
-    // Adding and editing.
     void ShowForm(QWidget* pPage);
+    void OnBtnAddClicked();
     void EditDevice(const QString& sDeviceId);
     void OnAddDevice(const GroupLogical::DeviceAddInfo_t& device);
     void OnModifyDevice(const GroupLogical::DeviceAddInfo_t& device);
     void OnFormAnswer(const GroupParam& param);
     void OnDeviceEditComplete();
+    void OnBtnImportClicked();
     void OnImportStatueChange(bool bRunning);
-    void OnShowOutcome(const QString& sText);
 
-    // The search panel.
-    void OnBtnDiscoverClicked();
-    void OnExpandClicked();
-    void ShowDiscovery(bool bShown);
-
-    // Organisations.
-    void OnAddOrg(const QString& sParentCode);
-    void OnEditOrg(const QString& sCode, const QString& sName, const QString& sRemark);
-    void OnDeleteOrg(const QString& sCode);
-    void OnMoveOrg(const QString& sCode, const QString& sNewParentCode);
-    void OnAddOrModifyOrgComplete(int nMode, const QString& sCode, const QString& sName);
-
-    UICommonMdl::ILocalConfig* m_pLocalConfig;
-    std::unique_ptr<Ui::CDeviceManagerCtrl> m_pUi;
-    CDeviceModel* m_pModel;
-    CDevAdd* m_pForm = nullptr; ///< adds and edits, in the page of the stack that is about it
+    CDeviceListView* m_pList;
+    COrganizationTreeCtrl* m_pTree;
+    Common::CFilterBar* m_pCategories;
+    VxGUI::VxSearchBox* m_pSearch;
+    COrganizationEditPage* m_pOrgPage;
+    CDeviceDetailPage* m_pDetailPage;
+    QWidget* m_pEditPage;
+    QWidget* m_pAddPage;
+    CDevAdd* m_pForm; ///< adds and edits, in the page that is about it
+    CAutoSearchOnlineDev* m_pDiscovery;
     CDevImport* m_pImport = nullptr; ///< made on its first use
-    CAutoSearchOnlineDev* m_pDiscovery = nullptr;
     QMovie* m_pImportMovie = nullptr;
-    CDeviceTableHeader* m_pHeader = nullptr;
-    Common::CRowButtonDelegate* m_pRowButtons = nullptr;
-    std::map<int, QAbstractButton*> m_mapCategoryButtons;
+    COrganizationOperations* m_pOrganizations;
+    CDeviceOperations* m_pOperations;
+    CDeviceExporter* m_pExporter;
 
-    int m_nCategory = 0;
     int m_nOnlineState = GroupLogical::StateAll;
-    int m_nSortColumn = 2;
-    Qt::SortOrder m_sortOrder = Qt::DescendingOrder;
     QString m_sSearchText;
-    QString m_sSelectAfterQuery; ///< organisation to select once the tree shows it
+    bool m_bOrganizationsStale = false;
 
     Common::CCalls<GroupLogical::IGroupManagerObserver> m_calls;
     Common::CCalls<RemoteConfigLogical::IRemoteDeviceObserver> m_deviceCalls;
-    QTimer m_queryTimer; ///< gathers pushes into one query
-    bool m_bOrganizationsStale = false;
-    bool m_bDevicesStale = false;
-    QFuture<void> m_exportFuture;
-    QPointer<VxGUI::VxWaitDialog> m_pWaitDialog;
 };
 
 } // namespace ResourceManagerUI

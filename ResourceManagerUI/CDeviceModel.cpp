@@ -16,13 +16,21 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CDeviceManagerCtrl)
 };
 
+constexpr int MaxAddressWidth = 280; // domain names are longer than addresses
+constexpr int MinNameWidth = 140;
+
 QVector<Common::Column> MakeColumns()
 {
-    return {{QString(), true}, {Text::tr("Device ID"), false}, {Text::tr("IP Address"), true},
-        {Text::tr("Device Name"), true}, {Text::tr("Device Type"), true}, {Text::tr("Device Model"), false},
-        {Text::tr("Organization"), true}, {Text::tr("Online Status"), true},
-        {Text::tr("Offline Reason"), true}, {Text::tr("Manufacturer"), false},
-        {Text::tr("Access Protocol"), false}, {Text::tr("Operation"), true}};
+    using Width = Common::ColumnWidth;
+    constexpr int NotSorted = Common::Column::NotSorted;
+    return {{QString(), true, Width::Fixed}, {Text::tr("Device ID"), false},
+        {Text::tr("IP Address"), true, Width::Content, GroupLogical::SortByIp, true, 0, MaxAddressWidth},
+        {Text::tr("Device Name"), true, Width::Stretch, GroupLogical::SortByName, true, MinNameWidth},
+        {Text::tr("Device Type"), true}, {Text::tr("Device Model"), false, Width::Text},
+        {Text::tr("Organization"), true, Width::Text}, {Text::tr("Online Status"), true},
+        {Text::tr("Offline Reason"), true, Width::Text}, {Text::tr("Manufacturer"), false, Width::Text},
+        {Text::tr("Access Protocol"), false},
+        {Text::tr("Operation"), true, Width::Content, NotSorted, false}};
 }
 
 QIcon StatusIcon(const QString& sFile)
@@ -42,6 +50,7 @@ CDeviceModel::CDeviceModel(QObject* pParent)
     , m_onlineIcon(StatusIcon(QStringLiteral("StatusOnline.png")))
     , m_offlineIcon(StatusIcon(QStringLiteral("StatusOffline.png")))
 {
+    KeepChecks(ColumnName);
 }
 
 QStringList CDeviceModel::GetTexts(const GroupLogical::DeviceInfo_t& device)

@@ -25,7 +25,7 @@ enum DeviceColumn : int
     ColumnCount
 };
 
-/// One page of devices.
+/// One page of devices. What is checked outlasts it.
 class CDeviceModel : public Common::CTableModel
 {
     Q_OBJECT
@@ -41,7 +41,7 @@ public:
     static QString GetOnlineText(int nOnlineState);
 
     QStringList mimeTypes() const override;
-    /// The dragged devices: the checked ones when one of them is dragged, else those of the rows.
+    /// The dragged devices: all that are checked when one of them is dragged, else those of the rows.
     QMimeData* mimeData(const QModelIndexList& listIndexes) const override;
     Qt::DropActions supportedDragActions() const override { return Qt::CopyAction | Qt::MoveAction; }
     bool dropMimeData(const QMimeData*, Qt::DropAction, int, int, const QModelIndex&) override

@@ -20,12 +20,7 @@ struct Text
 CDeviceTableHeader::CDeviceTableHeader(QWidget* pParent)
     : CFilterHeaderView(pParent)
 {
-    SetCheckSection(ColumnCheck);
     SetFilterIcons(Trv::GetIcon(QStringLiteral("filter")), Trv::GetIcon(QStringLiteral("filter-active")));
-    QVector<int> vecOptional;
-    for (int nColumn = ColumnId; nColumn < ColumnOperation; ++nColumn)
-        vecOptional.append(nColumn);
-    SetOptionalSections(vecOptional);
     SetCategories({});
     SetFilter(ColumnOnline,
         {{GroupLogical::StateAll, Text::tr("All")},

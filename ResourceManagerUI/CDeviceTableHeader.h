@@ -6,7 +6,7 @@
 
 namespace ResourceManagerUI {
 
-/// Header of the device table: check-all, filters of type and online state, optional columns.
+/// Header of the device table: filters of type and online state.
 class CDeviceTableHeader : public Common::CFilterHeaderView
 {
     Q_OBJECT

@@ -7,6 +7,9 @@
 #include <common/Prompt.h>
 
 #include <QKeyEvent>
+#include <QPointer>
+
+#include <algorithm>
 
 namespace ResourceManagerUI {
 
@@ -17,11 +20,14 @@ struct Text
 };
 } // namespace
 
-COrganizationEditPage::COrganizationEditPage(QWidget* pParent)
+COrganizationEditPage::COrganizationEditPage(
+    const UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
     : QWidget(pParent)
     , m_pUi(std::make_unique<Ui::COrganizationEditPage>())
+    , m_calls(pInterfaceSet, this)
 {
     m_pUi->setupUi(this);
+    setObjectName(QStringLiteral("pageOrg"));
     m_pUi->btnBack->setIcon(Trv::GetIcon(QStringLiteral("back")));
     const QString sSpecial = Text::tr("Special characters < and > are not allowed.");
     m_pUi->editName->SetRequired(Text::tr("Organization name cannot be empty."));
@@ -37,11 +43,6 @@ COrganizationEditPage::COrganizationEditPage(QWidget* pParent)
 }
 
 COrganizationEditPage::~COrganizationEditPage() = default;
-
-void COrganizationEditPage::SetInterfaceSet(const UICommonMdl::CInterfaceSetManager* pInterfaceSet)
-{
-    m_pCalls = std::make_unique<Calls>(pInterfaceSet, this);
-}
 
 void COrganizationEditPage::BeginAdd(const GroupLogical::Organization_t& parent)
 {
@@ -59,7 +60,7 @@ void COrganizationEditPage::BeginModify(
 void COrganizationEditPage::Begin(
     Mode mode, const GroupLogical::Organization_t& record, const QString& sParentName)
 {
-    m_pCalls->ForgetAll();
+    m_calls.ForgetAll();
     m_mode = mode;
     m_loaded = record;
     m_pUi->lbTitle->setText(mode == ModeAdd ? Text::tr("Add Organization") : Text::tr("Edit Organization"));
@@ -68,8 +69,14 @@ void COrganizationEditPage::Begin(
     m_pUi->editRemark->setText(QString::fromStdString(record.sRemark));
     m_pUi->editName->ClearErrorHint();
     m_pUi->editRemark->ClearErrorHint();
+    m_baseline = GetEdited();
     SetBusy(false);
     m_pUi->editName->GetLineEdit()->setFocus();
+}
+
+bool COrganizationEditPage::IsDirty() const
+{
+    return GetEdited() != m_baseline;
 }
 
 GroupLogical::Organization_t COrganizationEditPage::GetEdited() const
@@ -82,7 +89,7 @@ GroupLogical::Organization_t COrganizationEditPage::GetEdited() const
 
 void COrganizationEditPage::OnOkClicked()
 {
-    if (m_pCalls->IsPending())
+    if (m_calls.IsPending())
         return;
     for (VxGUI::VxLineEdit* pEdit : {m_pUi->editName, m_pUi->editRemark}) {
         if (!pEdit->CheckInput().isEmpty()) {
@@ -93,14 +100,18 @@ void COrganizationEditPage::OnOkClicked()
     const GroupLogical::Organization_t edited = GetEdited();
     const auto onAnswer = [this, edited](const Param& param) { OnSaved(edited, param); };
     if (m_mode == ModeAdd)
-        m_pCalls->Each<&GroupLogical::IGroupManager::AddOrganization>(edited, onAnswer);
+        m_calls.Each<&GroupLogical::IGroupManager::AddOrganization>(edited, onAnswer);
     else
-        m_pCalls->Each<&GroupLogical::IGroupManager::ModifyOrganization>(edited, onAnswer);
+        m_calls.Each<&GroupLogical::IGroupManager::ModifyOrganization>(edited, onAnswer);
     SetBusy(true);
 }
 
 void COrganizationEditPage::OnSaved(const GroupLogical::Organization_t& edited, const Param& param)
 {
+    if (param.nErrorCode == UICommonMdl::ErrorVersionConflict) {
+        QueryTheirs();
+        return;
+    }
     SetBusy(false);
     if (param.nErrorCode != UICommonMdl::ErrorNone) {
         ShowFailure(param.nErrorCode);
@@ -112,12 +123,41 @@ void COrganizationEditPage::OnSaved(const GroupLogical::Organization_t& edited, 
         m_mode, QString::fromStdString(saved.sCode), QString::fromStdString(saved.sName));
 }
 
+void COrganizationEditPage::QueryTheirs()
+{
+    m_calls.Latest<&GroupLogical::IGroupManager::QueryOrganizations>(
+        [this](const Param& param) { OnTheirs(param); });
+}
+
+void COrganizationEditPage::OnTheirs(const Param& param)
+{
+    SetBusy(false);
+    const auto& vecAll = param.vecOrganizations;
+    const auto it = std::find_if(vecAll.begin(), vecAll.end(),
+        [this](const GroupLogical::Organization_t& other) { return other.sCode == m_loaded.sCode; });
+    if (param.nErrorCode != UICommonMdl::ErrorNone || it == vecAll.end()) {
+        ShowFailure(
+            param.nErrorCode != UICommonMdl::ErrorNone ? param.nErrorCode : int(UICommonMdl::ErrorNotFound));
+        return;
+    }
+    // What was typed stays; saved again, it stands over the change that has just been told.
+    m_loaded = *it;
+    m_baseline = *it;
+    const QString sChange =
+        Text::tr("Somebody else changed it in the meantime: its name is \"%1\", its remark \"%2\". What you "
+                 "entered is kept; OK saves it over that change.")
+            .arg(QString::fromStdString(it->sName), QString::fromStdString(it->sRemark));
+    VxGUI::VxNotification::Show(this, Text::tr("Failed to modify organization.") + QLatin1Char(' ') + sChange,
+        VxGUI::NotificationKind::Warning);
+}
+
 void COrganizationEditPage::OnCancelClicked()
 {
-    if (!Common::AskPrompt(this, Text::tr("Are you sure to cancel?")))
+    const QPointer<COrganizationEditPage> guard(this);
+    if (IsDirty() && (!Common::AskPrompt(this, Text::tr("Are you sure to cancel?")) || !guard))
         return;
-    m_pCalls->ForgetAll();
-    Q_EMIT SignalFirstBtnClicked();
+    m_calls.ForgetAll();
+    Q_EMIT SignalBack();
 }
 
 void COrganizationEditPage::ShowFailure(int nErrorCode)

@@ -25,19 +25,21 @@ public:
         ModeModify = 1
     };
 
-    explicit COrganizationEditPage(QWidget* pParent = nullptr);
+    /// pInterfaceSet is borrowed.
+    explicit COrganizationEditPage(
+        const UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent = nullptr);
     ~COrganizationEditPage() override;
 
-    /// pInterfaceSet is borrowed. Called once, before anything else.
-    void SetInterfaceSet(const UICommonMdl::CInterfaceSetManager* pInterfaceSet);
     void BeginAdd(const GroupLogical::Organization_t& parent);
     void BeginModify(const GroupLogical::Organization_t& organization, const QString& sParentName);
+    /// Whether the input differs from what the editor began with.
+    bool IsDirty() const;
 
 Q_SIGNALS:
     /// The server took the change: the mode, and code and name of the organisation.
     void SignalAddOrModifyOrgComplete(int nMode, const QString& sCode, const QString& sName);
     /// Back to the list.
-    void SignalFirstBtnClicked();
+    void SignalBack();
 
 protected:
     void keyPressEvent(QKeyEvent* pEvent) override;
@@ -51,12 +53,15 @@ private:
     void OnCancelClicked();
     void OnSaved(const GroupLogical::Organization_t& edited, const Param& param);
     void ShowFailure(int nErrorCode);
+    void QueryTheirs();
+    void OnTheirs(const Param& param);
     void SetBusy(bool bBusy);
 
     std::unique_ptr<Ui::COrganizationEditPage> m_pUi;
     Mode m_mode = ModeAdd;
-    GroupLogical::Organization_t m_loaded;
-    std::unique_ptr<Calls> m_pCalls;
+    GroupLogical::Organization_t m_loaded; ///< as the server has it
+    GroupLogical::Organization_t m_baseline; ///< the same as the fields show it
+    Calls m_calls;
 };
 
 } // namespace ResourceManagerUI

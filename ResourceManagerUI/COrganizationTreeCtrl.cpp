@@ -25,6 +25,7 @@ COrganizationTreeCtrl::COrganizationTreeCtrl(QWidget* pParent)
     , m_pModel(new Common::COrganizationModel(this))
 {
     m_pUi->setupUi(this);
+    setAttribute(Qt::WA_StyledBackground);
     m_pUi->btnAddOrg->setIcon(Trv::GetIcon(QStringLiteral("add")));
     m_pUi->btnEditOrg->setIcon(Trv::GetIcon(QStringLiteral("edit")));
     m_pUi->btnDeleteOrg->setIcon(Trv::GetIcon(QStringLiteral("delete")));

@@ -1,7 +1,5 @@
 #include "DeviceRules.h"
 
-#include "CDeviceModel.h"
-
 #include <UICommonMdl/CErrorCode.h>
 
 #include <QCoreApplication>
@@ -66,11 +64,6 @@ constexpr FailureText FailureTexts[] = {
 
 } // namespace
 
-int GetSortField(int nColumn)
-{
-    return nColumn == ColumnIp ? GroupLogical::SortByIp : GroupLogical::SortByName;
-}
-
 GroupLogical::DevicePageRequest_t BuildPageRequest(const DeviceQuery& query)
 {
     GroupLogical::DevicePageRequest_t request;
@@ -78,7 +71,7 @@ GroupLogical::DevicePageRequest_t BuildPageRequest(const DeviceQuery& query)
     request.nPageSize = query.nPageSize;
     request.sOrgCode = query.sOrgCode.toStdString();
     request.bAscending = query.sortOrder != Qt::DescendingOrder;
-    request.nSortField = GetSortField(query.nSortColumn);
+    request.nSortField = query.nSortField;
     request.nOnlineState = query.nOnlineState;
     request.nCategory = query.nCategory;
     if (!query.sSearchText.isEmpty())

@@ -17,20 +17,20 @@ struct DeviceQuery
     int nPage = 1; ///< as the page bar reports it; 0 while it has no row
     int nPageSize = 20;
     QString sOrgCode; ///< empty: every organisation
-    int nSortColumn = 2;
+    int nSortField = GroupLogical::SortByIp;
     Qt::SortOrder sortOrder = Qt::DescendingOrder;
     int nOnlineState = GroupLogical::StateAll;
     int nCategory = 0;
     QString sSearchText; ///< as typed
 };
 
-/// The sort field of a column of the device table.
-int GetSortField(int nColumn);
 /// The request for that query; the search text is percent-encoded UTF-8.
 GroupLogical::DevicePageRequest_t BuildPageRequest(const DeviceQuery& query);
 
 /// Devices that one delete request takes.
 inline constexpr int DeleteBatchSize = 5;
+/// Devices that one move request takes.
+inline constexpr int MoveBatchSize = 1000;
 /// Takes the next batch off the list: at most DeleteBatchSize ids; empty when none is left.
 std::vector<std::string> TakeDeleteBatch(std::vector<std::string>& vecIds);
 

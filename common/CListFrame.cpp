@@ -55,9 +55,10 @@ CListFrame::CListFrame(QWidget* pParent)
     m_pPager->SetTotalShown(false);
     m_pStack->addWidget(m_pState);
 
-    auto* const pLayout = new QVBoxLayout(this);
+    auto* const pLayout = new QHBoxLayout(this);
     pLayout->setContentsMargins(0, 0, 0, 0);
-    pLayout->addWidget(m_pSplitter);
+    pLayout->setSpacing(0);
+    pLayout->addWidget(m_pSplitter, 1);
     m_pListLayout->setContentsMargins(Margin, Margin, Margin, Margin);
     m_pListLayout->setSpacing(Spacing);
     m_pListLayout->addWidget(m_pToolBar);
@@ -94,10 +95,20 @@ void CListFrame::SetList(CListView* pList)
 void CListFrame::SetTree(QWidget* pTree, int nWidth)
 {
     m_pTree = pTree;
+    m_nTreeWidth = nWidth;
     m_pSplitter->insertWidget(0, pTree);
     m_pSplitter->setStretchFactor(0, 0);
     m_pSplitter->setStretchFactor(1, 1);
-    m_pSplitter->setSizes({nWidth, AllTheRest});
+    SetWidths();
+}
+
+void CListFrame::SetWidths()
+{
+    // Before the first layout the splitter does not know its widths.
+    QList<int> listWidths{AllTheRest};
+    if (m_pTree)
+        listWidths.prepend(m_nTreeWidth);
+    m_pSplitter->setSizes(listWidths + m_listPanelWidths);
 }
 
 void CListFrame::AddRow(QWidget* pRow)
@@ -114,11 +125,15 @@ void CListFrame::AddTitle(QWidget* pRow)
 
 void CListFrame::AddPanel(QWidget* pPanel, int nWidth)
 {
-    QList<int> listSizes = m_pSplitter->sizes();
+    m_listPanelWidths.append(nWidth);
     m_pSplitter->addWidget(pPanel);
     m_pSplitter->setStretchFactor(m_pSplitter->count() - 1, 0);
-    listSizes.append(nWidth);
-    m_pSplitter->setSizes(listSizes);
+    SetWidths();
+}
+
+void CListFrame::AddStrip(QWidget* pStrip)
+{
+    layout()->addWidget(pStrip);
 }
 
 void CListFrame::SetSearch(QLineEdit* pSearch)
@@ -149,9 +164,8 @@ void CListFrame::Remember(UICommonMdl::ILocalConfig* pConfig, const QString& sPa
     const int nTreeWidth = pConfig->GetValue(sPageKey + QStringLiteral("/TreeWidth")).toInt();
     if (!m_pTree || nTreeWidth <= 0)
         return;
-    QList<int> listSizes = m_pSplitter->sizes();
-    listSizes[0] = nTreeWidth;
-    m_pSplitter->setSizes(listSizes);
+    m_nTreeWidth = nTreeWidth;
+    SetWidths();
 }
 
 void CListFrame::OnSplitterMoved()

@@ -50,6 +50,8 @@ public:
     void AddTitle(QWidget* pRow);
     /// A panel (taken) at the right of the list.
     void AddPanel(QWidget* pPanel, int nWidth);
+    /// A strip (taken) at the right edge, as wide as it needs, beside all the rest.
+    void AddStrip(QWidget* pStrip);
     /// A search field (taken) at the right end of the tool bar; Ctrl+F leads to it.
     void SetSearch(QLineEdit* pSearch);
     /// A list that comes whole has no page bar.
@@ -85,6 +87,7 @@ protected:
 private:
     static constexpr int DefaultTreeWidth = 204;
 
+    void SetWidths();
     void OnSplitterMoved();
     void UpdateEnabled();
     void SetTabOrders();
@@ -99,7 +102,9 @@ private:
     UICommonMdl::CNumberPageCtrl* m_pPager;
     CListView* m_pList = nullptr;
     QWidget* m_pTree = nullptr;
+    int m_nTreeWidth = 0;
     QVector<QWidget*> m_vecRows;
+    QList<int> m_listPanelWidths;
     UICommonMdl::ILocalConfig* m_pConfig = nullptr;
     QString m_sPageKey;
     int m_nTitles = 0;

@@ -50,7 +50,7 @@ CListPage::CListPage(
 
     m_pQueryTimer->setSingleShot(true);
     m_pQueryTimer->setInterval(PushDelayMs);
-    connect(m_pQueryTimer, &QTimer::timeout, this, &CListPage::QueryRows);
+    connect(m_pQueryTimer, &QTimer::timeout, this, [this] { QueryStale(); });
     connect(m_pFrame, &CListFrame::SignalPageWanted, this, &CListPage::QueryRows);
     connect(m_pFrame, &CListFrame::SignalStateAction, this, [this] {
         if (m_pFrame->GetState()->GetKind() == VxGUI::VxEmptyState::Kind::Empty) {

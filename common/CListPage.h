@@ -39,6 +39,8 @@ protected:
     virtual void Query() = 0;
     /// Asks for everything that the page shows, when the server is back and when the user refreshes.
     virtual void QueryAll() { QueryRows(); }
+    /// Asks for what pushes made stale, a moment after QueryLater.
+    virtual void QueryStale() { QueryRows(); }
     /// Whether a search or a filter may hide rows.
     virtual bool IsFiltered() const { return false; }
     /// Whether ClearFilters leads back to all rows: a list without any offers that then.
@@ -49,7 +51,7 @@ protected:
     void QueryRows();
     /// The same from the first page on: a filter changed.
     void QueryFirstPage();
-    /// Query in a moment; what comes meanwhile is one query.
+    /// QueryStale in a moment; what comes meanwhile is one query.
     void QueryLater();
     /// The answer to Query. show puts its rows (none after a failure) into the list.
     void ShowAnswer(int nErrorCode, int nTotal, int nPage, const std::function<void()>& show);

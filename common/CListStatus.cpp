@@ -28,6 +28,8 @@ CListStatus::CListStatus(QWidget* pParent)
     , m_pClear(new QPushButton(Text::tr("Clear"), this))
 {
     setObjectName(QStringLiteral("wgtListStatus"));
+    // The style sheet lets its button become as narrow as none, beside a page bar that needs the room.
+    setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred);
     m_pTotal->setObjectName(QStringLiteral("lbStatus"));
     m_pChecked->setObjectName(QStringLiteral("lbChecked"));
     m_pClear->setObjectName(QStringLiteral("btnClearChecks"));

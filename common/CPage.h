@@ -35,14 +35,6 @@ public:
     bool HasRight(const char* pszCode) const { return m_session.HasRight(pszCode); }
     UICommonMdl::CInterfaceSetManager* GetInterfaceSet() const { return m_pInterfaceSet; }
 
-protected:
-    CSession& GetSession() { return m_session; }
-
-    /// The connection was lost, or is back.
-    virtual void OnConnectionChanged(bool /*bConnected*/) { }
-    /// The user's rights are others now.
-    virtual void OnRightsChanged() { }
-
     /// A passing message; a hidden page says nothing.
     void Notify(const QString& sText, VxGUI::NotificationKind kind);
     /// A failed request as a passing message: sPrefix and the text of the code.
@@ -50,6 +42,14 @@ protected:
     /// Runs it now or, on a hidden page, when the page is shown: what opens a window, and must not be lost.
     /// The page may be gone when it returns.
     void WhenShown(std::function<void()> act);
+
+protected:
+    CSession& GetSession() { return m_session; }
+
+    /// The connection was lost, or is back.
+    virtual void OnConnectionChanged(bool /*bConnected*/) { }
+    /// The user's rights are others now.
+    virtual void OnRightsChanged() { }
 
     void showEvent(QShowEvent* pEvent) override;
 

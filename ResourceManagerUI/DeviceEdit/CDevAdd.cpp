@@ -186,7 +186,7 @@ void CDevAdd::OnCancelClicked()
         return;
     m_groupCalls.ForgetAll();
     SetBusy(false);
-    Q_EMIT SignalFirstBtnClicked();
+    Q_EMIT SignalBack();
 }
 
 void CDevAdd::Tell(VxGUI::VxLineEdit* pEdit, const QString& sMessage, VxGUI::VxLineEdit*& pFirst)

@@ -47,7 +47,7 @@ Q_SIGNALS:
     void SignalAddDevice(const GroupLogical::DeviceAddInfo_t& device);
     void SignalModifyDevice(const GroupLogical::DeviceAddInfo_t& device);
     /// Back to the list, the input being given up.
-    void SignalFirstBtnClicked();
+    void SignalBack();
     /// The server took the device, or some of a segment.
     void SignalEditComplete();
     void SignalShowNotify(QString sText);

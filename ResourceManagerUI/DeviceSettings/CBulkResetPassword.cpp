@@ -41,8 +41,7 @@ CBulkResetPassword::CBulkResetPassword(const UICommonMdl::CInterfaceSetManager* 
     setMinimumWidth(460);
     m_calls.SetLimit(ReportTimeOut);
     SetUpFields();
-    QPushButton* const pOk = m_pUi->buttonBox->button(QDialogButtonBox::Ok);
-    pOk->setProperty("role", QStringLiteral("primary"));
+    Common::SetButtonRole(m_pUi->buttonBox->button(QDialogButtonBox::Ok), QStringLiteral("primary"));
     connect(m_pUi->buttonBox, &QDialogButtonBox::accepted, this, &CBulkResetPassword::accept);
     connect(m_pUi->buttonBox, &QDialogButtonBox::rejected, this, &CBulkResetPassword::reject);
     connect(

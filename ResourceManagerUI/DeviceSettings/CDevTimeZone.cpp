@@ -38,7 +38,7 @@ CDevTimeZone::CDevTimeZone(
     resize(600, 620);
     m_deviceCalls.SetLimit(ReportTimeOut);
     m_pUi->treeDevices->SetDevices(vecDevices);
-    m_pUi->buttonBox->button(QDialogButtonBox::Ok)->setProperty("role", QStringLiteral("primary"));
+    Common::SetButtonRole(m_pUi->buttonBox->button(QDialogButtonBox::Ok), QStringLiteral("primary"));
     connect(m_pUi->buttonBox, &QDialogButtonBox::accepted, this, &CDevTimeZone::accept);
     connect(m_pUi->buttonBox, &QDialogButtonBox::rejected, this, &CDevTimeZone::reject);
     connect(m_pUi->wgtServer, &CHomeServerSel::SignalServerChosen, this, &CDevTimeZone::QueryZone);

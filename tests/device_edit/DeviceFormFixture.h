@@ -56,7 +56,7 @@ protected:
             [this](const Device& device) { m_vecAdded.push_back(device); });
         QObject::connect(pForm, &CDevAdd::SignalModifyDevice, pForm,
             [this](const Device& device) { m_vecModified.push_back(device); });
-        QObject::connect(pForm, &CDevAdd::SignalFirstBtnClicked, pForm, [this] { ++m_nBack; });
+        QObject::connect(pForm, &CDevAdd::SignalBack, pForm, [this] { ++m_nBack; });
         QObject::connect(pForm, &CDevAdd::SignalEditComplete, pForm, [this] { ++m_nComplete; });
         QObject::connect(pForm, &CDevAdd::SignalShowNotify, pForm,
             [this](const QString& sText) { m_listNotices.append(sText); });

@@ -110,7 +110,7 @@ void LiveClient::WaitReconnected()
         return m_server.StreamCount() > 0 && m_client.GetRemoteConfigManager()->IsServerConnected();
     });
     PageDriver::Settle();
-    PageDriver::WaitFor([this] { return m_pDriver->IsUsable(QStringLiteral("btnRefresh")); });
+    PageDriver::WaitFor([this] { return m_pDriver->IsUsable(QStringLiteral("btnAdd")); });
     WaitIdle();
 }
 

@@ -124,6 +124,9 @@ TEST_F(LiveOrganizations, TheSecondOfTwoEditorsIsToldAndKeepsItsInput)
     EXPECT_TRUE(m_client.Driver().IsShown(QStringLiteral("editName")));
     EXPECT_EQ(m_client.Driver().Find<VxGUI::VxLineEdit>(QStringLiteral("editName"))->text(),
         QStringLiteral("Too Late"));
+    m_client.Driver().Click(QStringLiteral("btnOk"));
+    m_client.WaitIdle();
+    EXPECT_TRUE(Exists(QStringLiteral("Too Late"))) << "who knows of the other change can save over it";
 }
 
 TEST_F(LiveOrganizations, WhatOneOperatorAddsTheOtherSees)

@@ -50,6 +50,22 @@ TEST_F(DeviceDeletion, QuestionCountsTheDevices)
     EXPECT_EQ(m_host.group.Count("DeleteDevice"), 0);
 }
 
+TEST_F(DeviceDeletion, NamesAndDeletesWhatIsCheckedOnTwoPagesAndForgetsWhatIsGone)
+{
+    CheckOnTwoPages();
+    m_dialogs.AnswerNext(true);
+    m_pDriver->Click(QStringLiteral("btnDelete"));
+    EXPECT_EQ(m_dialogs.LastText(), QStringLiteral("Are you sure to delete these devices?"));
+    EXPECT_EQ(m_dialogs.LastDetails(), QStringLiteral("Door 1\nCamera 1\nCamera 2"));
+    EXPECT_EQ(m_host.group.LastArgument<Deleted>("DeleteDevice").first,
+        (FakeGroupManager::Ids{"2001", "1001", "1002"}));
+    AnswerLast({{"1001", "Camera 1", UICommonMdl::ErrorDeviceUpdating, {}},
+        {"1002", {}, UICommonMdl::ErrorNotFound, {}}});
+    EXPECT_EQ(Model()->GetCheckedIds(), QStringList{QStringLiteral("1001")})
+        << "what is still there stays checked";
+    FindDialog<CBatchDeleteDeviceDlg>()->reject();
+}
+
 TEST_F(DeviceDeletion, TwelveDevicesGoInThreeBatchesOneAfterTheOther)
 {
     DeleteChecked(12);

@@ -35,6 +35,30 @@ protected:
         m_pDriver.reset();
         m_pPage.reset();
     }
+    /// From now on the second page holds other devices than the first one.
+    void ServeTwoPages()
+    {
+        m_host.group.AnswerAlways("QueryDevicePage", [this](const FakeCall& call, GroupParam& param) {
+            const int nPage = std::any_cast<Request>(call.argument).nPage;
+            std::vector<GroupLogical::DeviceInfo_t> vecDevices = m_host.group.vecDevices;
+            for (GroupLogical::DeviceInfo_t& device : vecDevices) {
+                if (nPage != 2)
+                    break;
+                device.sDeviceId[0] = '2';
+                device.sName = "Door" + device.sName.substr(device.sName.find(' '));
+            }
+            param.devicePage = {vecDevices, 40, nPage};
+        });
+    }
+    /// Checks the first two devices of the first page and the first of the second one, which is shown then.
+    void CheckOnTwoPages()
+    {
+        ServeTwoPages();
+        Open();
+        CheckRows(2);
+        m_pDriver->Click(QStringLiteral("btnNextPage"));
+        CheckRows(1);
+    }
     QTreeView* Table() { return m_pDriver->Find<QTreeView>(QStringLiteral("treeDevice")); }
     ResourceManagerUI::CDeviceModel* Model()
     {

@@ -2,12 +2,15 @@
 
 #include <ResourceManagerUI/CDevMove.h>
 #include <ResourceManagerUI/CDeviceTableHeader.h>
+#include <ResourceManagerUI/DeviceSettings/CBulkResetPassword.h>
+#include <ResourceManagerUI/DeviceSettings/CDevTimeZone.h>
 #include <UICommonMdl/CNumberPageCtrl.h>
 #include <UICommonMdl/ErrorCodes.h>
 #include <VxGUI/VxEmptyState.h>
 #include <tests/support/core/QtWarnings.h>
 
 #include <QDialogButtonBox>
+#include <QLabel>
 #include <QTemporaryDir>
 
 using namespace ResourceManagerUI;
@@ -65,23 +68,25 @@ TEST_F(DevicePage, FiltersCombineIntoOneQueryOfTheFirstPage)
     EXPECT_TRUE(m_pDriver->Find<QPushButton>(QStringLiteral("btnAccessDevice"))->isChecked());
 }
 
-TEST_F(DevicePage, HeaderClickSorts)
+TEST_F(DevicePage, AddressAndNameSortOnTheServer)
 {
     Open();
     auto* pHeader = m_pDriver->Find<CDeviceTableHeader>(QStringLiteral("headerDevice"));
     const auto click = [&](int nColumn) {
         QTest::mouseClick(pHeader->viewport(), Qt::LeftButton, {},
             QPoint(pHeader->sectionViewportPosition(nColumn) + 20, pHeader->height() / 2));
+        PageDriver::Settle();
     };
-    click(ColumnIp);
-    EXPECT_TRUE(LastRequest().bAscending);
-    EXPECT_EQ(LastRequest().nSortField, GroupLogical::SortByIp);
-    click(ColumnOrganization);
+    click(ColumnName);
     EXPECT_EQ(LastRequest().nSortField, GroupLogical::SortByName);
+    EXPECT_FALSE(LastRequest().bAscending) << "the order in use stays";
+    click(ColumnName);
+    EXPECT_TRUE(LastRequest().bAscending);
+    click(ColumnIp);
+    EXPECT_EQ(LastRequest().nSortField, GroupLogical::SortByIp);
     const int nQueries = m_host.group.Count("QueryDevicePage");
-    click(ColumnCheck);
-    EXPECT_EQ(m_host.group.Count("QueryDevicePage"), nQueries) << "the check-all box does not sort";
-    EXPECT_EQ(Model()->GetCheckedIds().size(), 12);
+    click(ColumnOrganization);
+    EXPECT_EQ(m_host.group.Count("QueryDevicePage"), nQueries) << "the server cannot sort by it";
 }
 
 TEST_F(DevicePage, AnswersThatAreNotPendingAreDropped)
@@ -110,26 +115,24 @@ TEST_F(DevicePage, AnswersThatAreNotPendingAreDropped)
     EXPECT_EQ(Cell(0, ColumnName), QStringLiteral("second"));
 }
 
-TEST_F(DevicePage, ChecksEnableTheBoundButtonsAndSurviveAPush)
+TEST_F(DevicePage, PushesAreGatheredIntoOneQuery)
 {
     Open();
-    EXPECT_FALSE(m_pDriver->IsUsable(QStringLiteral("btnDelete")));
     CheckRows(2);
-    EXPECT_TRUE(m_pDriver->IsUsable(QStringLiteral("btnDelete")));
-    EXPECT_TRUE(m_pDriver->IsUsable(QStringLiteral("btnMoveTo")));
-
     m_host.group.vecDevices.erase(m_host.group.vecDevices.begin());
+    m_host.group.vecOrganizations.pop_back();
     const int nQueries = m_host.group.Count("QueryDevicePage");
     GroupParam push;
     push.nResultCode = FakeGroupManager::Observer::ResultDevicesChanged;
-    for (int n = 0; n < 3; ++n)
-        m_host.group.Send(push);
+    m_host.group.Send(push);
+    push.nResultCode = FakeGroupManager::Observer::ResultOrganizationsChanged;
+    m_host.group.Send(push);
+    m_host.group.Send(push);
     EXPECT_TRUE(PageDriver::WaitFor([&] { return Model()->rowCount() == 11; }));
+    PageDriver::Settle();
     EXPECT_EQ(m_host.group.Count("QueryDevicePage"), nQueries + 1);
-    EXPECT_EQ(Model()->GetCheckedIds(), QStringList{QStringLiteral("1002")});
-    m_pDriver->ClickIndex(Table(), Model()->index(0, ColumnName));
-    m_pDriver->Key(QStringLiteral("treeDevice"), Qt::Key_Space);
-    EXPECT_FALSE(m_pDriver->IsUsable(QStringLiteral("btnDelete")));
+    EXPECT_EQ(m_host.group.Count("QueryOrganizations"), 2);
+    EXPECT_EQ(Model()->GetCheckedCount(), 2);
 }
 
 TEST_F(DevicePage, StatePushChangesTheRowInPlace)
@@ -144,29 +147,6 @@ TEST_F(DevicePage, StatePushChangesTheRowInPlace)
     EXPECT_EQ(Cell(2, ColumnOnline), QStringLiteral("Online"));
     EXPECT_EQ(Cell(2, ColumnOfflineReason), QString());
     EXPECT_EQ(m_host.group.Count("QueryDevicePage"), nQueries);
-}
-
-TEST_F(DevicePage, LostConnectionDisablesWhatCannotWorkAndKeepsTheChecks)
-{
-    Open();
-    CheckRows(1);
-    m_host.remote.PushConnected(false);
-    PageDriver::Settle();
-    EXPECT_TRUE(m_pDriver->IsShown(QStringLiteral("lbConnection")));
-    for (const char* pszName : {"COrganizationTreeCtrl", "btnRefresh", "btnExport", "btnDelete",
-             "btnAllDevice", "treeDevice", "editSearch"})
-        EXPECT_FALSE(m_pDriver->Find(QString::fromLatin1(pszName))->isEnabled()) << pszName;
-    const int nQueries = m_host.group.Count("QueryDevicePage");
-    m_host.remote.PushConnected(true);
-    PageDriver::Settle();
-    EXPECT_FALSE(m_pDriver->IsShown(QStringLiteral("lbConnection")));
-    EXPECT_GT(m_host.group.Count("QueryDevicePage"), nQueries);
-    EXPECT_TRUE(m_pDriver->IsUsable(QStringLiteral("btnDelete")));
-    Model()->SetAllChecked(false);
-    m_host.remote.PushConnected(false);
-    m_host.remote.PushConnected(true);
-    PageDriver::Settle();
-    EXPECT_FALSE(m_pDriver->IsUsable(QStringLiteral("btnDelete")));
 }
 
 TEST_F(DevicePage, FailedQueriesShowTheirState)
@@ -187,27 +167,9 @@ TEST_F(DevicePage, FailedQueriesShowTheirState)
         Notice(), QStringLiteral("Failed to get device list: The request could not be sent to the server."));
 }
 
-TEST_F(DevicePage, HiddenColumnsAreKept)
+TEST_F(DevicePage, MoveSendsTheCheckedDevicesOfAllPagesAndListsFailures)
 {
-    const ExpectWarning popUp(PopUpWarning);
-    Open();
-    EXPECT_TRUE(Table()->isColumnHidden(ColumnId));
-    auto* pHeader = m_pDriver->Find<CDeviceTableHeader>(QStringLiteral("headerDevice"));
-    const QPoint place(pHeader->width() / 2, 5);
-    QContextMenuEvent event(QContextMenuEvent::Mouse, place, pHeader->mapToGlobal(place));
-    QApplication::sendEvent(pHeader->viewport(), &event);
-    Trigger(QStringLiteral("menuColumns"), QStringLiteral("Organization"));
-    EXPECT_TRUE(Table()->isColumnHidden(ColumnOrganization));
-    Close();
-    Open();
-    EXPECT_TRUE(Table()->isColumnHidden(ColumnOrganization));
-    EXPECT_FALSE(Table()->isColumnHidden(ColumnName));
-}
-
-TEST_F(DevicePage, MoveSendsTheCheckedDevicesAndListsFailures)
-{
-    Open();
-    CheckRows(2);
+    CheckOnTwoPages();
     m_pDriver->Click(QStringLiteral("btnMoveTo"));
     auto* pDialog = FindDialog<CDevMove>();
     ASSERT_TRUE(pDialog);
@@ -216,14 +178,51 @@ TEST_F(DevicePage, MoveSendsTheCheckedDevicesAndListsFailures)
     auto* pButtons = pDialog->findChild<QDialogButtonBox*>();
     QTest::mouseClick(pButtons->button(QDialogButtonBox::Ok), Qt::LeftButton);
     const auto moved = m_host.group.LastArgument<std::pair<FakeGroupManager::Ids, std::string>>("MoveDevice");
-    EXPECT_EQ(moved.first, (FakeGroupManager::Ids{"1001", "1002"}));
+    EXPECT_EQ(moved.first, (FakeGroupManager::Ids{"2001", "1001", "1002"}));
     EXPECT_EQ(moved.second, "001001");
     m_host.group.Answer(m_host.group.Last("MoveDevice"), [](const FakeCall&, GroupParam& param) {
-        param.vecFailed = {{"1002", "Camera 2", UICommonMdl::ErrorNotFound, {}}};
+        param.vecFailed = {{"1002", {}, UICommonMdl::ErrorNotFound, {}}};
     });
     PageDriver::Settle();
-    ASSERT_EQ(m_dialogs.Shown().size(), 1);
-    EXPECT_TRUE(m_dialogs.Shown().first().contains(QStringLiteral("Result of failure is shown below:")));
+    EXPECT_TRUE(m_dialogs.LastText().contains(QStringLiteral("Result of failure is shown below:")));
+    EXPECT_TRUE(m_dialogs.LastDetails().startsWith(QStringLiteral("Camera 2: ")))
+        << "named also while it is on another page";
+}
+
+TEST_F(DevicePage, PasswordsAndTimeZonesAreSetOnAllPages)
+{
+    CheckOnTwoPages();
+    m_pDriver->Click(QStringLiteral("btnResetPwd"));
+    auto* const pPasswords = FindDialog<CBulkResetPassword>();
+    ASSERT_TRUE(pPasswords);
+    EXPECT_TRUE(
+        pPasswords->findChild<QLabel*>(QStringLiteral("lbDevices"))->text().endsWith(QLatin1Char('3')));
+    pPasswords->reject();
+    PageDriver::Settle();
+    m_pDriver->Click(QStringLiteral("btnTimeZone"));
+    auto* const pZones = FindDialog<CDevTimeZone>();
+    ASSERT_TRUE(pZones);
+    const auto* const pList = pZones->findChild<QTreeView*>(QStringLiteral("treeDevices"))->model();
+    QStringList listNames;
+    for (int nRow = 0; nRow < pList->rowCount(); ++nRow)
+        listNames.append(pList->index(nRow, 0).data().toString());
+    EXPECT_EQ(listNames.join(QLatin1Char('/')).toStdString(), "Door 1/Camera 1/Camera 2");
+    pZones->reject();
+}
+
+TEST_F(DevicePage, WithoutTheRightExportSaysWhyItCannotBeUsed)
+{
+    m_host.user.setMissing = {"004002"};
+    Open();
+    const auto* const pExport = m_pDriver->Find(QStringLiteral("btnExport"));
+    EXPECT_FALSE(pExport->isEnabled());
+    EXPECT_EQ(pExport->toolTip(), QStringLiteral("You have no permission to export devices."));
+    m_host.user.setMissing.clear();
+    UserLogical::ILoginManagerObserver::Param push;
+    push.nResultCode = UserLogical::ILoginManagerObserver::ResultRightsChanged;
+    m_host.user.login.Send(push);
+    PageDriver::Settle();
+    EXPECT_TRUE(pExport->isEnabled());
 }
 
 TEST_F(DevicePage, ExportWritesTheListAndReportsFailures)
@@ -239,6 +238,22 @@ TEST_F(DevicePage, ExportWritesTheListAndReportsFailures)
     m_pDriver->Click(QStringLiteral("btnExport"));
     EXPECT_TRUE(PageDriver::WaitFor(
         [&] { return Notice().startsWith(QStringLiteral("Failed to export device info")); }));
+}
+
+TEST_F(DevicePage, TabGoesAsTheEyeDoes)
+{
+    Open();
+    const QStringList listWay{QStringLiteral("treeOrg"), QStringLiteral("btnAdd"),
+        QStringLiteral("btnRefresh"), QStringLiteral("editSearch"), QStringLiteral("btnAllDevice"),
+        QStringLiteral("treeDevice"), QStringLiteral("btnNextPage"), QStringLiteral("btnExpand")};
+    QStringList listSeen;
+    QWidget* pWidget = Table()->window();
+    do {
+        pWidget = pWidget->nextInFocusChain();
+        if (listWay.contains(pWidget->objectName()))
+            listSeen.append(pWidget->objectName());
+    } while (pWidget != Table()->window());
+    EXPECT_EQ(listSeen.join(QLatin1Char(' ')).toStdString(), listWay.join(QLatin1Char(' ')).toStdString());
 }
 
 TEST_F(DevicePage, PageGoneWhileAnswersComeFromAnotherThread)

@@ -1,5 +1,4 @@
 #include <GroupLogical/GroupRecords.h>
-#include <ResourceManagerUI/CDeviceModel.h>
 #include <ResourceManagerUI/DeviceRules.h>
 #include <UICommonMdl/ErrorCodes.h>
 #include <common/DeviceCategory.h>
@@ -45,7 +44,7 @@ TEST(DeviceRules, RequestFollowsTheQuery)
     EXPECT_EQ(request.nOnlineState, -1);
     EXPECT_EQ(request.sSearchText, "T%C3%BCr%201%2F2%25");
 
-    query.nSortColumn = ColumnOrganization;
+    query.nSortField = GroupLogical::SortByName;
     query.sortOrder = Qt::AscendingOrder;
     query.sSearchText.clear();
     request = BuildPageRequest(query);

@@ -89,6 +89,56 @@ TEST_F(OrganizationTree, RenamingSendsTheRecordWithItsVersion)
     EXPECT_EQ(m_dialogs.LastText(), QStringLiteral("Are you sure to cancel?"));
 }
 
+TEST_F(OrganizationTree, LeavingAsksOnlyWhenSomethingWasChanged)
+{
+    Open();
+    const auto openEditor = [this] {
+        Select("001001");
+        m_pDriver->Key(QStringLiteral("treeOrg"), Qt::Key_F2);
+        EXPECT_TRUE(m_pDriver->IsShown(QStringLiteral("pageOrg")));
+    };
+    const std::function<void()> ways[] = {[this] { m_pDriver->Click(QStringLiteral("btnCancel")); },
+        [this] {
+            QTest::mouseClick(m_pPage->findChild<QWidget*>(QStringLiteral("pageOrg"))
+                                  ->findChild<QWidget*>(QStringLiteral("btnBack")),
+                Qt::LeftButton);
+        },
+        [this] { m_pDriver->Key(QStringLiteral("editName"), Qt::Key_Escape); }};
+    for (const auto& leave : ways) {
+        openEditor();
+        leave();
+        EXPECT_TRUE(m_dialogs.Shown().isEmpty());
+        EXPECT_TRUE(m_pDriver->IsShown(QStringLiteral("pageDevice")));
+    }
+    for (const auto& leave : ways) {
+        openEditor();
+        m_pDriver->Type(QStringLiteral("editRemark"), QStringLiteral("changed"));
+        m_dialogs.AnswerNext(false);
+        leave();
+        EXPECT_TRUE(m_pDriver->IsShown(QStringLiteral("pageOrg")));
+        m_dialogs.AnswerNext(true);
+        leave();
+        EXPECT_TRUE(m_pDriver->IsShown(QStringLiteral("pageDevice")));
+    }
+}
+
+TEST_F(OrganizationTree, AConflictTellsTheOtherChangeAndKeepsTheInput)
+{
+    Open();
+    Select("001001");
+    m_pDriver->Key(QStringLiteral("treeOrg"), Qt::Key_F2);
+    m_pDriver->Type(QStringLiteral("editName"), QStringLiteral("East"));
+    m_pDriver->Click(QStringLiteral("btnOk"));
+    m_host.group.vecOrganizations[1] = {"001001", "001", "West", "yard", 0, 9};
+    m_host.group.Fail(m_host.group.Last("ModifyOrganization"), UICommonMdl::ErrorVersionConflict);
+    PageDriver::Settle();
+    EXPECT_TRUE(Notice().contains(QStringLiteral("\"West\""))) << qPrintable(Notice());
+    EXPECT_EQ(m_pDriver->Find<VxGUI::VxLineEdit>(QStringLiteral("editName"))->text(), QStringLiteral("East"));
+    m_pDriver->Click(QStringLiteral("btnOk"));
+    EXPECT_EQ(m_host.group.LastArgument<Organization_t>("ModifyOrganization"),
+        (Organization_t{"001001", "001", "East", "gate", 0, 9}));
+}
+
 TEST_F(OrganizationTree, LevelLimitIsSaid)
 {
     m_host.group.nLevelLimit = 3;
