@@ -56,24 +56,6 @@ QWidget* MakePage(const QString& sName)
     return pPage;
 }
 
-/// Tab goes through the parts as the eye does, not in the order in which they were made.
-void OrderTabs(QWidget* pTop, const QVector<QWidget*>& vecParts)
-{
-    QVector<QWidget*> vecChain;
-    for (QWidget* pNext = pTop->nextInFocusChain(); pNext != pTop; pNext = pNext->nextInFocusChain())
-        vecChain.append(pNext);
-    QWidget* pLast = nullptr;
-    for (QWidget* const pPart : vecParts) {
-        for (QWidget* const pWidget : qAsConst(vecChain)) {
-            if (pWidget->focusPolicy() == Qt::NoFocus || (pWidget != pPart && !pPart->isAncestorOf(pWidget)))
-                continue;
-            if (pLast)
-                QWidget::setTabOrder(pLast, pWidget);
-            pLast = pWidget;
-        }
-    }
-}
-
 } // namespace
 
 CDeviceManagerCtrl::CDeviceManagerCtrl(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
@@ -228,12 +210,6 @@ void CDeviceManagerCtrl::SetUpDiscovery()
     auto* const pStrip = new CDiscoveryStrip(pPanel, GetInterfaceSet()->GetLocalConfig());
     GetFrame()->AddPanel(pPanel, DiscoveryWidth);
     GetFrame()->AddStrip(pStrip);
-    QVector<QWidget*> vecParts{m_pTree};
-    for (const QAction* const pAction : GetFrame()->actions())
-        vecParts.append(GetToolBar()->FindButton(pAction->objectName()));
-    vecParts += {GetToolBar()->findChild<QWidget*>(QStringLiteral("btnMore")), m_pSearch, m_pCategories,
-        m_pList, GetFrame()->GetStatus(), GetFrame()->GetPager(), pPanel, pStrip};
-    OrderTabs(this, vecParts);
     connect(m_pDiscovery, &CAutoSearchOnlineDev::SignalShowNotify, this,
         [this](const QString& sText) { Notify(sText, VxGUI::NotificationKind::Warning); });
     connect(m_pDiscovery, &CAutoSearchOnlineDev::SignalDevicesAdded, this, &CDeviceManagerCtrl::QueryLater);
@@ -259,12 +235,12 @@ void CDeviceManagerCtrl::OnConnectionChanged(bool bConnected)
     CListPage::OnConnectionChanged(bConnected);
 }
 
-void CDeviceManagerCtrl::OnRightsChanged()
+void CDeviceManagerCtrl::ApplyRights()
 {
     const bool bAccess = HasRight(CDeviceAccessDlg::RightNeeded);
     m_pList->SetAccessOffered(bAccess);
     m_pDetailPage->SetAccessOffered(bAccess);
-    CListPage::OnRightsChanged();
+    CListPage::ApplyRights();
 }
 
 void CDeviceManagerCtrl::QueryAll()
@@ -333,6 +309,16 @@ bool CDeviceManagerCtrl::IsFiltered() const
 {
     return m_pCategories->GetValue() != Common::CategoryAll || m_nOnlineState != GroupLogical::StateAll
         || !m_sSearchText.isEmpty();
+}
+
+void CDeviceManagerCtrl::ClearFilters()
+{
+    m_pCategories->SetValue(Common::CategoryAll);
+    m_pList->GetHeader()->SetFilterValue(ColumnType, Common::CategoryAll);
+    m_nOnlineState = GroupLogical::StateAll;
+    m_pList->GetHeader()->SetFilterValue(ColumnOnline, GroupLogical::StateAll);
+    m_pSearch->clear();
+    m_sSearchText.clear();
 }
 
 void CDeviceManagerCtrl::SetCategory(int nCategory)

@@ -42,8 +42,10 @@ private:
     void QueryAll() override;
     void QueryStale() override;
     bool IsFiltered() const override;
+    bool CanClearFilters() const override { return true; }
+    void ClearFilters() override;
     void OnConnectionChanged(bool bConnected) override;
-    void OnRightsChanged() override;
+    void ApplyRights() override;
 
     // Building the page.
     void SetUpFrame();

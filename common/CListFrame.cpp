@@ -31,6 +31,16 @@ constexpr int Margin = 8;
 constexpr int Spacing = 6;
 constexpr int AllTheRest = 1000; ///< more than there is: the splitter gives what it has
 
+QVector<QWidget*> WidgetsOf(const QLayout* pLayout)
+{
+    QVector<QWidget*> vecWidgets;
+    for (int n = 0; n < pLayout->count(); ++n) {
+        if (QWidget* const pWidget = pLayout->itemAt(n)->widget())
+            vecWidgets.append(pWidget);
+    }
+    return vecWidgets;
+}
+
 } // namespace
 
 CListFrame::CListFrame(QWidget* pParent)
@@ -222,17 +232,12 @@ void CListFrame::SetTabOrders()
     // As the parts stand, from left to right and downwards; they were put in as each page has them.
     QVector<QWidget*> vecParts;
     for (int n = 0; n < m_pSplitter->count(); ++n) {
-        QWidget* const pSide = m_pSplitter->widget(n);
-        if (pSide != m_pListSide) {
-            vecParts.append(pSide);
-            continue;
-        }
-        for (int nRow = 0; nRow < m_pListLayout->count(); ++nRow) {
-            if (QWidget* const pPart = m_pListLayout->itemAt(nRow)->widget())
-                vecParts.append(pPart);
-        }
-        vecParts += {m_pStatus, m_pPager};
+        if (m_pSplitter->widget(n) == m_pListSide)
+            vecParts += WidgetsOf(m_pListLayout) + QVector<QWidget*>{m_pStatus, m_pPager};
+        else
+            vecParts.append(m_pSplitter->widget(n));
     }
+    vecParts += WidgetsOf(layout()).mid(1); // the strips behind the splitter
     QVector<QWidget*> vecOrder;
     for (QWidget* pPart : qAsConst(vecParts))
         vecOrder += GetTabStops(pPart);
