@@ -6,8 +6,8 @@
 #include <VxGUI/VxMessageBox.h>
 #include <VxGUI/VxNotification.h>
 
-#include <QDialog>
 #include <QApplication>
+#include <QDialog>
 #include <QDialogButtonBox>
 #include <QDirIterator>
 #include <QLabel>
