@@ -1,3 +1,5 @@
+#include "CSkinIconEngine.h"
+
 #include <Trv/QSkin.h>
 
 #include <VxGUI/VxSingleton.h>
@@ -7,8 +9,6 @@
 #include <QFile>
 #include <QHash>
 #include <QMutex>
-#include <QPainter>
-#include <QPixmap>
 
 namespace Trv {
 
@@ -105,7 +105,7 @@ QIcon GetIcon(const QString& sName)
     const auto it = state.hashIcons.constFind(sPath);
     if (it != state.hashIcons.constEnd())
         return *it;
-    const QIcon icon = QFile::exists(sPath) ? QIcon(sPath) : QIcon();
+    QIcon icon = QFile::exists(sPath) ? QIcon(new CSkinIconEngine(sPath)) : QIcon();
     if (icon.isNull())
         qWarning("The skin has no icon \"%s\"", qPrintable(sName));
     state.hashIcons.insert(sPath, icon);

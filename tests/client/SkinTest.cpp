@@ -242,6 +242,26 @@ TEST(Skins, SwitchingGivesTheOtherColours)
     EXPECT_FALSE(Trv::GetColor(QStringLiteral("no-such-colour")).isValid());
 }
 
+TEST(Skins, ADisabledIconHasTheColourOfDisabledTexts)
+{
+    for (const char* pszSkin : {"dark", "light"}) {
+        ASSERT_TRUE(Trv::SetSkin(QLatin1String(pszSkin)));
+        const QImage image = Trv::GetIcon(QStringLiteral("add")).pixmap(16, 16, QIcon::Disabled).toImage();
+        QColor strongest(Qt::transparent);
+        for (int nY = 0; nY < image.height(); ++nY) {
+            for (int nX = 0; nX < image.width(); ++nX) {
+                if (image.pixelColor(nX, nY).alpha() > strongest.alpha())
+                    strongest = image.pixelColor(nX, nY);
+            }
+        }
+        EXPECT_GT(strongest.alpha(), 128);
+        strongest.setAlpha(255);
+        const QColor expected = Trv::GetColor(QStringLiteral("text-disabled"));
+        for (const auto part : {&QColor::red, &QColor::green, &QColor::blue})
+            EXPECT_NEAR((strongest.*part)(), (expected.*part)(), 4) << pszSkin;
+    }
+}
+
 TEST(Skins, StyleSheetThatCannotBeReadLeavesTheOldOne)
 {
     QString sSheet = QStringLiteral("old");
