@@ -23,7 +23,7 @@ QVector<Common::Column> MakeColumns()
 {
     using Width = Common::ColumnWidth;
     constexpr int NotSorted = Common::Column::NotSorted;
-    return {{QString(), true, Width::Fixed}, {Text::tr("Device ID"), false},
+    QVector<Common::Column> vecColumns{{QString(), true, Width::Fixed}, {Text::tr("Device ID"), false},
         {Text::tr("IP Address"), true, Width::Content, GroupLogical::SortByIp, true, 0, MaxAddressWidth},
         {Text::tr("Device Name"), true, Width::Stretch, GroupLogical::SortByName, true, MinNameWidth},
         {Text::tr("Device Type"), true}, {Text::tr("Device Model"), false, Width::Text},
@@ -31,6 +31,12 @@ QVector<Common::Column> MakeColumns()
         {Text::tr("Offline Reason"), true, Width::Text}, {Text::tr("Manufacturer"), false, Width::Text},
         {Text::tr("Access Protocol"), false},
         {Text::tr("Operation"), true, Width::Content, NotSorted, false}};
+    // The server sorts by address and by name; every other column means the name.
+    for (int nColumn = ColumnId; nColumn < ColumnOperation; ++nColumn) {
+        if (vecColumns[nColumn].nSortKey == NotSorted)
+            vecColumns[nColumn].nSortKey = GroupLogical::SortByName;
+    }
+    return vecColumns;
 }
 
 QIcon StatusIcon(const QString& sFile)

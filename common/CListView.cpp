@@ -103,11 +103,11 @@ void CListView::SetSort(int nSortKey, Qt::SortOrder order)
 {
     m_nSortKey = nSortKey;
     m_sortOrder = order;
-    int nSection = -1;
-    for (int nColumn = 0; nColumn < m_pTable->GetColumns().size(); ++nColumn) {
-        if (nSortKey != Column::NotSorted && m_pTable->GetColumns()[nColumn].nSortKey == nSortKey)
-            nSection = nColumn;
-    }
+    const QVector<Column>& vecColumns = m_pTable->GetColumns();
+    const auto it = std::find_if(vecColumns.begin(), vecColumns.end(), [nSortKey](const Column& column) {
+        return nSortKey != Column::NotSorted && column.nSortKey == nSortKey;
+    });
+    const int nSection = it == vecColumns.end() ? -1 : int(it - vecColumns.begin());
     m_pFilterHeader->SetSort(nSection, order);
 }
 

@@ -39,7 +39,8 @@ public:
     /// Takes widths and shown columns from "<sPageKey>/Columns" and keeps them there. pConfig is borrowed,
     /// outlives the list and may be null.
     void RememberColumns(UICommonMdl::ILocalConfig* pConfig, const QString& sPageKey);
-    /// Marks the column with that key (Column::nSortKey) as the one the rows are sorted by; emits nothing.
+    /// Marks the first column with that key (Column::nSortKey) as the one the rows are sorted by; emits
+    /// nothing.
     void SetSort(int nSortKey, Qt::SortOrder order);
     int GetSortKey() const { return m_nSortKey; }
     Qt::SortOrder GetSortOrder() const { return m_sortOrder; }
