@@ -25,6 +25,8 @@ CColumnLayout::CColumnLayout(QTreeView* pView, const QVector<Column>& vecColumns
     : QObject(pView)
     , m_pView(pView)
     , m_pHeader(pView->header())
+    , m_pViewport(pView->viewport())
+    , m_pHeaderViewport(pView->header()->viewport())
     , m_vecColumns(vecColumns)
     , m_vecStates(vecColumns.size())
 {
@@ -50,11 +52,11 @@ CColumnLayout::CColumnLayout(QTreeView* pView, const QVector<Column>& vecColumns
 bool CColumnLayout::eventFilter(QObject* pWatched, QEvent* pEvent)
 {
     const bool bView = pWatched == m_pView;
-    if (pWatched == m_pView->viewport() && pEvent->type() == QEvent::Resize) {
+    if (pWatched == m_pViewport && pEvent->type() == QEvent::Resize) {
         Fit();
-    } else if (pWatched == m_pHeader->viewport() && pEvent->type() == QEvent::MouseButtonPress) {
+    } else if (pWatched == m_pHeaderViewport && pEvent->type() == QEvent::MouseButtonPress) {
         m_bPressed = true;
-    } else if (pWatched == m_pHeader->viewport() && pEvent->type() == QEvent::MouseButtonRelease) {
+    } else if (pWatched == m_pHeaderViewport && pEvent->type() == QEvent::MouseButtonRelease) {
         m_bPressed = false;
         // While the button is down the other columns stay where they are.
         if (std::exchange(m_bDragged, false)) {

@@ -68,6 +68,9 @@ private:
 
     QTreeView* m_pView;
     QHeaderView* m_pHeader;
+    // Kept, because their last events come while view and header are being destroyed.
+    const QWidget* m_pViewport;
+    const QWidget* m_pHeaderViewport;
     QVector<Column> m_vecColumns;
     QVector<State> m_vecStates;
     QHash<ushort, double> m_mapLetters; ///< widths
