@@ -48,13 +48,6 @@ bool CDeviceListView::IsInMenu(const QModelIndex&, int nRole) const
     return nRole != RoleAccess || m_bAccessOffered;
 }
 
-void CDeviceListView::RaiseOperation(int nRole, const QModelIndex& index)
-{
-    const QString sId = m_pModel->GetId(index.row());
-    if (!sId.isEmpty())
-        Q_EMIT SignalOperation(nRole, sId);
-}
-
 void CDeviceListView::OpenRow(const QModelIndex& index)
 {
     RaiseOperation(RoleDetails, index);

@@ -33,13 +33,8 @@ public:
     /// Whether the user may see who has access to a device.
     void SetAccessOffered(bool bOffered) { m_bAccessOffered = bOffered; }
 
-Q_SIGNALS:
-    /// nRole: a RowRole.
-    void SignalOperation(int nRole, const QString& sDeviceId);
-
 protected:
     bool IsInMenu(const QModelIndex& index, int nRole) const override;
-    void RaiseOperation(int nRole, const QModelIndex& index) override;
     void OpenRow(const QModelIndex& index) override;
 
 private:

@@ -14,8 +14,6 @@
 #include <common/CPage.h>
 #include <common/Prompt.h>
 
-#include <QPointer>
-
 namespace ResourceManagerUI {
 
 using GroupLogical::IGroupManager;
@@ -58,8 +56,7 @@ void CDeviceOperations::Delete(const QStringList& listIds)
     }
     const QString sQuestion = listIds.size() == 1 ? Text::tr("Are you sure to delete the device?")
                                                   : Text::tr("Are you sure to delete these devices?");
-    const QPointer<CDeviceOperations> guard(this);
-    if (!Common::AskDelete(m_pPage, sQuestion, listNames) || !guard)
+    if (!Common::AskDelete(m_pPage, sQuestion, listNames))
         return;
     auto* const pDialog = new CBatchDeleteDeviceDlg(
         m_pPage->GetInterfaceSet(), GroupLogical::DeleteNormal, listIds.toVector(), mapNames, m_pPage);
@@ -98,13 +95,7 @@ void CDeviceOperations::OnMoveAnswer(const Param& param)
         vecFailures.append({sName, UICommonMdl::CErrorCode::GetErroCodeInfor(item.nErrorCode)});
     }
     Q_EMIT SignalChanged();
-    // Last: the page may be gone when the message is closed.
-    if (!vecFailures.isEmpty())
-        m_pPage->WhenShown([pPage = m_pPage, vecFailures] {
-            Common::ShowFailures(pPage, Text::tr("Failed to move device"), vecFailures);
-        });
-    else if (param.nErrorCode != UICommonMdl::ErrorNone)
-        m_pPage->NotifyFailure(Text::tr("Failed to move device"), param.nErrorCode);
+    m_pPage->TellFailures(Text::tr("Failed to move device"), vecFailures, param.nErrorCode);
 }
 
 void CDeviceOperations::ModifyPasswords(const QStringList& listIds)

@@ -7,7 +7,6 @@
 #include <common/Prompt.h>
 
 #include <QKeyEvent>
-#include <QPointer>
 
 #include <algorithm>
 
@@ -153,8 +152,7 @@ void COrganizationEditPage::OnTheirs(const Param& param)
 
 void COrganizationEditPage::OnCancelClicked()
 {
-    const QPointer<COrganizationEditPage> guard(this);
-    if (IsDirty() && (!Common::AskPrompt(this, Text::tr("Are you sure to cancel?")) || !guard))
+    if (!Common::AskCancel(this, IsDirty()))
         return;
     m_calls.ForgetAll();
     Q_EMIT SignalBack();

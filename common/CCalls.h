@@ -73,6 +73,9 @@ public:
     }
     bool IsPending() const { return m_pHub && m_pHub->IsWaiting(this, nullptr); }
 
+    /// The number of the last call, for operations that name a running one; 0 or less: it was refused.
+    int GetLastSequence() const { return m_nLast; }
+
     /// Listens to what the server pushes under that result code.
     template <class Handler>
     void OnPush(int nResultCode, Handler handler)
@@ -118,11 +121,6 @@ private:
             this, &s_method<Method>, m_nLast, m_limit, Wrap(std::get<sizeof...(Index)>(std::move(all))));
     }
 
-public:
-    /// The number of the last call, for operations that name a running one; 0 or less: it was refused.
-    int GetLastSequence() const { return m_nLast; }
-
-private:
     std::shared_ptr<Hub> m_pHub; ///< null once ended
     std::chrono::milliseconds m_limit = DefaultLimit;
     int m_nLast = 0;

@@ -183,6 +183,18 @@ QString CListView::GetObstacle(const QModelIndex& /*index*/, int /*nRole*/) cons
     return {};
 }
 
+void CListView::SetChangeable(bool bChangeable)
+{
+    m_bChangeable = bChangeable;
+    viewport()->update();
+}
+
+void CListView::RaiseOperation(int nRole, const QModelIndex& index)
+{
+    if (index.isValid() && (IsInMenu(index, nRole) || IsOffered(index, nRole)))
+        Q_EMIT SignalOperation(nRole, m_pTable->GetId(index.row()));
+}
+
 void CListView::Perform(int nRole, const QModelIndex& index)
 {
     const QString sObstacle = index.isValid() ? GetObstacle(index, nRole) : QString();

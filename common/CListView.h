@@ -42,6 +42,8 @@ public:
     /// Marks the first column with that key (Column::nSortKey) as the one the rows are sorted by; emits
     /// nothing.
     void SetSort(int nSortKey, Qt::SortOrder order);
+    /// Whether the rows may be changed, as they may at first: it decides what the derived list offers.
+    void SetChangeable(bool bChangeable);
     int GetSortKey() const { return m_nSortKey; }
     Qt::SortOrder GetSortOrder() const { return m_sortOrder; }
 
@@ -50,6 +52,8 @@ public:
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
 Q_SIGNALS:
+    /// The user wants that operation on the row of that id; the row has it.
+    void SignalOperation(int nRole, const QString& sId);
     /// Rows were checked or replaced.
     void SignalChecksChanged();
     /// The user wants the rows in another order. nSortKey is that of the column.
@@ -81,10 +85,12 @@ protected:
     /// Why an operation that is offered cannot be done now, translated; empty: it can. Buttons and entries
     /// are disabled then and say so.
     virtual QString GetObstacle(const QModelIndex& index, int nRole) const;
-    /// The operation was chosen on a row that may not be there any more.
-    virtual void RaiseOperation(int nRole, const QModelIndex& index) = 0;
+    /// The operation was chosen on a row that may neither be there nor have it any more: SignalOperation when
+    /// it is and has.
+    virtual void RaiseOperation(int nRole, const QModelIndex& index);
     /// The row was double-clicked.
     virtual void OpenRow(const QModelIndex& index) = 0;
+    bool IsChangeable() const { return m_bChangeable; }
 
     void drawRow(
         QPainter* pPainter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
@@ -109,6 +115,7 @@ private:
     int m_nSortKey = -1;
     Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
     int m_nHoverRow = -1;
+    bool m_bChangeable = true;
     QString m_sMenuName;
     QVector<Operation> m_vecMenu;
 };

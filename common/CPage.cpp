@@ -1,5 +1,6 @@
 #include "CPage.h"
 
+#include "CFailureListDlg.h"
 #include "Prompt.h"
 #include "StyleSheet.h"
 
@@ -57,6 +58,14 @@ void CPage::Notify(const QString& sText, VxGUI::NotificationKind kind)
 void CPage::NotifyFailure(const QString& sPrefix, int nErrorCode)
 {
     Notify(FailureText(sPrefix, nErrorCode), VxGUI::NotificationKind::Error);
+}
+
+void CPage::TellFailures(const QString& sPrefix, const QVector<Failure>& vecFailures, int nErrorCode)
+{
+    if (!vecFailures.isEmpty())
+        WhenShown([this, sPrefix, vecFailures] { ShowFailures(this, sPrefix, vecFailures); });
+    else if (nErrorCode != UICommonMdl::ErrorNone)
+        NotifyFailure(sPrefix, nErrorCode);
 }
 
 void CPage::WhenShown(std::function<void()> act)

@@ -12,7 +12,7 @@
 
 namespace Common {
 
-class CConnectionNotice;
+struct Failure;
 
 /// Base of all pages: knows connection and rights, shows its style sheet, ends with everything below it, and
 /// keeps what it has to say to itself while nobody sees it. User-interface thread.
@@ -39,6 +39,9 @@ public:
     void Notify(const QString& sText, VxGUI::NotificationKind kind);
     /// A failed request as a passing message: sPrefix and the text of the code.
     void NotifyFailure(const QString& sPrefix, int nErrorCode);
+    /// How a batch failed: the items that did, as a list, or why none was done; nothing when all went well.
+    /// The page may be gone when it returns.
+    void TellFailures(const QString& sPrefix, const QVector<Failure>& vecFailures, int nErrorCode);
     /// Runs it now or, on a hidden page, when the page is shown: what opens a window, and must not be lost.
     /// The page may be gone when it returns.
     void WhenShown(std::function<void()> act);

@@ -20,23 +20,25 @@ struct Text
 
 bool AskPrompt(QWidget* pParent, const QString& sText)
 {
-    return VxGUI::VxDialogService::Current()->Question(pParent, Text::tr("Prompt"), sText);
+    const QPointer<QWidget> guard(pParent);
+    return VxGUI::VxDialogService::Current()->Question(pParent, Text::tr("Prompt"), sText)
+        && guard == pParent;
 }
 
 bool AskCancel(QWidget* pEditor, bool bChanged)
 {
-    const QPointer<QWidget> guard(pEditor);
-    return !bChanged || (AskPrompt(pEditor, Text::tr("Are you sure to cancel?")) && guard);
+    return !bChanged || AskPrompt(pEditor, Text::tr("Are you sure to cancel?"));
 }
 
 bool AskDelete(QWidget* pParent, const QString& sQuestion, const QStringList& listNames)
 {
     // The parent may take the dialog along.
+    const QPointer<QWidget> guard(pParent);
     const QPointer<QDialog> pDialog(new CDeletePromptDlg(Text::tr("Prompt"), sQuestion, listNames, pParent));
     const bool bOk = VxGUI::VxDialogService::Current()->Show(
         pDialog, {true, sQuestion, CDeletePromptDlg::GetNameLines(listNames)});
     delete pDialog;
-    return bOk;
+    return bOk && guard == pParent;
 }
 
 void ShowFailures(QWidget* pParent, const QString& sText, const QVector<Failure>& vecFailures)

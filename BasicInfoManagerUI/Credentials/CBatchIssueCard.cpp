@@ -11,7 +11,6 @@
 #include <common/StyleSheet.h>
 
 #include <QHeaderView>
-#include <QPointer>
 #include <QShortcut>
 
 namespace BasicInfoManagerUI {
@@ -236,12 +235,9 @@ void CBatchIssueCard::Leave()
 {
     if (m_bSaving)
         return;
-    const QPointer<CBatchIssueCard> guard(this);
     m_pUi->tableIssueCard->setFocus();
-    if (IsDirty()
-        && !Common::AskPrompt(this, Text::tr("The card numbers are not saved. Are you sure to leave?")))
-        return;
-    if (guard)
+    if (!IsDirty()
+        || Common::AskPrompt(this, Text::tr("The card numbers are not saved. Are you sure to leave?")))
         Finish(false);
 }
 

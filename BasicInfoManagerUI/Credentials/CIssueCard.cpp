@@ -12,7 +12,6 @@
 #include <QAction>
 #include <QHeaderView>
 #include <QLineEdit>
-#include <QPointer>
 #include <QShortcut>
 
 namespace BasicInfoManagerUI {
@@ -230,8 +229,7 @@ void CIssueCard::EndChange()
 
 bool CIssueCard::AskMark(bool bSet, const QString& sSetQuestion, const QString& sCancelQuestion)
 {
-    const QPointer<CIssueCard> guard(this);
-    return Common::AskPrompt(this, bSet ? sSetQuestion : sCancelQuestion) && guard;
+    return Common::AskPrompt(this, bSet ? sSetQuestion : sCancelQuestion);
 }
 
 void CIssueCard::OnAction(const QString& sCardNo, int nAction)

@@ -15,7 +15,6 @@
 #include <common/StyleSheet.h>
 
 #include <QHeaderView>
-#include <QPointer>
 #include <QShortcut>
 
 namespace BasicInfoManagerUI {
@@ -205,8 +204,7 @@ void CPersonAuthenticationInfo::Rename(int nRow)
 void CPersonAuthenticationInfo::Delete(int nRow)
 {
     const AccessControlLogical::Fingerprint_t fingerprint = m_vecFingerprints[std::size_t(nRow)];
-    const QPointer<CPersonAuthenticationInfo> guard(this);
-    if (!Common::AskPrompt(this, Text::tr("Are you sure to delete the fingerprint?")) || !guard)
+    if (!Common::AskPrompt(this, Text::tr("Are you sure to delete the fingerprint?")))
         return;
     const auto it = std::find(m_vecFingerprints.begin(), m_vecFingerprints.end(), fingerprint);
     if (it == m_vecFingerprints.end())

@@ -7,7 +7,6 @@
 #include <common/Prompt.h>
 
 #include <QLineEdit>
-#include <QPointer>
 #include <QShortcut>
 
 namespace BasicInfoManagerUI {
@@ -112,8 +111,7 @@ bool CUnlockPasswordUI::Confirm(VxGUI::VxLineEdit* pField)
 
 void CUnlockPasswordUI::Delete()
 {
-    const QPointer<CUnlockPasswordUI> guard(this);
-    if (!Common::AskPrompt(this, Text::tr("Are you sure to delete the unlock password?")) || !guard)
+    if (!Common::AskPrompt(this, Text::tr("Are you sure to delete the unlock password?")))
         return;
     m_bHasPassword = false;
     m_sPassword.clear();

@@ -235,10 +235,8 @@ void CPersonnelBatchAuthorizeUI::ShowFailures()
 
 void CPersonnelBatchAuthorizeUI::Leave()
 {
-    const QPointer<QWidget> guard(this);
     if (IsDirty()
-        && (!Common::AskPrompt(this, Text::tr("Current page data are changed, are you sure to leave?"))
-            || !guard))
+        && !Common::AskPrompt(this, Text::tr("Current page data are changed, are you sure to leave?")))
         return;
     m_calls.ForgetAll();
     m_pUi->m_pAccessGroups->SetIds({});

@@ -258,10 +258,8 @@ QString CPersonnelInfoUI::FailurePrefix() const
 
 void CPersonnelInfoUI::Leave()
 {
-    const QPointer<QWidget> guard(this);
     if (IsDirty()
-        && (!Common::AskPrompt(this, Text::tr("Current page data are changed, are you sure to leave?"))
-            || !guard))
+        && !Common::AskPrompt(this, Text::tr("Current page data are changed, are you sure to leave?")))
         return;
     m_calls.ForgetAll();
     m_bBusy = false;

@@ -8,8 +8,6 @@
 #include <UICommonMdl/ErrorCodes.h>
 #include <common/Prompt.h>
 
-#include <QPointer>
-
 namespace BasicInfoManagerUI {
 
 using AccessControlLogical::IAccessControlManager;
@@ -217,12 +215,10 @@ void CPersonGroupPane::OnBtnDelOrgClicked()
     }
     const QString sCode = GetCode();
     const QString sParentCode = UICommonMdl::CDepartmentModel::GetCode(group.parent());
-    const QPointer<CPersonGroupPane> guard(this);
     if (!Common::AskDelete(m_pPage,
             Text::tr("Are you sure you want to delete the person group? After deletion, the people in this "
                      "group and sub group(s) will be deleted."),
-            {GetName()})
-        || !guard)
+            {GetName()}))
         return;
     m_calls.Each<&IAccessControlManager::DeleteDepartment>(
         sCode.toStdString(), [this, sCode, sParentCode](const Param& param) {

@@ -23,7 +23,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
-#include <QPointer>
 #include <QStackedWidget>
 
 namespace BasicInfoManagerUI {
@@ -352,13 +351,11 @@ void CPersonManagerCtrl::DeletePersons(const QStringList& listIds)
     QStringList listNames;
     for (const QString& sId : listIds)
         listNames.append(m_pList->GetPersons()->GetLabel(sId));
-    const QPointer<CPersonManagerCtrl> guard(this);
     if (!Common::AskDelete(this,
             Text::tr(
                 "Are you sure you want to delete the selected person(s)? After deletion, the person(s) in "
                 "the group and the related permissions will be deleted."),
-            listNames)
-        || !guard)
+            listNames))
         return;
     SendNext({listIds, QString(), Text::tr("Failed to delete person"), {}});
 }
@@ -371,13 +368,11 @@ void CPersonManagerCtrl::OnDeleteAllClicked()
         return;
     }
     const bool bSubGroups = m_pSubGroups->isChecked();
-    const QPointer<CPersonManagerCtrl> guard(this);
     if (!Common::AskDelete(this,
             Text::tr(
                 "Are you sure you want to delete all persons? After deletion, all group members and related "
                 "permissions will be deleted."),
-            {m_pGroups->GetName()})
-        || !guard)
+            {m_pGroups->GetName()}))
         return;
     m_calls.Each<&IAccessControlManager::DeleteAllPersons>(sGroupCode.toStdString(), bSubGroups,
         [this, sGroupCode, bSubGroups](const Param& param) { OnAllDeleted(param, sGroupCode, bSubGroups); });

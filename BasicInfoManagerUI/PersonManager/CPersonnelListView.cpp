@@ -42,7 +42,7 @@ CPersonnelListView::CPersonnelListView(QWidget* pParent)
 bool CPersonnelListView::IsOffered(const QModelIndex& index, int nRole) const
 {
     // The details stand in for what cannot be had; otherwise the menu has them.
-    return nRole == RoleDetails ? !m_bChangeable : IsInMenu(index, nRole);
+    return nRole == RoleDetails ? !IsChangeable() : IsInMenu(index, nRole);
 }
 
 bool CPersonnelListView::IsInMenu(const QModelIndex& index, int nRole) const
@@ -57,30 +57,23 @@ bool CPersonnelListView::IsInMenu(const QModelIndex& index, int nRole) const
         return pPerson && pPerson->bAuthorizationError;
     }
     default:
-        return m_bChangeable;
+        return IsChangeable();
     }
 }
 
 void CPersonnelListView::RaiseOperation(int nRole, const QModelIndex& index)
 {
-    if (!index.isValid() || !IsInMenu(index, nRole))
-        return;
-    const QString sId = m_pModel->GetId(index.row());
-    if (nRole == RoleAbnormal)
+    if (nRole != RoleAbnormal) {
+        CListView::RaiseOperation(nRole, index);
+    } else if (index.isValid() && IsInMenu(index, nRole)) {
+        const QString sId = m_pModel->GetId(index.row());
         Q_EMIT SignalBtnAbnormalClicked(sId, m_pModel->GetLabel(sId));
-    else
-        Q_EMIT SignalOperation(nRole, sId);
+    }
 }
 
 void CPersonnelListView::OpenRow(const QModelIndex& index)
 {
-    RaiseOperation(m_bChangeable ? RoleEdit : RoleDetails, index);
-}
-
-void CPersonnelListView::SetChangeable(bool bChangeable)
-{
-    m_bChangeable = bChangeable;
-    viewport()->update();
+    RaiseOperation(IsChangeable() ? RoleEdit : RoleDetails, index);
 }
 
 void CPersonnelListView::SetPersons(const std::vector<AccessControlLogical::PersonInfo_t>& vecPersons)

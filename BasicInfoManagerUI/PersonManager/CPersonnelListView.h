@@ -29,12 +29,9 @@ public:
 
     CPersonModel* GetPersons() const { return m_pModel; }
     void SetPersons(const std::vector<AccessControlLogical::PersonInfo_t>& vecPersons);
-    /// Whether persons may be changed; otherwise rows offer to be looked at only.
-    void SetChangeable(bool bChangeable);
 
 Q_SIGNALS:
-    /// nRole: a RowRole other than RoleAbnormal.
-    void SignalOperation(int nRole, const QString& sPersonId);
+    /// In place of SignalOperation for RoleAbnormal.
     void SignalBtnAbnormalClicked(const QString& sPersonId, const QString& sPersonName);
 
 protected:
@@ -45,7 +42,6 @@ protected:
 
 private:
     CPersonModel* m_pModel;
-    bool m_bChangeable = true;
 };
 
 } // namespace BasicInfoManagerUI

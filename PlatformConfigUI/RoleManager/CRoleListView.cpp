@@ -40,16 +40,10 @@ void CRoleListView::SetRoles(const std::vector<UserLogical::Role_t>& vecRoles)
     ReplaceRows([&] { m_pModel->SetRoles(vecRoles); });
 }
 
-void CRoleListView::SetChangeable(bool bChangeable)
-{
-    m_bChangeable = bChangeable;
-    viewport()->update();
-}
-
 bool CRoleListView::IsAllowed(const QString& sId, int nRole) const
 {
     const UserLogical::Role_t* const pRole = m_pModel->FindRole(sId);
-    return pRole && (nRole == RoleDetails || (m_bChangeable && !pRole->bBuiltIn));
+    return pRole && (nRole == RoleDetails || (IsChangeable() && !pRole->bBuiltIn));
 }
 
 bool CRoleListView::IsOffered(const QModelIndex& index, int nRole) const
@@ -62,13 +56,6 @@ bool CRoleListView::IsOffered(const QModelIndex& index, int nRole) const
 bool CRoleListView::IsInMenu(const QModelIndex& index, int nRole) const
 {
     return IsAllowed(m_pModel->GetId(index.row()), nRole);
-}
-
-void CRoleListView::RaiseOperation(int nRole, const QModelIndex& index)
-{
-    const QString sId = m_pModel->GetId(index.row());
-    if (IsAllowed(sId, nRole))
-        Q_EMIT SignalOperation(nRole, sId);
 }
 
 void CRoleListView::OpenRow(const QModelIndex& index)

@@ -162,8 +162,7 @@ void CRoleManagerCtrl::DeleteRoles(const QStringList& listIds)
         listNames.append(m_pList->GetRoles()->GetLabel(sId));
         vecIds.push_back(sId.toStdString());
     }
-    const QPointer<CRoleManagerCtrl> guard(this);
-    if (!Common::AskDelete(this, Text::tr("Are you sure to delete role?"), listNames) || !guard)
+    if (!Common::AskDelete(this, Text::tr("Are you sure to delete role?"), listNames))
         return;
     m_calls.Each<&IUserManager::DeleteRoles>(
         vecIds, [this, listIds](const Param& param) { OnDeleteAnswer(listIds, param); });
@@ -178,13 +177,7 @@ void CRoleManagerCtrl::OnDeleteAnswer(const QStringList& listIds, const Param& p
     if (param.nErrorCode == UICommonMdl::ErrorNone && vecFailures.isEmpty())
         m_pList->GetRoles()->ForgetIds(listIds);
     QueryRows();
-    // Last: the page may be gone when the message is closed.
-    if (!vecFailures.isEmpty())
-        WhenShown([this, vecFailures] {
-            Common::ShowFailures(this, Text::tr("Failed to delete role"), vecFailures);
-        });
-    else if (param.nErrorCode != UICommonMdl::ErrorNone)
-        NotifyFailure(Text::tr("Failed to delete role"), param.nErrorCode);
+    TellFailures(Text::tr("Failed to delete role"), vecFailures, param.nErrorCode);
 }
 
 } // namespace PlatformConfigUI

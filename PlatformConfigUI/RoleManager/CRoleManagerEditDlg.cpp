@@ -8,7 +8,6 @@
 #include <common/Prompt.h>
 #include <common/StyleSheet.h>
 
-#include <QPointer>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -277,12 +276,10 @@ void CRoleManagerEditDlg::OnSaveFailed(int nErrorCode, const QString& sDetail)
 
 void CRoleManagerEditDlg::OfferReload()
 {
-    const QPointer<CRoleManagerEditDlg> guard(this);
     if (Common::AskPrompt(this,
             Text::tr(
                 "Somebody else changed the role meanwhile. Do you want to load it anew? What you changed "
-                "will be lost."))
-        && guard)
+                "will be lost.")))
         BeginModify(m_sRoleId);
 }
 

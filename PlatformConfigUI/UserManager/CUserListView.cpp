@@ -19,6 +19,8 @@ CUserListView::CUserListView(QWidget* pParent)
     , m_pModel(new CUserModel(this))
     , m_pHeader(new CUserListHeader(this))
 {
+    setObjectName(QStringLiteral("listUsers"));
+    setAccessibleName(Text::tr("Users"));
     m_pHeader->setObjectName(QStringLiteral("headerUsers"));
     const Operation lock{RoleLock, "lock", Text::tr("Lock")};
     const Operation unlock{RoleUnlock, "unlock", Text::tr("Unlock")};
@@ -39,8 +41,8 @@ CUserListView::CUserListView(QWidget* pParent)
 bool CUserListView::IsOffered(const QModelIndex& index, int nRole) const
 {
     if (nRole == RoleDetails)
-        return !m_bChangeable;
-    if (!m_bChangeable)
+        return !IsChangeable();
+    if (!IsChangeable())
         return false;
     if (nRole == RoleEdit)
         return true;
@@ -53,21 +55,9 @@ bool CUserListView::IsInMenu(const QModelIndex& index, int nRole) const
     return nRole == RoleDetails || IsOffered(index, nRole);
 }
 
-void CUserListView::RaiseOperation(int nRole, const QModelIndex& index)
-{
-    if (index.isValid() && IsInMenu(index, nRole))
-        Q_EMIT SignalOperation(nRole, index.data(UserRoleName).toString());
-}
-
 void CUserListView::OpenRow(const QModelIndex& index)
 {
-    RaiseOperation(m_bChangeable ? RoleEdit : RoleDetails, index);
-}
-
-void CUserListView::SetChangeable(bool bChangeable)
-{
-    m_bChangeable = bChangeable;
-    viewport()->update();
+    RaiseOperation(IsChangeable() ? RoleEdit : RoleDetails, index);
 }
 
 void CUserListView::SetUsers(const std::vector<UserLogical::UserInfo_t>& vecUsers)

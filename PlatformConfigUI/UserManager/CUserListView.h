@@ -29,23 +29,15 @@ public:
     CUserModel* GetUsers() const { return m_pModel; }
     CUserListHeader* GetHeader() const { return m_pHeader; }
     void SetUsers(const std::vector<UserLogical::UserInfo_t>& vecUsers);
-    /// Whether users may be changed; otherwise rows offer to be looked at only.
-    void SetChangeable(bool bChangeable);
-
-Q_SIGNALS:
-    /// nRole: a RowRole.
-    void SignalOperation(int nRole, const QString& sUserName);
 
 protected:
     bool IsOffered(const QModelIndex& index, int nRole) const override;
     bool IsInMenu(const QModelIndex& index, int nRole) const override;
-    void RaiseOperation(int nRole, const QModelIndex& index) override;
     void OpenRow(const QModelIndex& index) override;
 
 private:
     CUserModel* m_pModel;
     CUserListHeader* m_pHeader;
-    bool m_bChangeable = true;
 };
 
 } // namespace PlatformConfigUI

@@ -45,8 +45,6 @@ CUserManagerUserCtrl::CUserManagerUserCtrl(UICommonMdl::CInterfaceSetManager* pI
     SetTexts({Text::tr("Loading users"), Text::tr("Failed to get users."),
         Text::tr("You have no permission to see users."), Text::tr("No user matches the search."),
         Text::tr("No user matches the search.")});
-    m_pList->setObjectName(QStringLiteral("listUsers"));
-    m_pList->setAccessibleName(Text::tr("Users"));
     GetFrame()->SetList(m_pList);
     GetFrame()->GetStatus()->SetTotalText(Text::tr("Users: %1"));
     SetUpToolBar();
@@ -238,7 +236,6 @@ void CUserManagerUserCtrl::DeleteUsers(const QStringList& listNames)
 void CUserManagerUserCtrl::OnDeleteAnswer(const QStringList& listNames, const Param& param)
 {
     OnStopWaitImmediately();
-    const QString sFailure = Text::tr("Failed to delete user.");
     QVector<Common::Failure> vecFailures;
     QStringList listGone = listNames;
     for (const UserLogical::UserFailure_t& failure : param.vecFailed) {
@@ -250,11 +247,7 @@ void CUserManagerUserCtrl::OnDeleteAnswer(const QStringList& listNames, const Pa
         m_pList->GetUsers()->ForgetIds(listGone);
     GetToolBar()->UpdateNeeds();
     QueryRows();
-    // Last: the page may be gone when the message is closed.
-    if (!vecFailures.isEmpty())
-        WhenShown([this, sFailure, vecFailures] { Common::ShowFailures(this, sFailure, vecFailures); });
-    else if (param.nErrorCode != UICommonMdl::ErrorNone)
-        NotifyFailure(sFailure, param.nErrorCode);
+    TellFailures(Text::tr("Failed to delete user."), vecFailures, param.nErrorCode);
 }
 
 CUserManagerUserEditDlg* CUserManagerUserCtrl::OpenDialog()

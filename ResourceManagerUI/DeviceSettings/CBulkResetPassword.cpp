@@ -8,7 +8,6 @@
 #include <common/StyleSheet.h>
 
 #include <QKeyEvent>
-#include <QPointer>
 #include <QPushButton>
 #include <QSet>
 
@@ -216,10 +215,8 @@ void CBulkResetPassword::ShowProgress()
 
 void CBulkResetPassword::reject()
 {
-    const QPointer<CBulkResetPassword> guard(this);
-    const bool bClose = !m_bRunning
-        || Common::AskPrompt(this, Text::tr("The passwords are being changed. Are you sure to close it?"));
-    if (!guard || !bClose)
+    if (m_bRunning
+        && !Common::AskPrompt(this, Text::tr("The passwords are being changed. Are you sure to close it?")))
         return;
     m_calls.ForgetAll();
     QDialog::reject();

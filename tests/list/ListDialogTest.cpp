@@ -85,6 +85,31 @@ TEST(FailureList, TheDialogServiceHearsWhatIsTold)
             "Prompt: Failed to delete user.\nResult of failure is shown below:\nanna: busy: later")});
 }
 
+/// Whoever asks is gone by the time that the user says yes.
+class LateYes : public RecordingDialogService
+{
+public:
+    bool Question(QWidget* pParent, const QString&, const QString&) override
+    {
+        delete pParent;
+        return true;
+    }
+    bool Show(QDialog* pDialog, const VxGUI::DialogSummary&) override
+    {
+        delete pDialog->parentWidget();
+        return true;
+    }
+};
+
+TEST(Prompts, NothingIsDoneForAPageThatIsGone)
+{
+    LateYes dialogs;
+    EXPECT_FALSE(Common::AskPrompt(new QWidget, QStringLiteral("Are you sure to lock the user?")));
+    EXPECT_FALSE(Common::AskCancel(new QWidget, true));
+    EXPECT_FALSE(Common::AskDelete(
+        new QWidget, QStringLiteral("Are you sure to delete the user?"), {QStringLiteral("anna")}));
+}
+
 TEST(DeletePrompt, NamesTenAndCountsTheRest)
 {
     const std::pair<int, QString> cases[] = {{1, QStringLiteral("Camera 1")},
