@@ -195,8 +195,6 @@ void CDeviceManagerCtrl::SetUpTree()
 void CDeviceManagerCtrl::SetUpForm()
 {
     m_pAddPage->layout()->addWidget(m_pForm);
-    connect(m_pForm, &CDevAdd::SignalAddDevice, this, &CDeviceManagerCtrl::OnAddDevice);
-    connect(m_pForm, &CDevAdd::SignalModifyDevice, this, &CDeviceManagerCtrl::OnModifyDevice);
     connect(m_pForm, &CDevAdd::SignalEditComplete, this, &CDeviceManagerCtrl::OnDeviceEditComplete);
     connect(m_pForm, &CDevAdd::SignalBack, this, &CDeviceManagerCtrl::ShowList);
     connect(m_pForm, &CDevAdd::SignalShowNotify, this,
@@ -230,7 +228,6 @@ void CDeviceManagerCtrl::SetUpPushes()
 void CDeviceManagerCtrl::OnConnectionChanged(bool bConnected)
 {
     m_pDetailPage->setEnabled(bConnected);
-    m_pForm->SetConnected(bConnected);
     m_pDiscovery->SetConnected(bConnected);
     CListPage::OnConnectionChanged(bConnected);
 }
@@ -413,23 +410,6 @@ void CDeviceManagerCtrl::EditDevice(const QString& sDeviceId)
 {
     ShowForm(m_pEditPage);
     m_pForm->StartEdit(sDeviceId, m_pTree->GetModel()->GetOrganizations());
-}
-
-void CDeviceManagerCtrl::OnAddDevice(const GroupLogical::DeviceAddInfo_t& device)
-{
-    m_calls.Latest<&IGroupManager::AddDevice>(
-        device, [this](const GroupParam& param) { OnFormAnswer(param); });
-}
-
-void CDeviceManagerCtrl::OnModifyDevice(const GroupLogical::DeviceAddInfo_t& device)
-{
-    m_calls.Latest<&IGroupManager::ModifyDevice>(
-        device, [this](const GroupParam& param) { OnFormAnswer(param); });
-}
-
-void CDeviceManagerCtrl::OnFormAnswer(const GroupParam& param)
-{
-    m_pForm->SetAnswer(param.nErrorCode, param.sErrorDetail, param.vecFailed);
 }
 
 void CDeviceManagerCtrl::OnDeviceEditComplete()

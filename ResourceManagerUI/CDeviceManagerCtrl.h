@@ -78,9 +78,6 @@ private:
     void ShowForm(QWidget* pPage);
     void OnBtnAddClicked();
     void EditDevice(const QString& sDeviceId);
-    void OnAddDevice(const GroupLogical::DeviceAddInfo_t& device);
-    void OnModifyDevice(const GroupLogical::DeviceAddInfo_t& device);
-    void OnFormAnswer(const GroupParam& param);
     void OnDeviceEditComplete();
     void OnBtnImportClicked();
     void OnImportStatueChange(bool bRunning);

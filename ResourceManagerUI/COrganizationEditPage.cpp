@@ -12,6 +12,9 @@
 
 namespace ResourceManagerUI {
 
+using GroupLogical::IGroupManager;
+using GroupLogical::Organization_t;
+
 namespace {
 struct Text
 {
@@ -23,158 +26,132 @@ COrganizationEditPage::COrganizationEditPage(
     const UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
     : QWidget(pParent)
     , m_pUi(std::make_unique<Ui::COrganizationEditPage>())
+    , m_session(pInterfaceSet, this)
     , m_calls(pInterfaceSet, this)
+    , m_editor(m_session, this, *this)
+    , m_fields(m_editor.Fields())
 {
     m_pUi->setupUi(this);
     setObjectName(QStringLiteral("pageOrg"));
     m_pUi->btnBack->setIcon(Trv::GetIcon(QStringLiteral("back")));
+    SetUpFields();
+    m_editor.SetNotice(m_pUi->wgtSaveNotice);
+    m_editor.SetClose([this] {
+        m_calls.ForgetAll();
+        Q_EMIT SignalBack();
+    });
+    connect(&m_editor, &Common::CEditorBase::SignalStateChanged, this, &COrganizationEditPage::UpdateState);
+    const auto save = [this] { m_editor.Save(); };
+    connect(m_pUi->btnOk, &QAbstractButton::clicked, this, save);
+    connect(m_pUi->editName, &VxGUI::VxLineEdit::returnPressed, this, save);
+    connect(m_pUi->editRemark, &VxGUI::VxLineEdit::returnPressed, this, save);
+    for (QAbstractButton* const pButton :
+        std::initializer_list<QAbstractButton*>{m_pUi->btnCancel, m_pUi->btnBack})
+        connect(pButton, &QAbstractButton::clicked, this, [this] { m_editor.Leave(); });
+}
+
+COrganizationEditPage::~COrganizationEditPage() = default;
+
+void COrganizationEditPage::SetUpFields()
+{
     const QString sSpecial = Text::tr("Special characters < and > are not allowed.");
     m_pUi->editName->SetRequired(Text::tr("Organization name cannot be empty."));
     m_pUi->editName->SetRule(
         GroupLogical::OrganizationName, Text::tr("The max length of organization name is %1!"), sSpecial);
     m_pUi->editRemark->SetRule(GroupLogical::OrganizationRemark,
         Text::tr("The remark length cannot exceed %1 characters."), sSpecial);
-    connect(m_pUi->btnOk, &QAbstractButton::clicked, this, &COrganizationEditPage::OnOkClicked);
-    connect(m_pUi->editName, &VxGUI::VxLineEdit::returnPressed, this, &COrganizationEditPage::OnOkClicked);
-    connect(m_pUi->editRemark, &VxGUI::VxLineEdit::returnPressed, this, &COrganizationEditPage::OnOkClicked);
-    connect(m_pUi->btnCancel, &QAbstractButton::clicked, this, &COrganizationEditPage::OnCancelClicked);
-    connect(m_pUi->btnBack, &QAbstractButton::clicked, this, &COrganizationEditPage::OnCancelClicked);
+    m_fields.Text(&Organization_t::sName, m_pUi->editName);
+    m_fields.Text(&Organization_t::sRemark, m_pUi->editRemark);
 }
 
-COrganizationEditPage::~COrganizationEditPage() = default;
-
-void COrganizationEditPage::BeginAdd(const GroupLogical::Organization_t& parent)
+void COrganizationEditPage::BeginAdd(const Organization_t& parent)
 {
-    GroupLogical::Organization_t record;
+    ShowTitles(Text::tr("Add Organization"), QString::fromStdString(parent.sName));
+    Organization_t record;
     record.sParentCode = parent.sCode;
-    Begin(ModeAdd, record, QString::fromStdString(parent.sName));
+    m_editor.BeginNew(record);
 }
 
-void COrganizationEditPage::BeginModify(
-    const GroupLogical::Organization_t& organization, const QString& sParentName)
+void COrganizationEditPage::BeginModify(const Organization_t& organization, const QString& sParentName)
 {
-    Begin(ModeModify, organization, sParentName);
+    ShowTitles(Text::tr("Edit Organization"), sParentName);
+    m_editor.BeginEdit(organization);
 }
 
-void COrganizationEditPage::Begin(
-    Mode mode, const GroupLogical::Organization_t& record, const QString& sParentName)
+void COrganizationEditPage::ShowTitles(const QString& sTitle, const QString& sParentName)
 {
     m_calls.ForgetAll();
-    m_mode = mode;
-    m_loaded = record;
-    m_pUi->lbTitle->setText(mode == ModeAdd ? Text::tr("Add Organization") : Text::tr("Edit Organization"));
+    m_pUi->lbTitle->setText(sTitle);
     m_pUi->lbParent->setText(sParentName.isEmpty() ? QStringLiteral("-") : sParentName);
-    m_pUi->editName->setText(QString::fromStdString(record.sName));
-    m_pUi->editRemark->setText(QString::fromStdString(record.sRemark));
-    m_pUi->editName->ClearErrorHint();
-    m_pUi->editRemark->ClearErrorHint();
-    m_baseline = GetEdited();
-    SetBusy(false);
+}
+
+void COrganizationEditPage::ShowRecord(const Organization_t& record)
+{
+    m_fields.Show(record);
     m_pUi->editName->GetLineEdit()->setFocus();
 }
 
-bool COrganizationEditPage::IsDirty() const
+Organization_t COrganizationEditPage::GetEdited() const
 {
-    return GetEdited() != m_baseline;
-}
-
-GroupLogical::Organization_t COrganizationEditPage::GetEdited() const
-{
-    GroupLogical::Organization_t edited = m_loaded;
-    edited.sName = m_pUi->editName->text().trimmed().toStdString();
-    edited.sRemark = m_pUi->editRemark->text().toStdString();
+    Organization_t edited = m_editor.GetLoaded();
+    m_fields.Read(edited);
     return edited;
 }
 
-void COrganizationEditPage::OnOkClicked()
+bool COrganizationEditPage::CheckInput()
 {
-    if (m_calls.IsPending())
-        return;
-    for (VxGUI::VxLineEdit* pEdit : {m_pUi->editName, m_pUi->editRemark}) {
-        if (!pEdit->CheckInput().isEmpty()) {
-            pEdit->GetLineEdit()->setFocus();
-            return;
-        }
-    }
-    const GroupLogical::Organization_t edited = GetEdited();
-    const auto onAnswer = [this, edited](const Param& param) { OnSaved(edited, param); };
-    if (m_mode == ModeAdd)
-        m_calls.Each<&GroupLogical::IGroupManager::AddOrganization>(edited, onAnswer);
+    return m_fields.Check();
+}
+
+void COrganizationEditPage::Send(const Organization_t& record, bool bNew)
+{
+    const auto onAnswer = [this](const Param& param) {
+        m_editor.OnAnswer(param.nErrorCode, param.sErrorDetail,
+            param.vecOrganizations.empty() ? nullptr : &param.vecOrganizations.front());
+    };
+    if (bNew)
+        m_calls.Each<&IGroupManager::AddOrganization>(record, onAnswer);
     else
-        m_calls.Each<&GroupLogical::IGroupManager::ModifyOrganization>(edited, onAnswer);
-    SetBusy(true);
+        m_calls.Each<&IGroupManager::ModifyOrganization>(record, onAnswer);
 }
 
-void COrganizationEditPage::OnSaved(const GroupLogical::Organization_t& edited, const Param& param)
+void COrganizationEditPage::Fetch(const Organization_t& record, bool bNew)
 {
-    if (param.nErrorCode == UICommonMdl::ErrorVersionConflict) {
-        QueryTheirs();
-        return;
-    }
-    SetBusy(false);
-    if (param.nErrorCode != UICommonMdl::ErrorNone) {
-        ShowFailure(param.nErrorCode);
-        return;
-    }
-    const GroupLogical::Organization_t& saved =
-        param.vecOrganizations.empty() ? edited : param.vecOrganizations.front();
-    Q_EMIT SignalAddOrModifyOrgComplete(
-        m_mode, QString::fromStdString(saved.sCode), QString::fromStdString(saved.sName));
+    m_calls.Latest<&IGroupManager::QueryOrganizations>([this, record, bNew](const Param& param) {
+        const auto& vecAll = param.vecOrganizations;
+        const auto it = std::find_if(vecAll.begin(), vecAll.end(), [&](const Organization_t& other) {
+            return bNew ? other.sParentCode == record.sParentCode && other.sName == record.sName
+                        : other.sCode == record.sCode;
+        });
+        m_editor.OnFetched(param.nErrorCode, it == vecAll.end() ? nullptr : &*it);
+    });
 }
 
-void COrganizationEditPage::QueryTheirs()
+void COrganizationEditPage::OnSaved(const Organization_t& record)
 {
-    m_calls.Latest<&GroupLogical::IGroupManager::QueryOrganizations>(
-        [this](const Param& param) { OnTheirs(param); });
+    Q_EMIT SignalAddOrModifyOrgComplete(m_editor.IsNew() ? ModeAdd : ModeModify,
+        QString::fromStdString(record.sCode), QString::fromStdString(record.sName));
 }
 
-void COrganizationEditPage::OnTheirs(const Param& param)
-{
-    SetBusy(false);
-    const auto& vecAll = param.vecOrganizations;
-    const auto it = std::find_if(vecAll.begin(), vecAll.end(),
-        [this](const GroupLogical::Organization_t& other) { return other.sCode == m_loaded.sCode; });
-    if (param.nErrorCode != UICommonMdl::ErrorNone || it == vecAll.end()) {
-        ShowFailure(
-            param.nErrorCode != UICommonMdl::ErrorNone ? param.nErrorCode : int(UICommonMdl::ErrorNotFound));
-        return;
-    }
-    // What was typed stays; saved again, it stands over the change that has just been told.
-    m_loaded = *it;
-    m_baseline = *it;
-    const QString sChange =
-        Text::tr("Somebody else changed it in the meantime: its name is \"%1\", its remark \"%2\". What you "
-                 "entered is kept; OK saves it over that change.")
-            .arg(QString::fromStdString(it->sName), QString::fromStdString(it->sRemark));
-    VxGUI::VxNotification::Show(this, Text::tr("Failed to modify organization.") + QLatin1Char(' ') + sChange,
-        VxGUI::NotificationKind::Warning);
-}
-
-void COrganizationEditPage::OnCancelClicked()
-{
-    if (!Common::AskCancel(this, IsDirty()))
-        return;
-    m_calls.ForgetAll();
-    Q_EMIT SignalBack();
-}
-
-void COrganizationEditPage::ShowFailure(int nErrorCode)
+void COrganizationEditPage::ShowRefusal(int nErrorCode, const std::string&)
 {
     VxGUI::VxNotification::Show(this,
-        Common::FailureText(m_mode == ModeAdd ? Text::tr("Failed to add organization")
-                                              : Text::tr("Failed to modify organization."),
+        Common::FailureText(m_editor.IsNew() ? Text::tr("Failed to add organization")
+                                             : Text::tr("Failed to modify organization."),
             nErrorCode));
 }
 
-void COrganizationEditPage::SetBusy(bool bBusy)
+void COrganizationEditPage::UpdateState()
 {
-    m_pUi->btnOk->setEnabled(!bBusy);
+    m_pUi->btnOk->setEnabled(m_editor.CanSave());
+    m_pUi->editName->setEnabled(!m_editor.IsSaving());
+    m_pUi->editRemark->setEnabled(!m_editor.IsSaving());
 }
 
 void COrganizationEditPage::keyPressEvent(QKeyEvent* pEvent)
 {
     if (pEvent->key() == Qt::Key_Escape)
-        OnCancelClicked();
+        m_editor.Leave();
     else
         QWidget::keyPressEvent(pEvent);
 }

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <common/CCalls.h>
+#include <common/CEditor.h>
+#include <common/CFormBinding.h>
+#include <common/CSession.h>
 
 #include <QWidget>
 
@@ -14,7 +17,7 @@ namespace ResourceManagerUI {
 
 /// Adds an organisation or changes name and remark of one. On a refusal it stays open with the input.
 /// User-interface thread.
-class COrganizationEditPage : public QWidget
+class COrganizationEditPage : public QWidget, private Common::IRecordForm<GroupLogical::Organization_t>
 {
     Q_OBJECT
 
@@ -32,8 +35,6 @@ public:
 
     void BeginAdd(const GroupLogical::Organization_t& parent);
     void BeginModify(const GroupLogical::Organization_t& organization, const QString& sParentName);
-    /// Whether the input differs from what the editor began with.
-    bool IsDirty() const;
 
 Q_SIGNALS:
     /// The server took the change: the mode, and code and name of the organisation.
@@ -45,23 +46,26 @@ protected:
     void keyPressEvent(QKeyEvent* pEvent) override;
 
 private:
+    using Organization = GroupLogical::Organization_t;
     using Calls = Common::CCalls<GroupLogical::IGroupManagerObserver>;
     using Param = Calls::Param;
-    void Begin(Mode mode, const GroupLogical::Organization_t& record, const QString& sParentName);
-    GroupLogical::Organization_t GetEdited() const;
-    void OnOkClicked();
-    void OnCancelClicked();
-    void OnSaved(const GroupLogical::Organization_t& edited, const Param& param);
-    void ShowFailure(int nErrorCode);
-    void QueryTheirs();
-    void OnTheirs(const Param& param);
-    void SetBusy(bool bBusy);
+    void SetUpFields();
+    void ShowTitles(const QString& sTitle, const QString& sParentName);
+    void UpdateState();
+
+    void ShowRecord(const Organization& record) override;
+    Organization GetEdited() const override;
+    bool CheckInput() override;
+    void Send(const Organization& record, bool bNew) override;
+    void Fetch(const Organization& record, bool bNew) override;
+    void OnSaved(const Organization& record) override;
+    void ShowRefusal(int nErrorCode, const std::string& sDetail) override;
 
     std::unique_ptr<Ui::COrganizationEditPage> m_pUi;
-    Mode m_mode = ModeAdd;
-    GroupLogical::Organization_t m_loaded; ///< as the server has it
-    GroupLogical::Organization_t m_baseline; ///< the same as the fields show it
+    Common::CSession m_session;
     Calls m_calls;
+    Common::CEditor<Organization> m_editor;
+    Common::CFormBinding<Organization> m_fields;
 };
 
 } // namespace ResourceManagerUI

@@ -1,8 +1,11 @@
 #include "CPage.h"
 
 #include "CFailureListDlg.h"
+#include "CInputGuard.h"
 #include "Prompt.h"
 #include "StyleSheet.h"
+
+#include <VxPluginAPI/IAbstractWidget.h>
 
 #include <QDialog>
 #include <QMenu>
@@ -21,9 +24,14 @@ CPage::CPage(UICommonMdl::CInterfaceSetManager* pInterfaceSet, const QString& sS
     connect(&m_session, &CSession::SignalRightsChanged, this, [this] { OnRightsChanged(); });
 }
 
-bool CPage::OnMsg(int, QVariant*, void*)
+bool CPage::OnMsg(int nMsg, QVariant* pValue, void*)
 {
-    return false;
+    if (nMsg != VxPluginAPI::MessageLeave)
+        return false;
+    // Whoever has said no already is not asked by a second page.
+    if (pValue && pValue->toBool())
+        *pValue = CInputGuard::LeaveBelow(this);
+    return true;
 }
 
 void CPage::UninitUI()

@@ -26,6 +26,7 @@ public:
     CPage(UICommonMdl::CInterfaceSetManager* pInterfaceSet, const QString& sSkinFolder,
         QWidget* pParent = nullptr);
 
+    /// MessageLeave: asks the forms of the page that hold input.
     bool OnMsg(int nMsg, QVariant* pValue, void* pArgument) override;
     /// Ends every call and registration of the page and of all below it, and destroys its dialogs. The page
     /// stays as it looks.

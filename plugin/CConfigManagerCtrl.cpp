@@ -11,8 +11,6 @@
 namespace ConfigManagerPlugin {
 
 namespace {
-constexpr int MsgRightsChanged = 7;
-constexpr int MsgAutoResize = 36;
 constexpr QSize HeaderIconSize(20, 20);
 
 /// The texts' context is the class name alone, which the class's own tr would put behind its namespace.
@@ -147,11 +145,11 @@ UICommonMdl::PanelTabItem CConfigManagerCtrl::MakeTabItem(VxPluginAPI::IAbstract
 
 bool CConfigManagerCtrl::OnMsg(int nMsg, QVariant* pValue, void* pArgument)
 {
-    if (nMsg == MsgAutoResize) {
+    if (nMsg == VxPluginAPI::MessageAutoResize) {
         SetAutoResize(pValue && pValue->toBool());
         return true;
     }
-    if (nMsg == MsgRightsChanged)
+    if (nMsg == VxPluginAPI::MessageRightsChanged)
         RebuildGroups();
     return CBasePanel::OnMsg(nMsg, pValue, pArgument);
 }

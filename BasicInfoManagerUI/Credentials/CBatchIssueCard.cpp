@@ -35,6 +35,7 @@ CBatchIssueCard::CBatchIssueCard(UICommonMdl::CInterfaceSetManager* pInterfaceSe
     , m_pModel(new CIssueCardModel(this))
     , m_session(pInterfaceSet, this)
     , m_calls(pInterfaceSet, this)
+    , m_guard(this)
 {
     m_pUi->setupUi(this);
     m_pUi->m_pBtnBack->setIcon(Trv::GetIcon(QStringLiteral("back")));
@@ -42,6 +43,9 @@ CBatchIssueCard::CBatchIssueCard(UICommonMdl::CInterfaceSetManager* pInterfaceSe
     m_pUi->wgtBatchReaderBar->SetConfig(pInterfaceSet->GetLocalConfig());
     m_pUi->wgtNoPersons->SetState(VxGUI::VxEmptyState::Kind::Empty, Text::tr("No persons"));
     SetUpTable();
+    m_guard.SetDirtyCheck([this] { return IsDirty(); });
+    m_guard.SetClose([this] { Finish(false); });
+    m_guard.SetQuestion(Text::tr("The card numbers are not saved. Are you sure to leave?"));
     m_nextTimer.setSingleShot(true);
     m_nextTimer.setInterval(NextRowDelay);
     connect(&m_nextTimer, &QTimer::timeout, this, &CBatchIssueCard::GoToNextRow);
@@ -236,9 +240,7 @@ void CBatchIssueCard::Leave()
     if (m_bSaving)
         return;
     m_pUi->tableIssueCard->setFocus();
-    if (!IsDirty()
-        || Common::AskPrompt(this, Text::tr("The card numbers are not saved. Are you sure to leave?")))
-        Finish(false);
+    m_guard.Leave();
 }
 
 void CBatchIssueCard::Finish(bool bIssued)

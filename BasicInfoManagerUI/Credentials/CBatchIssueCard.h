@@ -1,6 +1,7 @@
 #pragma once
 
 #include <common/CCalls.h>
+#include <common/CInputGuard.h>
 #include <common/CSession.h>
 
 #include <QTimer>
@@ -62,6 +63,7 @@ private:
     QTimer m_nextTimer;
     Common::CSession m_session;
     Common::CCalls<AccessControlLogical::IPersonManagerObserver> m_calls;
+    Common::CInputGuard m_guard;
 };
 
 } // namespace BasicInfoManagerUI

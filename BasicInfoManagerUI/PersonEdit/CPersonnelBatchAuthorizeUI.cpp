@@ -46,10 +46,14 @@ CPersonnelBatchAuthorizeUI::CPersonnelBatchAuthorizeUI(
     , m_pUi(std::make_unique<Ui::CPersonnelBatchAuthorizeUI>())
     , m_session(pInterfaceSet, this)
     , m_calls(pInterfaceSet, this)
+    , m_guard(this)
 {
     m_pUi->setupUi(this);
     setObjectName(QStringLiteral("CPersonnelBatchAuthorizeUI"));
     SetUpControls();
+    m_guard.SetDirtyCheck([this] { return IsDirty(); });
+    m_guard.SetClose([this] { Close(); });
+    m_guard.SetQuestion(Text::tr("Current page data are changed, are you sure to leave?"));
     connect(&m_session, &Common::CSession::SignalConnectionChanged, this,
         &CPersonnelBatchAuthorizeUI::OnConnectionChanged);
     Common::LoadStyleSheet(this, SkinFolder);
@@ -235,9 +239,11 @@ void CPersonnelBatchAuthorizeUI::ShowFailures()
 
 void CPersonnelBatchAuthorizeUI::Leave()
 {
-    if (IsDirty()
-        && !Common::AskPrompt(this, Text::tr("Current page data are changed, are you sure to leave?")))
-        return;
+    m_guard.Leave();
+}
+
+void CPersonnelBatchAuthorizeUI::Close()
+{
     m_calls.ForgetAll();
     m_pUi->m_pAccessGroups->SetIds({});
     m_pUi->m_pFaceInfo->SetPerson({});

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <common/CCalls.h>
+#include <common/CInputGuard.h>
 #include <common/CSession.h>
 
 #include <QWidget>
@@ -47,6 +48,7 @@ protected:
 private:
     using Param = AccessControlLogical::IPersonManagerObserver::Param;
 
+    void Close();
     void SetUpControls();
     void OnConnectionChanged(bool bConnected);
     void QueryChoices();
@@ -72,6 +74,7 @@ private:
     bool m_bAuthorized = false; ///< some persons have their permissions
     Common::CSession m_session;
     Common::CCalls<AccessControlLogical::IPersonManagerObserver> m_calls;
+    Common::CInputGuard m_guard;
 };
 
 } // namespace BasicInfoManagerUI

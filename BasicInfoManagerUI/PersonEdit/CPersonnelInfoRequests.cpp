@@ -33,7 +33,6 @@ struct Text
 void CPersonnelInfoUI::Begin(Mode mode)
 {
     m_calls.ForgetAll();
-    m_bBusy = false;
     delete m_pExtract;
     SetMode(mode);
     QueryChoices();
@@ -41,7 +40,6 @@ void CPersonnelInfoUI::Begin(Mode mode)
 
 void CPersonnelInfoUI::AddPerson(const QString& sGroupCode)
 {
-    m_sPersonId.clear();
     Begin(Mode::Add);
     BeginNewPerson(sGroupCode.isEmpty() ? RootDepartmentCode : sGroupCode.toStdString());
 }
@@ -50,45 +48,33 @@ void CPersonnelInfoUI::BeginNewPerson(const std::string& sGroupCode)
 {
     Person person;
     person.sGroupCode = sGroupCode;
-    ShowRecord(person);
+    m_editor.BeginNew(person);
 }
 
 void CPersonnelInfoUI::EditPerson(const QString& sPersonId)
 {
-    m_sPersonId = sPersonId;
     Begin(Mode::Edit);
-    QueryDetail();
+    Load(sPersonId);
 }
 
 void CPersonnelInfoUI::ShowPerson(const QString& sPersonId)
 {
-    m_sPersonId = sPersonId;
     Begin(Mode::Details);
-    QueryDetail();
+    Load(sPersonId);
 }
 
-void CPersonnelInfoUI::QueryDetail()
+void CPersonnelInfoUI::Load(const QString& sPersonId)
 {
-    m_pUi->wgtPersonState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading"));
-    m_pUi->stackPerson->setCurrentWidget(m_pUi->wgtPersonState);
-    UpdateState();
-    m_calls.Latest<&IAccessControlManager::QueryPersonDetail>(
-        m_sPersonId.toStdString(), [this](const Param& param) { OnDetail(param); });
+    Person key;
+    key.sPersonId = sPersonId.toStdString();
+    m_editor.BeginLoad(key);
 }
 
-void CPersonnelInfoUI::OnDetail(const Param& param)
+void CPersonnelInfoUI::Fetch(const Person& record, bool)
 {
-    if (param.nErrorCode == UICommonMdl::ErrorNone && param.optPerson) {
-        ShowRecord(*param.optPerson);
-        return;
-    }
-    const QString sFailed = Text::tr("Failed to search user detail");
-    const bool bNoRight = param.nErrorCode == UICommonMdl::ErrorNoRight;
-    m_pUi->wgtPersonState->SetState(
-        bNoRight ? VxGUI::VxEmptyState::Kind::NoPermission : VxGUI::VxEmptyState::Kind::Failed, sFailed,
-        UICommonMdl::CErrorCode::GetErroCodeInfor(param.nErrorCode),
-        bNoRight ? QString() : Text::tr("Refresh"));
-    VxGUI::VxNotification::Show(this, Common::FailureText(sFailed, param.nErrorCode));
+    m_calls.Latest<&IAccessControlManager::QueryPersonDetail>(record.sPersonId, [this](const Param& param) {
+        m_editor.OnFetched(param.nErrorCode, param.optPerson ? &*param.optPerson : nullptr);
+    });
 }
 
 void CPersonnelInfoUI::QueryChoices()
@@ -148,12 +134,8 @@ void CPersonnelInfoUI::OnExtractClicked()
 {
     m_pExtract = new CExtractPersonDlg(m_pInterfaceSet, this);
     connect(m_pExtract, &CExtractPersonDlg::SignalPerson, this, [this](const Person& extracted) {
-        const Person loaded = m_loaded;
-        const Person baseline = m_baseline;
-        ShowRecord(MergeExtracted(GetEdited(), extracted, m_mode == Mode::Add));
         // What came from the device is input like what is typed.
-        m_loaded = loaded;
-        m_baseline = baseline;
+        ShowFields(MergeExtracted(GetEdited(), extracted, m_mode == Mode::Add));
         OnChanged();
     });
     m_pExtract->open();
@@ -161,67 +143,64 @@ void CPersonnelInfoUI::OnExtractClicked()
 
 void CPersonnelInfoUI::OnOkClicked(bool bContinue)
 {
-    if (m_bBusy || !CheckInput())
-        return;
-    const Person edited = GetEdited();
-    m_pFocusBefore = focusWidget();
-    SetBusy(true);
-    const auto onAnswer = [this, edited, bContinue](
-                              const Param& param) { OnSaved(param, edited, bContinue); };
-    if (m_mode == Mode::Add)
-        m_calls.Each<&IAccessControlManager::AddPerson>(edited, onAnswer);
-    else
-        m_calls.Each<&IAccessControlManager::ModifyPerson>(edited, onAnswer);
+    m_bContinue = bContinue;
+    m_editor.Save();
 }
 
-void CPersonnelInfoUI::OnSaved(const Param& param, const Person& sent, bool bContinue)
+void CPersonnelInfoUI::Send(const Person& record, bool bNew)
 {
-    SetBusy(false);
-    if (param.nErrorCode != UICommonMdl::ErrorNone) {
-        ShowRefusal(param, sent);
-        return;
-    }
-    const bool bAdded = m_mode == Mode::Add;
-    const QString sId = QString::fromStdString(sent.sPersonId);
-    VxGUI::VxNotification::Show(this,
-        (bAdded ? Text::tr("Person %1 was added.") : Text::tr("Person %1 was modified.")).arg(sId),
-        VxGUI::NotificationKind::Success);
-    if (bContinue)
-        BeginNewPerson(sent.sGroupCode);
+    const auto onAnswer = [this](const Param& param) {
+        m_vecClashes = param.vecClashes;
+        m_editor.OnAnswer(
+            param.nErrorCode, param.sErrorDetail, param.optPerson ? &*param.optPerson : nullptr);
+    };
+    if (bNew)
+        m_calls.Each<&IAccessControlManager::AddPerson>(record, onAnswer);
     else
-        ShowRecord(param.optPerson.value_or(sent));
+        m_calls.Each<&IAccessControlManager::ModifyPerson>(record, onAnswer);
+}
+
+void CPersonnelInfoUI::OnSaved(const Person& record)
+{
+    const QString sId = QString::fromStdString(record.sPersonId);
+    VxGUI::VxNotification::Show(this,
+        (m_mode == Mode::Add ? Text::tr("Person %1 was added.") : Text::tr("Person %1 was modified."))
+            .arg(sId),
+        VxGUI::NotificationKind::Success);
+    if (m_bContinue)
+        BeginNewPerson(record.sGroupCode);
     Q_EMIT SignalPersonSaved(sId);
-    if (!bContinue)
+    if (!m_bContinue)
         Q_EMIT SignalBack();
 }
 
-void CPersonnelInfoUI::ShowRefusal(const Param& param, const Person& sent)
+void CPersonnelInfoUI::ShowRefusal(int nErrorCode, const std::string& sDetail)
 {
-    if (param.nErrorCode == UICommonMdl::ErrorPersonDuplicate && !param.vecClashes.empty()) {
-        ShowClashes(param, sent);
+    if (nErrorCode == UICommonMdl::ErrorPersonDuplicate && !m_vecClashes.empty()) {
+        ShowClashes();
         return;
     }
     // A photo that is refused is told at the photo, whatever the detail says.
-    const bool bPhoto = param.nErrorCode == UICommonMdl::ErrorPhoto;
-    const QString sText = UICommonMdl::CErrorCode::GetErroCodeInfor(param.nErrorCode);
+    const bool bPhoto = nErrorCode == UICommonMdl::ErrorPhoto;
+    const QString sText = UICommonMdl::CErrorCode::GetErroCodeInfor(nErrorCode);
     for (CPersonSection* const pSection : m_vecSections) {
-        if (!pSection->ShowRefusal(bPhoto ? "sPhotoData" : param.sErrorDetail, sText))
+        if (!pSection->ShowRefusal(bPhoto ? "sPhotoData" : sDetail, sText))
             continue;
         m_pUi->wgtNavPage->ShowSection(pSection->parentWidget());
         ScrollToFocus();
         break;
     }
-    VxGUI::VxNotification::Show(this, Common::FailureText(FailurePrefix(), param.nErrorCode));
+    VxGUI::VxNotification::Show(this, Common::FailureText(FailurePrefix(), nErrorCode));
 }
 
-void CPersonnelInfoUI::ShowClashes(const Param& param, const Person& sent)
+void CPersonnelInfoUI::ShowClashes()
 {
-    m_pCredentials->ShowClashes(param.vecClashes);
-    for (const PersonClash_t& clash : param.vecClashes) {
+    m_pCredentials->ShowClashes(m_vecClashes);
+    for (const PersonClash_t& clash : m_vecClashes) {
         if (clash.nKind == ClashPersonId)
             m_pBasic->ShowRefusal("sPersonId", Text::tr("The ID already exists."));
     }
-    const ClashTexts texts = DescribeClashes(param.vecClashes, sent.vecPlates);
+    const ClashTexts texts = DescribeClashes(m_vecClashes, GetEdited().vecPlates);
     ScrollToFocus();
     const QPointer<CPersonnelInfoUI> guard(this);
     if (!texts.sIdsAndCards.isEmpty())
@@ -230,14 +209,6 @@ void CPersonnelInfoUI::ShowClashes(const Param& param, const Person& sent)
     if (guard && !texts.sPlates.isEmpty())
         VxGUI::VxMessageBox::Message(
             this, Text::tr("Prompt"), Text::tr("License plate number already exists."), texts.sPlates);
-}
-
-void CPersonnelInfoUI::SetBusy(bool bBusy)
-{
-    m_bBusy = bBusy;
-    UpdateState();
-    if (!bBusy && m_pFocusBefore)
-        m_pFocusBefore->setFocus();
 }
 
 } // namespace BasicInfoManagerUI

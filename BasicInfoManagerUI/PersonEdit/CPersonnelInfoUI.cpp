@@ -9,12 +9,12 @@
 #include "CPersonDetailInfo.h"
 #include "CResidentInfo.h"
 #include "CVehicleInfo.h"
+#include "PersonRecordFields.h"
 #include "ui_CPersonnelInfoUI.h"
 
 #include <Trv/QSkin.h>
 #include <UICommonMdl/CInterfaceSetManager.h>
 #include <VxGUI/VxNotification.h>
-#include <common/Prompt.h>
 #include <common/StyleSheet.h>
 
 #include <QKeyEvent>
@@ -43,11 +43,13 @@ CPersonnelInfoUI::CPersonnelInfoUI(UICommonMdl::CInterfaceSetManager* pInterface
     , m_pInterfaceSet(pInterfaceSet)
     , m_session(pInterfaceSet, this)
     , m_calls(pInterfaceSet, this)
+    , m_editor(m_session, this, *this)
 {
     m_pUi->setupUi(this);
     setObjectName(QStringLiteral("CPersonnelInfoUI"));
     SetUpSections();
     SetUpButtons();
+    SetUpEditor();
     SetUpShortcuts();
     connect(
         &m_session, &Common::CSession::SignalConnectionChanged, this, &CPersonnelInfoUI::OnConnectionChanged);
@@ -122,7 +124,21 @@ void CPersonnelInfoUI::SetUpButtons()
     onClick(m_pUi->m_pBtnEdit, [this] { SetMode(Mode::Edit); });
     onClick(m_pUi->m_pBtnExtract, &CPersonnelInfoUI::OnExtractClicked);
     onClick(m_pUi->btnChoicesAgain, &CPersonnelInfoUI::QueryChoices);
-    connect(m_pUi->wgtPersonState, &VxGUI::VxEmptyState::SignalAction, this, &CPersonnelInfoUI::QueryDetail);
+}
+
+void CPersonnelInfoUI::SetUpEditor()
+{
+    DescribePerson(m_editor.Fields());
+    m_editor.SetNotice(m_pUi->wgtSaveNotice);
+    m_editor.SetLoadView(m_pUi->stackPerson, m_pUi->wgtPersonState, m_pUi->pagePersonForm,
+        {Text::tr("Loading"), Text::tr("Failed to search user detail"),
+            Text::tr("You have no permission to see persons.")});
+    m_editor.SetQuestion(Text::tr("Current page data are changed, are you sure to leave?"));
+    m_editor.SetClose([this] {
+        m_calls.ForgetAll();
+        Q_EMIT SignalBack();
+    });
+    connect(&m_editor, &Common::CEditorBase::SignalStateChanged, this, &CPersonnelInfoUI::UpdateState);
 }
 
 void CPersonnelInfoUI::SetUpShortcuts()
@@ -149,6 +165,7 @@ void CPersonnelInfoUI::SetMode(Mode mode)
     m_pUi->lbPersonTitle->setText(sTitles[int(mode)]);
     setWindowTitle(sTitles[int(mode)]);
     const bool bDetails = mode == Mode::Details;
+    m_editor.SetReadOnly(bDetails);
     for (CPersonSection* const pSection : m_vecSections)
         pSection->SetReadOnly(bDetails);
     m_pBasic->SetIdEditable(mode == Mode::Add);
@@ -160,46 +177,38 @@ void CPersonnelInfoUI::SetMode(Mode mode)
     UpdateState();
 }
 
-void CPersonnelInfoUI::ShowRecord(const Person& person)
+void CPersonnelInfoUI::ShowFields(const Person& person)
 {
-    m_loaded = person;
     for (CPersonSection* const pSection : m_vecSections)
         pSection->SetPerson(person);
-    m_baseline = GetEdited();
+}
+
+void CPersonnelInfoUI::ShowRecord(const Person& record)
+{
+    ShowFields(record);
     m_pUi->stackPerson->setCurrentWidget(m_pUi->pagePersonForm);
     m_pUi->scrollPerson->verticalScrollBar()->setValue(0);
-    UpdateState();
     if (m_mode != Mode::Details)
         m_pBasic->FocusFirst();
 }
 
 CPersonnelInfoUI::Person CPersonnelInfoUI::GetEdited() const
 {
-    Person edited = m_loaded;
+    Person edited = m_editor.GetLoaded();
     for (const CPersonSection* const pSection : m_vecSections)
         pSection->FillPerson(edited);
     return edited;
 }
 
-bool CPersonnelInfoUI::IsFormShown() const
-{
-    return m_pUi->stackPerson->currentWidget() == m_pUi->pagePersonForm;
-}
-
-bool CPersonnelInfoUI::IsDirty() const
-{
-    return m_mode != Mode::Details && IsFormShown() && GetEdited() != m_baseline;
-}
-
 void CPersonnelInfoUI::OnChanged()
 {
-    m_pUi->lbUnsaved->setVisible(IsDirty());
+    m_pUi->lbUnsaved->setVisible(m_editor.IsDirty());
 }
 
 void CPersonnelInfoUI::UpdateState()
 {
     const bool bDetails = m_mode == Mode::Details;
-    const bool bUsable = IsFormShown() && m_session.IsConnected() && !m_bBusy;
+    const bool bUsable = m_editor.CanSave();
     m_pUi->m_pBtnOk->setVisible(!bDetails);
     m_pUi->m_pAddAndContinue->setVisible(m_mode == Mode::Add);
     m_pUi->m_pBtnExtract->setVisible(!bDetails);
@@ -212,7 +221,7 @@ void CPersonnelInfoUI::UpdateState()
     m_pUi->m_pBtnEdit->setToolTip(bMayChange
             ? QKeySequence(QStringLiteral("Ctrl+E")).toString(QKeySequence::NativeText)
             : Text::tr("You have no permission to change persons."));
-    m_pUi->wgtSections->setEnabled(!m_bBusy);
+    m_pUi->wgtSections->setEnabled(!m_editor.IsSaving());
     m_pUi->btnChoicesAgain->setEnabled(m_session.IsConnected());
     OnChanged();
 }
@@ -222,12 +231,8 @@ void CPersonnelInfoUI::OnConnectionChanged(bool bConnected)
     for (CPersonSection* const pSection : m_vecSections)
         pSection->SetConnected(bConnected);
     UpdateState();
-    if (!bConnected || !isVisible())
-        return;
-    if (!m_sChoicesFailed.isEmpty() || !m_sResidenceFailed.isEmpty())
+    if (bConnected && isVisible() && !(m_sChoicesFailed.isEmpty() && m_sResidenceFailed.isEmpty()))
         QueryChoices();
-    if (!IsFormShown())
-        QueryDetail();
 }
 
 bool CPersonnelInfoUI::CheckInput()
@@ -258,14 +263,7 @@ QString CPersonnelInfoUI::FailurePrefix() const
 
 void CPersonnelInfoUI::Leave()
 {
-    if (IsDirty()
-        && !Common::AskPrompt(this, Text::tr("Current page data are changed, are you sure to leave?")))
-        return;
-    m_calls.ForgetAll();
-    m_bBusy = false;
-    if (IsFormShown())
-        ShowRecord(m_loaded);
-    Q_EMIT SignalBack();
+    m_editor.Leave();
 }
 
 void CPersonnelInfoUI::keyPressEvent(QKeyEvent* pEvent)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <common/CCalls.h>
+#include <common/CEditor.h>
 #include <common/CSession.h>
 
 #include <QPointer>
@@ -24,7 +25,7 @@ class CPersonSection;
 class CResidentInfo;
 
 /// The person editor: adds, edits and shows one person. User-interface thread.
-class CPersonnelInfoUI : public QWidget
+class CPersonnelInfoUI : public QWidget, private Common::IRecordForm<AccessControlLogical::Person_t>
 {
     Q_OBJECT
 
@@ -40,7 +41,7 @@ public:
     void ShowPerson(const QString& sPersonId);
 
     /// Something was entered and is not saved.
-    bool IsDirty() const;
+    bool IsDirty() const { return m_editor.IsDirty(); }
     /// Goes back (SignalBack); asks first when something would be lost.
     void Leave();
 
@@ -68,22 +69,20 @@ private:
     void SetUpSections();
     void AddSection(CPersonSection* pSection);
     void SetUpButtons();
+    void SetUpEditor();
     void SetUpShortcuts();
 
     // What is shown.
     void Begin(Mode mode);
     void BeginNewPerson(const std::string& sGroupCode);
     void SetMode(Mode mode);
-    void ShowRecord(const Person& person);
-    Person GetEdited() const;
-    bool IsFormShown() const;
+    void ShowFields(const Person& person);
     void UpdateState();
     void OnChanged();
 
     // What it asks for.
     void OnConnectionChanged(bool bConnected);
-    void QueryDetail();
-    void OnDetail(const Param& param);
+    void Load(const QString& sPersonId);
     void QueryChoices();
     void QueryPermissionChoices();
     void QueryResidence();
@@ -92,13 +91,16 @@ private:
 
     // Saving and leaving.
     void OnOkClicked(bool bContinue);
-    bool CheckInput();
-    void OnSaved(const Param& param, const Person& sent, bool bContinue);
-    void ShowRefusal(const Param& param, const Person& sent);
-    void ShowClashes(const Param& param, const Person& sent);
-    void SetBusy(bool bBusy);
+    void ShowClashes();
     void ScrollToFocus();
     QString FailurePrefix() const;
+    void ShowRecord(const Person& record) override;
+    Person GetEdited() const override;
+    bool CheckInput() override;
+    void Send(const Person& record, bool bNew) override;
+    void Fetch(const Person& record, bool bNew) override;
+    void OnSaved(const Person& record) override;
+    void ShowRefusal(int nErrorCode, const std::string& sDetail) override;
 
     std::unique_ptr<Ui::CPersonnelInfoUI> m_pUi;
     UICommonMdl::CInterfaceSetManager* m_pInterfaceSet;
@@ -110,16 +112,14 @@ private:
     CResidentInfo* m_pResident = nullptr;
     std::vector<CPersonSection*> m_vecSections; ///< in their order
     QPointer<CExtractPersonDlg> m_pExtract;
-    QPointer<QWidget> m_pFocusBefore; ///< had the focus when a save began
     Mode m_mode = Mode::Add;
-    QString m_sPersonId; ///< the one that is edited or shown
-    Person m_loaded; ///< what the form began with
-    Person m_baseline; ///< the same as the form shows it
-    bool m_bBusy = false;
+    bool m_bContinue = false; ///< once saved, the next person is added
+    std::vector<AccessControlLogical::PersonClash_t> m_vecClashes; ///< of the last save
     QString m_sChoicesFailed; ///< empty: the choices came or are on their way
     QString m_sResidenceFailed;
     Common::CSession m_session;
     Common::CCalls<AccessControlLogical::IPersonManagerObserver> m_calls;
+    Common::CEditor<Person> m_editor;
 };
 
 } // namespace BasicInfoManagerUI

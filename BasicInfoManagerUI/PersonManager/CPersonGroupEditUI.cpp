@@ -4,17 +4,18 @@
 #include "ui_CPersonGroupEditUI.h"
 
 #include <UICommonMdl/CDepartmentModelManager.h>
-#include <UICommonMdl/CErrorCode.h>
+#include <UICommonMdl/ErrorCodes.h>
 #include <VxGUI/RequiredMark.h>
 #include <VxGUI/VxNotification.h>
 #include <common/Prompt.h>
 #include <common/StyleSheet.h>
 
-#include <QPointer>
+#include <algorithm>
 
 namespace BasicInfoManagerUI {
 
 using AccessControlLogical::Department_t;
+using AccessControlLogical::IAccessControlManager;
 
 namespace {
 
@@ -36,16 +37,15 @@ CPersonGroupEditUI::CPersonGroupEditUI(
     , m_pUi(std::make_unique<Ui::CPersonGroupEditUI>())
     , m_session(pInterfaceSet, this)
     , m_calls(pInterfaceSet, this)
+    , m_editor(m_session, this, *this)
+    , m_fields(m_editor.Fields())
 {
     m_pUi->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);
     m_pUi->lbConnection->Watch(m_session);
     SetUpFields();
-    connect(m_pUi->m_pBtnAdd, &QAbstractButton::clicked, this, &CPersonGroupEditUI::accept);
-    connect(m_pUi->m_pAddAndPerson, &QAbstractButton::clicked, this, [this] { Save(true); });
-    connect(m_pUi->m_pBtnCancel, &QAbstractButton::clicked, this, &CPersonGroupEditUI::reject);
-    connect(&m_session, &Common::CSession::SignalConnectionChanged, this, &CPersonGroupEditUI::UpdateButtons);
+    SetUpButtons();
     Common::LoadStyleSheet(this, QStringLiteral("BasicInfoManagerUI/Personnel"));
 }
 
@@ -62,68 +62,77 @@ void CPersonGroupEditUI::SetUpFields()
         Text::tr("Special characters < and > are not allowed."));
     VxGUI::MarkRequired(m_pUi->m_pCmbParent);
     m_pUi->m_pCmbParent->SetChoiceRule([this](const QModelIndex& group) {
-        return CanBeParent(group, Groups()->FindCode(QString::fromStdString(m_loaded.sCode)));
+        return CanBeParent(group, Groups()->FindCode(QString::fromStdString(m_editor.GetLoaded().sCode)));
     });
     m_pUi->lbParentHint->hide();
     connect(m_pUi->m_pCmbParent, &CDepartmentComboBox::SignalCodeChanged, m_pUi->lbParentHint,
         [this] { m_pUi->lbParentHint->setVisible(false); });
+    m_editor.Fields().Add<std::string>(
+        m_pUi->m_pCmbParent->accessibleName(), &Department_t::sParentCode, [](const std::string& sCode) {
+            const QModelIndex group = Groups()->FindCode(QString::fromStdString(sCode));
+            return group.isValid() ? group.data().toString() : QString::fromStdString(sCode);
+        });
+    m_fields.Text(&Department_t::sName, m_pUi->m_pEditGroupName);
+    m_fields.Text(&Department_t::sRemark, m_pUi->m_pEditRemark);
+}
+
+void CPersonGroupEditUI::SetUpButtons()
+{
+    m_editor.SetNotice(m_pUi->wgtSaveNotice);
+    m_editor.SetClose([this] { QDialog::reject(); });
+    connect(&m_editor, &Common::CEditorBase::SignalStateChanged, this, &CPersonGroupEditUI::UpdateState);
+    connect(m_pUi->m_pBtnAdd, &QAbstractButton::clicked, this, &CPersonGroupEditUI::accept);
+    connect(m_pUi->m_pAddAndPerson, &QAbstractButton::clicked, this, [this] { Save(true); });
+    connect(m_pUi->m_pBtnCancel, &QAbstractButton::clicked, this, &CPersonGroupEditUI::reject);
 }
 
 void CPersonGroupEditUI::BeginAdd(const QString& sParentCode)
 {
-    m_loaded = {};
-    m_loaded.sParentCode = sParentCode.toStdString();
-    ShowRecord();
+    Department_t record;
+    record.sParentCode = sParentCode.toStdString();
+    m_editor.BeginNew(record);
 }
 
 void CPersonGroupEditUI::BeginModify(const Department_t& department)
 {
-    m_loaded = department;
-    ShowRecord();
+    m_editor.BeginEdit(department);
 }
 
-void CPersonGroupEditUI::ShowRecord()
+bool CPersonGroupEditUI::IsRoot() const
 {
-    const bool bNew = m_loaded.sCode.empty();
-    const bool bRoot = m_loaded.sCode == AccessControlLogical::RootDepartmentCode;
+    return m_editor.GetLoaded().sCode == AccessControlLogical::RootDepartmentCode;
+}
+
+void CPersonGroupEditUI::ShowRecord(const Department_t& record)
+{
+    const bool bNew = m_editor.IsNew();
     setWindowTitle(bNew ? Text::tr("Add Person Group") : Text::tr("Edit Person Group"));
     m_pUi->m_pBtnAdd->setText(bNew ? Text::tr("Add") : Text::tr("Save"));
     m_pUi->m_pAddAndPerson->setVisible(bNew);
-    m_pUi->lbParent->setVisible(!bRoot);
-    m_pUi->m_pCmbParent->setVisible(!bRoot);
-    m_pUi->m_pCmbParent->SetCode(QString::fromStdString(m_loaded.sParentCode));
-    m_pUi->m_pEditGroupName->setText(QString::fromStdString(m_loaded.sName));
-    m_pUi->m_pEditRemark->setText(QString::fromStdString(m_loaded.sRemark));
-    m_baseline = GetEdited();
+    m_pUi->lbParent->setVisible(!IsRoot());
+    m_pUi->m_pCmbParent->setVisible(!IsRoot());
+    m_pUi->m_pCmbParent->SetCode(QString::fromStdString(record.sParentCode));
+    m_fields.Show(record);
     m_pUi->m_pEditGroupName->GetLineEdit()->setFocus();
-    UpdateButtons();
 }
 
-bool CPersonGroupEditUI::CheckFields()
+bool CPersonGroupEditUI::CheckInput()
 {
-    const bool bRoot = m_loaded.sCode == AccessControlLogical::RootDepartmentCode;
-    if (!bRoot && m_pUi->m_pCmbParent->GetCode().isEmpty()) {
+    if (!IsRoot() && m_pUi->m_pCmbParent->GetCode().isEmpty()) {
         m_pUi->lbParentHint->setText(Text::tr("Please enter parent group name."));
         m_pUi->lbParentHint->show();
         m_pUi->m_pCmbParent->setFocus();
         return false;
     }
-    for (VxGUI::VxLineEdit* pEdit : {m_pUi->m_pEditGroupName, m_pUi->m_pEditRemark}) {
-        if (!pEdit->CheckInput().isEmpty()) {
-            pEdit->GetLineEdit()->setFocus();
-            return false;
-        }
-    }
-    return true;
+    return m_fields.Check();
 }
 
 Department_t CPersonGroupEditUI::GetEdited() const
 {
-    Department_t edited = m_loaded;
-    if (edited.sCode != AccessControlLogical::RootDepartmentCode)
+    Department_t edited = m_editor.GetLoaded();
+    if (!IsRoot())
         edited.sParentCode = m_pUi->m_pCmbParent->GetCode().toStdString();
-    edited.sName = m_pUi->m_pEditGroupName->text().trimmed().toStdString();
-    edited.sRemark = m_pUi->m_pEditRemark->text().toStdString();
+    m_fields.Read(edited);
     return edited;
 }
 
@@ -134,43 +143,47 @@ void CPersonGroupEditUI::accept()
 
 void CPersonGroupEditUI::reject()
 {
-    if (Common::AskCancel(this, !(GetEdited() == m_baseline)))
-        QDialog::reject();
+    m_editor.Leave();
 }
 
 void CPersonGroupEditUI::Save(bool bAddPerson)
 {
-    if (m_bSaving || !m_session.IsConnected() || !CheckFields())
-        return;
-    m_bSaving = true;
-    const auto onAnswer = [this, bAddPerson](const Param& param) { OnAnswer(param, bAddPerson); };
-    if (m_loaded.sCode.empty())
-        m_calls.Each<&AccessControlLogical::IAccessControlManager::AddDepartment>(GetEdited(), onAnswer);
-    else
-        m_calls.Each<&AccessControlLogical::IAccessControlManager::ModifyDepartment>(GetEdited(), onAnswer);
-    UpdateButtons();
+    m_bAddPerson = bAddPerson;
+    m_editor.Save();
 }
 
-void CPersonGroupEditUI::OnAnswer(const Param& param, bool bAddPerson)
+void CPersonGroupEditUI::Send(const Department_t& record, bool bNew)
 {
-    m_bSaving = false;
-    UpdateButtons();
-    if (param.nErrorCode == UICommonMdl::ErrorNone) {
-        const std::string sCode =
-            param.vecDepartments.empty() ? m_loaded.sCode : param.vecDepartments.front().sCode;
-        Q_EMIT SignalGroupSaved(QString::fromStdString(sCode), bAddPerson);
-        QDialog::accept();
-        return;
-    }
-    ShowFailure(param.nErrorCode);
-    // The tree shows what the other one made of the group by the time that the dialog is opened again.
-    const bool bStale = param.nErrorCode == UICommonMdl::ErrorVersionConflict
-        || param.nErrorCode == UICommonMdl::ErrorNotFound;
-    if (bStale && m_calls.GetManager())
-        m_calls.GetManager()->QueryDepartmentTree();
+    const auto onAnswer = [this](const Param& param) {
+        m_editor.OnAnswer(param.nErrorCode, param.sErrorDetail,
+            param.vecDepartments.empty() ? nullptr : &param.vecDepartments.front());
+    };
+    if (bNew)
+        m_calls.Each<&IAccessControlManager::AddDepartment>(record, onAnswer);
+    else
+        m_calls.Each<&IAccessControlManager::ModifyDepartment>(record, onAnswer);
 }
 
-void CPersonGroupEditUI::ShowFailure(int nErrorCode)
+void CPersonGroupEditUI::Fetch(const Department_t& record, bool bNew)
+{
+    // The tree behind the dialog shows what comes, too.
+    m_calls.Latest<&IAccessControlManager::QueryDepartmentTree>([this, record, bNew](const Param& param) {
+        const auto& vecAll = param.vecDepartments;
+        const auto it = std::find_if(vecAll.begin(), vecAll.end(), [&](const Department_t& other) {
+            return bNew ? other.sParentCode == record.sParentCode && other.sName == record.sName
+                        : other.sCode == record.sCode;
+        });
+        m_editor.OnFetched(param.nErrorCode, it == vecAll.end() ? nullptr : &*it);
+    });
+}
+
+void CPersonGroupEditUI::OnSaved(const Department_t& record)
+{
+    Q_EMIT SignalGroupSaved(QString::fromStdString(record.sCode), m_bAddPerson);
+    QDialog::accept();
+}
+
+void CPersonGroupEditUI::ShowRefusal(int nErrorCode, const std::string&)
 {
     if (nErrorCode == UICommonMdl::ErrorNameExists) {
         m_pUi->m_pEditGroupName->SetErrorHint(Text::tr("The person group name already exists."));
@@ -178,15 +191,18 @@ void CPersonGroupEditUI::ShowFailure(int nErrorCode)
         return;
     }
     VxGUI::VxNotification::Show(this,
-        Common::FailureText(m_loaded.sCode.empty() ? Text::tr("Failed to add person group")
-                                                   : Text::tr("Failed to modify person group"),
+        Common::FailureText(m_editor.IsNew() ? Text::tr("Failed to add person group")
+                                             : Text::tr("Failed to modify person group"),
             nErrorCode));
 }
 
-void CPersonGroupEditUI::UpdateButtons()
+void CPersonGroupEditUI::UpdateState()
 {
-    m_pUi->m_pBtnAdd->setEnabled(m_session.IsConnected() && !m_bSaving);
-    m_pUi->m_pAddAndPerson->setEnabled(m_session.IsConnected() && !m_bSaving);
+    m_pUi->m_pBtnAdd->setEnabled(m_editor.CanSave());
+    m_pUi->m_pAddAndPerson->setEnabled(m_editor.CanSave());
+    for (QWidget* const pField :
+        std::initializer_list<QWidget*>{m_pUi->m_pCmbParent, m_pUi->m_pEditGroupName, m_pUi->m_pEditRemark})
+        pField->setEnabled(!m_editor.IsSaving());
 }
 
 } // namespace BasicInfoManagerUI

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <common/CCalls.h>
+#include <common/CEditor.h>
+#include <common/CFormBinding.h>
 #include <common/CSession.h>
 
 #include <QDialog>
@@ -15,7 +17,7 @@ namespace BasicInfoManagerUI {
 
 /// Adds a person group, or changes name, remark and parent of one. On a refusal it stays open with the
 /// input. Deletes itself when it is closed. User-interface thread.
-class CPersonGroupEditUI : public QDialog
+class CPersonGroupEditUI : public QDialog, private Common::IRecordForm<AccessControlLogical::Department_t>
 {
     Q_OBJECT
 
@@ -36,22 +38,28 @@ Q_SIGNALS:
     void SignalGroupSaved(const QString& sCode, bool bAddPerson);
 
 private:
+    using Department = AccessControlLogical::Department_t;
     using Param = AccessControlLogical::IDepartmentManagerObserver::Param;
     void SetUpFields();
-    void ShowRecord();
-    bool CheckFields();
-    AccessControlLogical::Department_t GetEdited() const;
+    void SetUpButtons();
     void Save(bool bAddPerson);
-    void OnAnswer(const Param& param, bool bAddPerson);
-    void ShowFailure(int nErrorCode);
-    void UpdateButtons();
+    bool IsRoot() const;
+    void UpdateState();
+
+    void ShowRecord(const Department& record) override;
+    Department GetEdited() const override;
+    bool CheckInput() override;
+    void Send(const Department& record, bool bNew) override;
+    void Fetch(const Department& record, bool bNew) override;
+    void OnSaved(const Department& record) override;
+    void ShowRefusal(int nErrorCode, const std::string& sDetail) override;
 
     std::unique_ptr<Ui::CPersonGroupEditUI> m_pUi;
-    AccessControlLogical::Department_t m_loaded; ///< without a code: a new group
-    AccessControlLogical::Department_t m_baseline; ///< the same as the fields show it
-    bool m_bSaving = false;
+    bool m_bAddPerson = false; ///< a person is added next
     Common::CSession m_session;
     Common::CCalls<AccessControlLogical::IDepartmentManagerObserver> m_calls;
+    Common::CEditor<Department> m_editor;
+    Common::CFormBinding<Department> m_fields;
 };
 
 } // namespace BasicInfoManagerUI

@@ -119,30 +119,15 @@ CRoleManagerEditDlg* CRoleManagerCtrl::MakeDialog()
 {
     m_pDialog = new CRoleManagerEditDlg(GetInterfaceSet(), this);
     m_pDialog->SetRoles(m_vecRoles);
-    connect(m_pDialog, &CRoleManagerEditDlg::SignalSave, this, &CRoleManagerCtrl::OnSave);
+    connect(m_pDialog, &CRoleManagerEditDlg::SignalSaved, this, &CRoleManagerCtrl::OnSaved);
     m_pDialog->open();
     return m_pDialog;
 }
 
-void CRoleManagerCtrl::OnSave(const UserLogical::RoleEdit_t& edit)
+void CRoleManagerCtrl::OnSaved()
 {
-    const QPointer<CRoleManagerEditDlg> pDialog = m_pDialog;
-    const auto onSaved = [this, pDialog](const Param& param) {
-        QueryRows();
-        if (param.nErrorCode == UICommonMdl::ErrorNone)
-            Notify(Text::tr("The role is saved."), VxGUI::NotificationKind::Success);
-        else if (!pDialog)
-            NotifyFailure(Text::tr("Failed to modify role"), param.nErrorCode);
-        // Last: the page may be gone when a question is answered.
-        if (pDialog && param.nErrorCode == UICommonMdl::ErrorNone)
-            pDialog->OnSaved();
-        else if (pDialog)
-            pDialog->OnSaveFailed(param.nErrorCode, QString::fromStdString(param.sErrorDetail));
-    };
-    if (edit.role.sRoleId.empty())
-        m_calls.Each<&IUserManager::AddRole>(edit, onSaved);
-    else
-        m_calls.Each<&IUserManager::ModifyRole>(edit, onSaved);
+    QueryRows();
+    Notify(Text::tr("The role is saved."), VxGUI::NotificationKind::Success);
 }
 
 void CRoleManagerCtrl::OnBtnDeleteClicked()

@@ -8,8 +8,6 @@
 #include <common/Prompt.h>
 #include <common/StyleSheet.h>
 
-#include <QScopedValueRollback>
-
 #include <algorithm>
 
 namespace PlatformConfigUI {
@@ -40,21 +38,20 @@ CRoleManagerEditDlg::CRoleManagerEditDlg(UICommonMdl::CInterfaceSetManager* pInt
     , m_session(pInterfaceSet, this)
     , m_calls(pInterfaceSet, this)
     , m_copyCalls(pInterfaceSet, this)
+    , m_editor(m_session, this, *this)
+    , m_fields(m_editor.Fields())
 {
     m_pUi->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);
     m_pUi->lbConnection->Watch(m_session);
-    m_pUi->lbBusy->hide();
     SetUpFields();
+    SetUpEditor();
     connect(m_pUi->btnEdit, &QAbstractButton::clicked, this, [this] { BeginModify(m_sRoleId); });
     connect(m_pUi->btnOk, &QAbstractButton::clicked, this, &CRoleManagerEditDlg::accept);
     connect(m_pUi->btnCancel, &QAbstractButton::clicked, this, &CRoleManagerEditDlg::reject);
     connect(m_pUi->cmbCopyFrom, QOverload<int>::of(&QComboBox::activated), this,
         &CRoleManagerEditDlg::OnCopyChosen);
-    connect(m_pUi->wgtRoleState, &VxGUI::VxEmptyState::SignalAction, this, &CRoleManagerEditDlg::QueryRole);
-    connect(&m_session, &Common::CSession::SignalConnectionChanged, this,
-        &CRoleManagerEditDlg::OnConnectionChanged);
     Common::LoadStyleSheet(this, QStringLiteral("PlatformConfigUI/RoleManager"));
 }
 
@@ -68,6 +65,22 @@ void CRoleManagerEditDlg::SetUpFields()
         UserLogical::RoleName, Text::tr("Role name cannot exceed %1 characters."), sSpecial);
     m_pUi->editRemark->SetRule(
         UserLogical::RoleRemark, Text::tr("The remark length cannot exceed %1 characters."), sSpecial);
+    m_fields.Text(&Role_t::sName, m_pUi->editRoleName);
+    m_fields.Text(&Role_t::sRemark, m_pUi->editRemark);
+    const std::function<QString(const std::vector<std::string>&)> count =
+        [](const std::vector<std::string>& vecCodes) { return Text::tr("%1 chosen").arg(vecCodes.size()); };
+    m_editor.Fields().Add(Text::tr("Menu permissions"), &Role_t::vecMenuRights, count);
+    m_editor.Fields().Add(Text::tr("Function permissions"), &Role_t::vecFuncRights, count);
+}
+
+void CRoleManagerEditDlg::SetUpEditor()
+{
+    m_editor.SetNotice(m_pUi->wgtSaveNotice);
+    m_editor.SetLoadView(m_pUi->stackRole, m_pUi->wgtRoleState, m_pUi->pageForm,
+        {Text::tr("Loading role"), Text::tr("Failed to get role info."),
+            Text::tr("You have no permission to see roles.")});
+    m_editor.SetClose([this] { QDialog::reject(); });
+    connect(&m_editor, &Common::CEditorBase::SignalStateChanged, this, &CRoleManagerEditDlg::UpdateButtons);
 }
 
 void CRoleManagerEditDlg::SetRoles(const std::vector<Role_t>& vecRoles)
@@ -92,31 +105,26 @@ void CRoleManagerEditDlg::ShowRoles()
 void CRoleManagerEditDlg::BeginAdd()
 {
     Begin(Purpose::Add, QString());
-    m_bLoaded = true;
-    ShowRecord();
+    m_editor.BeginNew({});
 }
 
 void CRoleManagerEditDlg::BeginModify(const QString& sRoleId)
 {
     Begin(Purpose::Modify, sRoleId);
-    QueryRole();
 }
 
 void CRoleManagerEditDlg::BeginDetails(const QString& sRoleId, bool bMayEdit)
 {
     m_bMayEdit = bMayEdit;
     Begin(Purpose::Details, sRoleId);
-    QueryRole();
 }
 
 void CRoleManagerEditDlg::Begin(Purpose purpose, const QString& sRoleId)
 {
     m_purpose = purpose;
     m_sRoleId = sRoleId;
-    m_sCopyFrom.clear();
-    m_loaded = {};
-    m_bLoaded = false;
     const bool bDetails = purpose == Purpose::Details;
+    m_editor.SetReadOnly(bDetails);
     setWindowTitle(bDetails           ? Text::tr("Role Details")
             : purpose == Purpose::Add ? Text::tr("Add Role")
                                       : Text::tr("Modify Role"));
@@ -131,47 +139,58 @@ void CRoleManagerEditDlg::Begin(Purpose purpose, const QString& sRoleId)
     setTabOrder(bDetails ? static_cast<QWidget*>(m_pUi->editRemark) : m_pUi->cmbCopyFrom, m_pRights);
     setTabOrder(m_pRights, m_pUi->btnEdit);
     ShowRoles();
-    UpdateButtons();
+    if (purpose == Purpose::Add)
+        return;
+    Role_t key;
+    key.sRoleId = sRoleId.toStdString();
+    m_editor.BeginLoad(key);
 }
 
-void CRoleManagerEditDlg::QueryRole()
+void CRoleManagerEditDlg::Fetch(const Role_t& record, bool bNew)
 {
     m_copyCalls.ForgetAll();
-    m_calls.Latest<&IUserManager::QueryRoleInfo>(
-        m_sRoleId.toStdString(), [this](const Param& param) { OnRoleInfo(param); });
-    m_pUi->wgtRoleState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading role"));
-    m_pUi->stackRole->setCurrentWidget(m_pUi->wgtRoleState);
-}
-
-void CRoleManagerEditDlg::OnRoleInfo(const Param& param)
-{
-    using Kind = VxGUI::VxEmptyState::Kind;
-    if (param.nErrorCode == UICommonMdl::ErrorNone && !param.vecRoles.empty()) {
-        m_loaded = Sorted(param.vecRoles.front());
-        m_bLoaded = true;
-        ShowRecord();
-        return;
-    }
-    if (param.nErrorCode == UICommonMdl::ErrorNotFound) {
-        CloseBecauseGone();
-        return;
-    }
-    const QString sFailure = Text::tr("Failed to get role info.");
-    if (param.nErrorCode == UICommonMdl::ErrorNoRight)
-        m_pUi->wgtRoleState->SetState(Kind::NoPermission, Text::tr("You have no permission to see roles."));
+    if (bNew)
+        FindRole(record.sName);
     else
-        m_pUi->wgtRoleState->SetState(Kind::Failed, sFailure,
-            UICommonMdl::CErrorCode::GetErroCodeInfor(param.nErrorCode), Text::tr("Refresh"));
-    VxGUI::VxNotification::Show(this, Common::FailureText(sFailure, param.nErrorCode));
+        QueryRole(record.sRoleId);
 }
 
-void CRoleManagerEditDlg::ShowRecord()
+void CRoleManagerEditDlg::QueryRole(const std::string& sRoleId)
 {
-    m_pUi->editRoleName->setText(QString::fromStdString(m_loaded.sName));
-    m_pUi->editRemark->setText(QString::fromStdString(m_loaded.sRemark));
-    m_pUi->stackRole->setCurrentWidget(m_pUi->pageForm);
-    m_pRights->ShowRoles({m_loaded});
-    UpdateButtons();
+    m_calls.Latest<&IUserManager::QueryRoleInfo>(sRoleId, [this](const Param& param) {
+        const bool bFound = param.nErrorCode == UICommonMdl::ErrorNone && !param.vecRoles.empty();
+        const Role_t role = bFound ? Sorted(param.vecRoles.front()) : Role_t{};
+        m_editor.OnFetched(param.nErrorCode, bFound ? &role : nullptr);
+    });
+}
+
+void CRoleManagerEditDlg::FindRole(const std::string& sName)
+{
+    // The rights are not in the list.
+    m_calls.Latest<&IUserManager::QueryRoleList>([this, sName](const Param& param) {
+        const auto it = std::find_if(param.vecRoles.begin(), param.vecRoles.end(),
+            [&](const Role_t& role) { return role.sName == sName; });
+        if (it == param.vecRoles.end())
+            m_editor.OnFetched(param.nErrorCode, nullptr);
+        else
+            QueryRole(it->sRoleId);
+    });
+}
+
+bool CRoleManagerEditDlg::OnLoadFailed(int nErrorCode)
+{
+    if (nErrorCode != UICommonMdl::ErrorNotFound)
+        return false;
+    CloseBecauseGone();
+    return true;
+}
+
+void CRoleManagerEditDlg::ShowRecord(const Role_t& record)
+{
+    m_sCopyFrom.clear();
+    ShowRoles();
+    m_fields.Show(record);
+    m_pRights->ShowRoles({record});
     m_pUi->editRoleName->GetLineEdit()->setFocus();
 }
 
@@ -183,7 +202,7 @@ void CRoleManagerEditDlg::OnCopyChosen(int nIndex)
     if (sRoleId.isEmpty()) {
         m_copyCalls.ForgetAll();
         m_sCopyFrom.clear();
-        m_pRights->ShowRoles({m_loaded});
+        m_pRights->ShowRoles({m_editor.GetLoaded()});
         UpdateButtons();
         return;
     }
@@ -205,82 +224,71 @@ void CRoleManagerEditDlg::OnCopyInfo(const QString& sRoleId, const Param& param)
     UpdateButtons();
 }
 
-bool CRoleManagerEditDlg::CheckFields()
+bool CRoleManagerEditDlg::CheckInput()
 {
-    for (VxGUI::VxLineEdit* const pEdit : {m_pUi->editRoleName, m_pUi->editRemark}) {
-        pEdit->setText(pEdit->text().trimmed());
-        if (!pEdit->CheckInput().isEmpty()) {
-            pEdit->GetLineEdit()->setFocus();
-            return false;
-        }
-    }
-    return true;
+    return m_fields.Check();
 }
 
-UserLogical::RoleEdit_t CRoleManagerEditDlg::GetEdited() const
+Role_t CRoleManagerEditDlg::GetEdited() const
 {
-    UserLogical::RoleEdit_t edit{m_loaded, m_sCopyFrom.toStdString(), m_pRights->GetDeviceChanges()};
-    edit.role.sName = m_pUi->editRoleName->text().trimmed().toStdString();
-    edit.role.sRemark = m_pUi->editRemark->text().trimmed().toStdString();
-    edit.role.vecMenuRights = m_pRights->GetMenuRights();
-    edit.role.vecFuncRights = m_pRights->GetFuncRights();
-    return edit;
+    Role_t edited = m_editor.GetLoaded();
+    m_fields.Read(edited);
+    edited.vecMenuRights = m_pRights->GetMenuRights();
+    edited.vecFuncRights = m_pRights->GetFuncRights();
+    return edited;
 }
 
-bool CRoleManagerEditDlg::IsDirty() const
+bool CRoleManagerEditDlg::HasOtherChanges() const
 {
-    return m_purpose != Purpose::Details && m_bLoaded
-        && !(GetEdited() == UserLogical::RoleEdit_t{m_loaded, {}, {}});
+    return !m_sCopyFrom.isEmpty() || !m_pRights->GetDeviceChanges().empty();
 }
 
 void CRoleManagerEditDlg::accept()
 {
-    if (!m_pUi->btnOk->isEnabled() || m_purpose == Purpose::Details || !CheckFields())
-        return;
-    m_bSaving = true;
-    UpdateButtons();
-    Q_EMIT SignalSave(GetEdited());
+    if (m_pUi->btnOk->isEnabled())
+        m_editor.Save();
 }
 
-void CRoleManagerEditDlg::OnSaved()
+void CRoleManagerEditDlg::reject()
 {
-    m_bSaving = false;
+    m_editor.Leave();
+}
+
+void CRoleManagerEditDlg::Send(const Role_t& record, bool bNew)
+{
+    const UserLogical::RoleEdit_t edit{record, m_sCopyFrom.toStdString(), m_pRights->GetDeviceChanges()};
+    const auto onAnswer = [this](const Param& param) {
+        m_editor.OnAnswer(param.nErrorCode, param.sErrorDetail, nullptr);
+    };
+    if (bNew)
+        m_calls.Each<&IUserManager::AddRole>(edit, onAnswer);
+    else
+        m_calls.Each<&IUserManager::ModifyRole>(edit, onAnswer);
+}
+
+void CRoleManagerEditDlg::OnSaved(const Role_t&)
+{
+    Q_EMIT SignalSaved();
     QDialog::accept();
 }
 
-void CRoleManagerEditDlg::OnSaveFailed(int nErrorCode, const QString& sDetail)
+void CRoleManagerEditDlg::ShowRefusal(int nErrorCode, const std::string& sDetail)
 {
-    m_bSaving = false;
-    UpdateButtons();
     if (nErrorCode == UICommonMdl::ErrorNameExists) {
         m_pUi->editRoleName->SetErrorHint(Text::tr("The role name already exists."));
         m_pUi->editRoleName->GetLineEdit()->setFocus();
         return;
     }
-    if (nErrorCode == UICommonMdl::ErrorNotFound && m_purpose == Purpose::Modify) {
+    if (nErrorCode == UICommonMdl::ErrorNotFound && !m_editor.IsNew()) {
         CloseBecauseGone();
         return;
     }
-    if (nErrorCode == UICommonMdl::ErrorVersionConflict) {
-        OfferReload();
-        return;
-    }
     QString sText = Common::FailureText(
-        m_purpose == Purpose::Add ? Text::tr("Failed to add role") : Text::tr("Failed to modify role"),
-        nErrorCode);
-    const QString sRight = m_pRights->GetRightName(sDetail);
+        m_editor.IsNew() ? Text::tr("Failed to add role") : Text::tr("Failed to modify role"), nErrorCode);
+    const QString sRight = m_pRights->GetRightName(QString::fromStdString(sDetail));
     if (nErrorCode == UICommonMdl::ErrorRightNotOwn && !sRight.isEmpty())
         sText += QStringLiteral(" (%1)").arg(sRight);
     VxGUI::VxNotification::Show(this, sText);
-}
-
-void CRoleManagerEditDlg::OfferReload()
-{
-    if (Common::AskPrompt(this,
-            Text::tr(
-                "Somebody else changed the role meanwhile. Do you want to load it anew? What you changed "
-                "will be lost.")))
-        BeginModify(m_sRoleId);
 }
 
 void CRoleManagerEditDlg::CloseBecauseGone()
@@ -290,30 +298,15 @@ void CRoleManagerEditDlg::CloseBecauseGone()
     QDialog::reject();
 }
 
-void CRoleManagerEditDlg::reject()
-{
-    if (Common::AskCancel(this, IsDirty()))
-        QDialog::reject();
-}
-
-void CRoleManagerEditDlg::OnConnectionChanged(bool bConnected)
-{
-    UpdateButtons();
-    if (bConnected && !m_bLoaded && !m_calls.IsPending())
-        QueryRole();
-}
-
 void CRoleManagerEditDlg::UpdateButtons()
 {
     const bool bDetails = m_purpose == Purpose::Details;
-    const bool bReady = m_session.IsConnected() && m_bLoaded && !m_bSaving;
     m_pUi->btnEdit->setVisible(bDetails && m_bMayEdit);
-    m_pUi->btnEdit->setEnabled(bReady);
+    m_pUi->btnEdit->setEnabled(m_editor.CanSave());
     m_pUi->btnOk->setVisible(!bDetails);
-    m_pUi->btnOk->setEnabled(bReady && !m_copyCalls.IsPending());
-    m_pUi->cmbCopyFrom->setEnabled(bReady);
-    m_pUi->lbBusy->setVisible(m_bSaving);
-    m_pUi->pageForm->setEnabled(!m_bSaving);
+    m_pUi->btnOk->setEnabled(m_editor.CanSave() && !m_copyCalls.IsPending());
+    m_pUi->cmbCopyFrom->setEnabled(m_editor.CanSave());
+    m_pUi->pageForm->setEnabled(!m_editor.IsSaving());
 }
 
 } // namespace PlatformConfigUI

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <common/CCalls.h>
+#include <common/CEditor.h>
+#include <common/CFormBinding.h>
 #include <common/CSession.h>
 
 #include <QDialog>
@@ -15,10 +17,9 @@ namespace PlatformConfigUI {
 
 class CRightsView;
 
-/// Adds a role, changes one or shows one. It gives the record to its page, which saves it and tells what
-/// became of that; on a refusal the dialog stays open with the input. Deletes itself when it is closed.
-/// User-interface thread.
-class CRoleManagerEditDlg : public QDialog
+/// Adds a role, changes one or shows one. On a refusal it stays open with the input. Deletes itself when it
+/// is closed. User-interface thread.
+class CRoleManagerEditDlg : public QDialog, private Common::IRecordForm<UserLogical::Role_t>
 {
     Q_OBJECT
 
@@ -34,20 +35,16 @@ public:
     /// bMayEdit: the button "Edit" goes on to changing the role.
     void BeginDetails(const QString& sRoleId, bool bMayEdit);
 
-    /// The record of SignalSave was taken: closes.
-    void OnSaved();
-    /// It was refused, or could not be sent; both as the answer has them.
-    void OnSaveFailed(int nErrorCode, const QString& sDetail);
-
     void accept() override;
     /// Asks first when something was changed.
     void reject() override;
 
 Q_SIGNALS:
-    /// All checks have passed.
-    void SignalSave(const UserLogical::RoleEdit_t& edit);
+    /// The server took the role.
+    void SignalSaved();
 
 private:
+    using Role = UserLogical::Role_t;
     using Param = UserLogical::IUserManagerObserve::Param;
     enum class Purpose
     {
@@ -56,35 +53,39 @@ private:
         Details
     };
     void SetUpFields();
+    void SetUpEditor();
     void Begin(Purpose purpose, const QString& sRoleId);
-    void QueryRole();
-    void OnRoleInfo(const Param& param);
-    void ShowRecord();
     void ShowRoles();
     void OnCopyChosen(int nIndex);
     void OnCopyInfo(const QString& sRoleId, const Param& param);
-    bool CheckFields();
-    UserLogical::RoleEdit_t GetEdited() const;
-    bool IsDirty() const;
+    void QueryRole(const std::string& sRoleId);
+    void FindRole(const std::string& sName);
     void CloseBecauseGone();
-    void OfferReload();
-    void OnConnectionChanged(bool bConnected);
     void UpdateButtons();
+
+    void ShowRecord(const Role& record) override;
+    Role GetEdited() const override;
+    bool HasOtherChanges() const override;
+    bool CheckInput() override;
+    void Send(const Role& record, bool bNew) override;
+    void Fetch(const Role& record, bool bNew) override;
+    void OnSaved(const Role& record) override;
+    void ShowRefusal(int nErrorCode, const std::string& sDetail) override;
+    bool OnLoadFailed(int nErrorCode) override;
 
     UICommonMdl::CInterfaceSetManager* m_pInterfaceSet;
     std::unique_ptr<Ui::CRoleManagerEditDlg> m_pUi;
     CRightsView* m_pRights = nullptr;
     Purpose m_purpose = Purpose::Add;
     QString m_sRoleId;
-    UserLogical::Role_t m_loaded; ///< its rights sorted
     QString m_sCopyFrom;
     std::vector<UserLogical::Role_t> m_vecRoles;
     bool m_bMayEdit = false;
-    bool m_bLoaded = false;
-    bool m_bSaving = false;
     Common::CSession m_session;
     Common::CCalls<UserLogical::IUserManagerObserve> m_calls; ///< the role itself
     Common::CCalls<UserLogical::IUserManagerObserve> m_copyCalls; ///< the role to copy from
+    Common::CEditor<Role> m_editor;
+    Common::CFormBinding<Role> m_fields;
 };
 
 } // namespace PlatformConfigUI

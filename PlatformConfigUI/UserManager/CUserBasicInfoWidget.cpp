@@ -96,6 +96,27 @@ void CUserBasicInfoWidget::SetUpFields()
     connect(m_pUi->edtPasswordDays, &VxLineEdit::textChanged, this, &CUserBasicInfoWidget::UpdateExpiration);
 }
 
+void CUserBasicInfoWidget::Describe(Common::RecordFields<User_t>& fields) const
+{
+    const auto add = [&](const QWidget* pField, auto pMember) {
+        fields.Add(pField->accessibleName(), pMember);
+    };
+    add(m_pUi->swMultiLogin, &User_t::bMultiLogin);
+    fields.AddSecret(m_pUi->edtPassword->accessibleName(), &User_t::sPassword);
+    add(m_pUi->swForceChange, &User_t::bForceChange);
+    add(m_pUi->swPasswordInterval, &User_t::bPasswordInterval);
+    add(m_pUi->edtPasswordDays, &User_t::nPasswordDays);
+    add(m_pUi->swExpiry, &User_t::bExpiry);
+    fields.Add<std::int64_t>(m_pUi->dteExpiry->accessibleName(), &User_t::nExpiry,
+        [sFormat = m_pUi->dteExpiry->displayFormat()](
+            std::int64_t nTime) { return QDateTime::fromMSecsSinceEpoch(nTime).toString(sFormat); });
+    add(m_pUi->edtPtzLevel, &User_t::nPtzLevel);
+    add(m_pUi->edtEmail, &User_t::sEmail);
+    add(m_pUi->edtRemark, &User_t::sRemark);
+    fields.Add(Text::tr("MAC address binding"), &User_t::bBindMac);
+    fields.Add(Text::tr("MAC addresses"), &User_t::vecMacAddresses);
+}
+
 void CUserBasicInfoWidget::ShowUser(const User_t& user, Mode mode)
 {
     m_loaded = user;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <UserLogical/UserRecords.h>
+#include <common/RecordFields.h>
 
 #include <QWidget>
 
@@ -31,6 +32,8 @@ public:
     explicit CUserBasicInfoWidget(QWidget* pParent = nullptr);
     ~CUserBasicInfoWidget() override;
 
+    /// Names the fields that can be changed.
+    void Describe(Common::RecordFields<UserLogical::User_t>& fields) const;
     void ShowUser(const UserLogical::User_t& user, Mode mode);
     /// The record as shown with what was entered; every text is trimmed.
     UserLogical::User_t GetEdited() const;

@@ -131,6 +131,16 @@ std::vector<std::string> CUserDetailPermission::GetChosen() const
     return ToNames(m_listChosen);
 }
 
+QString CUserDetailPermission::GetRoleNames(const std::vector<std::string>& vecRoleIds) const
+{
+    QStringList listNames;
+    for (const std::string& sId : vecRoleIds) {
+        const Role_t* const pRole = FindRole(QString::fromStdString(sId));
+        listNames.append(QString::fromStdString(pRole ? pRole->sName : sId));
+    }
+    return listNames.join(QStringLiteral(", "));
+}
+
 void CUserDetailPermission::StartInput()
 {
     m_pUi->btnAddRole->setFocus();

@@ -37,6 +37,8 @@ public:
     void ShowUser(const QString& sUserName);
     /// IDs, in the order of the list.
     std::vector<std::string> GetChosen() const;
+    /// What the roles with those IDs are called, an unknown one by its ID.
+    QString GetRoleNames(const std::vector<std::string>& vecRoleIds) const;
     /// Puts the keyboard where a role can be chosen.
     void StartInput();
 

@@ -253,37 +253,16 @@ void CUserManagerUserCtrl::OnDeleteAnswer(const QStringList& listNames, const Pa
 CUserManagerUserEditDlg* CUserManagerUserCtrl::OpenDialog()
 {
     auto* const pDialog = new CUserManagerUserEditDlg(GetInterfaceSet(), this);
-    connect(pDialog, &CUserManagerUserEditDlg::SignalSaveUser, this,
-        [this, pDialog](const UserLogical::User_t& user, bool bNew) { OnSaveUser(pDialog, user, bNew); });
+    connect(pDialog, &CUserManagerUserEditDlg::SignalSaved, this, &CUserManagerUserCtrl::OnUserSaved);
     pDialog->open();
     return pDialog;
 }
 
-void CUserManagerUserCtrl::OnSaveUser(
-    CUserManagerUserEditDlg* pDialog, const UserLogical::User_t& user, bool bNew)
+void CUserManagerUserCtrl::OnUserSaved(bool bNew)
 {
-    const QPointer<CUserManagerUserEditDlg> pOpen(pDialog);
-    const auto onSaved = [this, pOpen, bNew](const Param& param) {
-        const bool bSaved = param.nErrorCode == UICommonMdl::ErrorNone;
-        if (bSaved) {
-            Notify(bNew ? Text::tr("The user is added.") : Text::tr("The user is changed."),
-                NotificationKind::Success);
-            QueryRows();
-        }
-        // Closed in the meantime: nobody waits for its failure any more.
-        if (!pOpen || !pOpen->isVisible())
-            return;
-        pOpen->SetSaving(false);
-        if (bSaved)
-            pOpen->done(QDialog::Accepted);
-        else
-            pOpen->ShowFailure(param.nErrorCode, QString::fromStdString(param.sErrorDetail));
-    };
-    if (bNew)
-        m_calls.Each<&IUserManager::AddUser>(user, onSaved);
-    else
-        m_calls.Each<&IUserManager::ModifyUser>(user, onSaved);
-    pDialog->SetSaving(true);
+    Notify(
+        bNew ? Text::tr("The user is added.") : Text::tr("The user is changed."), NotificationKind::Success);
+    QueryRows();
 }
 
 void CUserManagerUserCtrl::WaitFor(const QString& sText)

@@ -9,24 +9,18 @@
 #include <common/Prompt.h>
 #include <common/StyleSheet.h>
 
-#include <QStyle>
+#include <algorithm>
 
 namespace PlatformConfigUI {
 
+using UserLogical::IUserManager;
 using UserLogical::User_t;
 
 namespace {
-
 struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(CUserManagerUserEditDlg)
 };
-
-bool IsSuccess(int nErrorCode)
-{
-    return nErrorCode == UICommonMdl::ErrorNone;
-}
-
 } // namespace
 
 CUserManagerUserEditDlg::CUserManagerUserEditDlg(
@@ -36,6 +30,7 @@ CUserManagerUserEditDlg::CUserManagerUserEditDlg(
     , m_pPermission(new CUserDetailPermission(pInterfaceSet))
     , m_session(pInterfaceSet, this)
     , m_calls(pInterfaceSet, this)
+    , m_editor(m_session, this, *this)
 {
     m_pUi->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
@@ -43,11 +38,9 @@ CUserManagerUserEditDlg::CUserManagerUserEditDlg(
     m_pUi->lbConnection->Watch(m_session);
     m_pUi->tabUser->addTab(m_pPermission, Text::tr("Permissions"));
     connect(m_pUi->btnEdit, &QAbstractButton::clicked, this, &CUserManagerUserEditDlg::OnEditClicked);
-    connect(m_pUi->btnOk, &QAbstractButton::clicked, this, &CUserManagerUserEditDlg::Save);
+    connect(m_pUi->btnOk, &QAbstractButton::clicked, this, &CUserManagerUserEditDlg::accept);
     connect(m_pUi->btnCancel, &QAbstractButton::clicked, this, &CUserManagerUserEditDlg::reject);
-    connect(m_pUi->wgtLoadState, &VxGUI::VxEmptyState::SignalAction, this, &CUserManagerUserEditDlg::Load);
-    connect(&m_session, &Common::CSession::SignalConnectionChanged, this,
-        &CUserManagerUserEditDlg::OnConnectionChanged);
+    SetUpEditor();
     connect(
         &m_session, &Common::CSession::SignalRightsChanged, this, &CUserManagerUserEditDlg::UpdateButtons);
     Common::LoadStyleSheet(this, QStringLiteral("PlatformConfigUI/UserManagerUI"));
@@ -55,86 +48,78 @@ CUserManagerUserEditDlg::CUserManagerUserEditDlg(
 
 CUserManagerUserEditDlg::~CUserManagerUserEditDlg() = default;
 
+void CUserManagerUserEditDlg::SetUpEditor()
+{
+    m_pUi->wgtBasicInfo->Describe(m_editor.Fields());
+    m_editor.Fields().Add<std::vector<std::string>>(Text::tr("Roles"), &User_t::vecRoleIds,
+        [this](const std::vector<std::string>& vecIds) { return m_pPermission->GetRoleNames(vecIds); });
+    m_editor.SetNotice(m_pUi->wgtSaveNotice);
+    m_editor.SetLoadView(m_pUi->stackUser, m_pUi->wgtLoadState, m_pUi->tabUser,
+        {Text::tr("Loading user"), Text::tr("Failed to get user info."),
+            Text::tr("You have no permission to see users.")});
+    m_editor.SetClose([this] { QDialog::reject(); });
+    connect(
+        &m_editor, &Common::CEditorBase::SignalStateChanged, this, &CUserManagerUserEditDlg::UpdateButtons);
+}
+
 void CUserManagerUserEditDlg::BeginAdd()
 {
-    Begin(Mode::Add, QString());
-    m_bLoaded = true;
-    ShowRecord();
+    SetMode(Mode::Add);
+    m_editor.BeginNew({});
 }
 
 void CUserManagerUserEditDlg::BeginModify(const QString& sUserName)
 {
-    Begin(Mode::Modify, sUserName);
-    Load();
+    SetMode(Mode::Modify);
+    Load(sUserName);
 }
 
 void CUserManagerUserEditDlg::BeginDetails(const QString& sUserName)
 {
-    Begin(Mode::Details, sUserName);
-    Load();
+    SetMode(Mode::Details);
+    Load(sUserName);
 }
 
-void CUserManagerUserEditDlg::Begin(Mode mode, const QString& sUserName)
+void CUserManagerUserEditDlg::SetMode(Mode mode)
 {
     m_mode = mode;
-    m_sUserName = sUserName;
-    m_loaded = {};
-    m_bLoaded = false;
+    m_editor.SetReadOnly(mode == Mode::Details);
     UpdateButtons();
 }
 
-void CUserManagerUserEditDlg::Load()
+void CUserManagerUserEditDlg::Load(const QString& sUserName)
 {
-    m_calls.Latest<&UserLogical::IUserManager::QueryUserInfo>(
-        m_sUserName.toStdString(), [this](const Param& param) { OnUserInfo(param); });
-    m_pUi->wgtLoadState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading user"));
-    m_pUi->stackUser->setCurrentWidget(m_pUi->wgtLoadState);
-    UpdateButtons();
+    User_t key;
+    key.sUserName = sUserName.toStdString();
+    m_editor.BeginLoad(key);
 }
 
-void CUserManagerUserEditDlg::OnUserInfo(const Param& param)
+void CUserManagerUserEditDlg::Fetch(const User_t& record, bool)
 {
-    if (!IsSuccess(param.nErrorCode) || !param.optUser) {
-        ShowLoadState(IsSuccess(param.nErrorCode) ? int(UICommonMdl::ErrorBadAnswer) : param.nErrorCode);
-        return;
-    }
-    m_loaded = *param.optUser;
-    m_bLoaded = true;
-    ShowRecord();
+    m_calls.Latest<&IUserManager::QueryUserInfo>(record.sUserName, [this](const Param& param) {
+        const int nMissing = param.optUser ? int(UICommonMdl::ErrorNone) : int(UICommonMdl::ErrorBadAnswer);
+        m_editor.OnFetched(param.nErrorCode != UICommonMdl::ErrorNone ? param.nErrorCode : nMissing,
+            param.optUser ? &*param.optUser : nullptr);
+    });
 }
 
-void CUserManagerUserEditDlg::ShowLoadState(int nErrorCode)
-{
-    using Kind = VxGUI::VxEmptyState::Kind;
-    m_bLoaded = false;
-    if (nErrorCode == UICommonMdl::ErrorNoRight)
-        m_pUi->wgtLoadState->SetState(Kind::NoPermission, Text::tr("You have no permission to see users."));
-    else
-        m_pUi->wgtLoadState->SetState(Kind::Failed, Text::tr("Failed to get user info."),
-            UICommonMdl::CErrorCode::GetErroCodeInfor(nErrorCode), Text::tr("Refresh"));
-    m_pUi->stackUser->setCurrentWidget(m_pUi->wgtLoadState);
-    UpdateButtons();
-}
-
-void CUserManagerUserEditDlg::ShowRecord()
+void CUserManagerUserEditDlg::ShowRecord(const User_t& record)
 {
     using Form = CUserBasicInfoWidget::Mode;
     const bool bDetails = m_mode == Mode::Details;
     setProperty("details", bDetails);
-    m_pUi->wgtBasicInfo->ShowUser(m_loaded,
+    m_pUi->wgtBasicInfo->ShowUser(record,
         m_mode == Mode::Add ? Form::Add
             : bDetails      ? Form::Details
                             : Form::Modify);
     if (bDetails)
-        m_pPermission->ShowUser(m_sUserName);
+        m_pPermission->ShowUser(QString::fromStdString(record.sUserName));
     else
-        m_pPermission->StartChoice(m_loaded.vecRoleIds);
+        m_pPermission->StartChoice(record.vecRoleIds);
     // What is below is polished already.
     const QString sSheet = styleSheet();
     setStyleSheet(QString());
     setStyleSheet(sSheet);
-    m_pUi->stackUser->setCurrentWidget(m_pUi->tabUser);
-    UpdateButtons();
     if (!bDetails)
         m_pUi->wgtBasicInfo->StartInput();
 }
@@ -142,20 +127,12 @@ void CUserManagerUserEditDlg::ShowRecord()
 User_t CUserManagerUserEditDlg::GetEdited() const
 {
     User_t edited = m_pUi->wgtBasicInfo->GetEdited();
-    edited.vecRoleIds = m_pPermission->GetChosen();
+    const std::vector<std::string> vecChosen = m_pPermission->GetChosen();
+    // Roles have no order: that of the record is as good as that of the list.
+    if (!std::is_permutation(
+            vecChosen.begin(), vecChosen.end(), edited.vecRoleIds.begin(), edited.vecRoleIds.end()))
+        edited.vecRoleIds = vecChosen;
     return edited;
-}
-
-bool CUserManagerUserEditDlg::IsDirty() const
-{
-    if (!m_bLoaded || m_mode == Mode::Details)
-        return false;
-    User_t edited = GetEdited();
-    User_t loaded = m_loaded;
-    // Roles have no order.
-    std::sort(edited.vecRoleIds.begin(), edited.vecRoleIds.end());
-    std::sort(loaded.vecRoleIds.begin(), loaded.vecRoleIds.end());
-    return edited != loaded;
 }
 
 bool CUserManagerUserEditDlg::CheckInput()
@@ -179,32 +156,35 @@ bool CUserManagerUserEditDlg::CheckInput()
 
 void CUserManagerUserEditDlg::accept()
 {
-    Save();
-}
-
-void CUserManagerUserEditDlg::Save()
-{
-    if (!m_session.IsConnected() || m_bSaving || !m_bLoaded || m_mode == Mode::Details || !CheckInput())
-        return;
-    if (m_mode == Mode::Modify && !IsDirty())
+    if (m_mode == Mode::Modify && m_editor.CanSave() && !m_editor.IsDirty())
         QDialog::accept();
-    else
-        Q_EMIT SignalSaveUser(GetEdited(), m_mode == Mode::Add);
+    else if (m_session.HasRight(RightManageUsers))
+        m_editor.Save();
 }
 
 void CUserManagerUserEditDlg::reject()
 {
-    if (Common::AskCancel(this, IsDirty()))
-        QDialog::reject();
+    m_editor.Leave();
 }
 
-void CUserManagerUserEditDlg::SetSaving(bool bSaving)
+void CUserManagerUserEditDlg::Send(const User_t& record, bool bNew)
 {
-    m_bSaving = bSaving;
-    UpdateButtons();
+    const auto onAnswer = [this](const Param& param) {
+        m_editor.OnAnswer(param.nErrorCode, param.sErrorDetail, nullptr);
+    };
+    if (bNew)
+        m_calls.Each<&IUserManager::AddUser>(record, onAnswer);
+    else
+        m_calls.Each<&IUserManager::ModifyUser>(record, onAnswer);
 }
 
-void CUserManagerUserEditDlg::ShowFailure(int nErrorCode, const QString& sDetail)
+void CUserManagerUserEditDlg::OnSaved(const User_t&)
+{
+    Q_EMIT SignalSaved(m_mode == Mode::Add);
+    QDialog::accept();
+}
+
+void CUserManagerUserEditDlg::ShowRefusal(int nErrorCode, const std::string& sDetail)
 {
     const QString sError = UICommonMdl::CErrorCode::GetErroCodeInfor(nErrorCode);
     switch (nErrorCode) {
@@ -216,40 +196,21 @@ void CUserManagerUserEditDlg::ShowFailure(int nErrorCode, const QString& sDetail
         m_pUi->tabUser->setCurrentWidget(m_pUi->pageBasicInfo);
         m_pUi->wgtBasicInfo->ShowPasswordRefused(sError);
         return;
-    case UICommonMdl::ErrorVersionConflict:
-        OnVersionConflict();
-        return;
     }
     QString sText = Common::FailureText(
         m_mode == Mode::Add ? Text::tr("Failed to add user.") : Text::tr("Failed to modify user."),
         nErrorCode);
     const bool bNamed =
         nErrorCode == UICommonMdl::ErrorInvalidInput || nErrorCode == UICommonMdl::ErrorRightNotOwn;
-    if (bNamed && !sDetail.isEmpty())
-        sText += QStringLiteral(" (%1)").arg(sDetail);
+    if (bNamed && !sDetail.empty())
+        sText += QStringLiteral(" (%1)").arg(QString::fromStdString(sDetail));
     VxGUI::VxNotification::Show(this, sText);
-}
-
-void CUserManagerUserEditDlg::OnVersionConflict()
-{
-    if (Common::AskPrompt(this,
-            Text::tr(
-                "Somebody else changed the user in the meantime. Load it anew? What you entered is lost.")))
-        Load();
 }
 
 void CUserManagerUserEditDlg::OnEditClicked()
 {
-    m_mode = Mode::Modify;
-    ShowRecord();
-}
-
-void CUserManagerUserEditDlg::OnConnectionChanged(bool bConnected)
-{
-    m_pUi->wgtLoadState->setEnabled(bConnected);
-    UpdateButtons();
-    if (bConnected && !m_bLoaded)
-        Load();
+    SetMode(Mode::Modify);
+    m_editor.BeginEdit(User_t(m_editor.GetLoaded()));
 }
 
 void CUserManagerUserEditDlg::UpdateButtons()
@@ -262,8 +223,10 @@ void CUserManagerUserEditDlg::UpdateButtons()
     const QString sNoRight = bChangeable ? QString() : Text::tr("You have no permission to change users.");
     m_pUi->btnEdit->setVisible(bDetails);
     m_pUi->btnOk->setVisible(!bDetails);
-    m_pUi->btnEdit->setEnabled(m_bLoaded && m_session.IsConnected() && bChangeable);
-    m_pUi->btnOk->setEnabled(m_bLoaded && m_session.IsConnected() && bChangeable && !m_bSaving);
+    m_pUi->btnEdit->setEnabled(m_editor.CanSave() && bChangeable);
+    m_pUi->btnOk->setEnabled(m_editor.CanSave() && bChangeable);
+    m_pUi->tabUser->setEnabled(!m_editor.IsSaving());
+    m_pUi->wgtLoadState->setEnabled(m_session.IsConnected());
     m_pUi->btnEdit->setToolTip(sNoRight);
     m_pUi->btnOk->setToolTip(sNoRight);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <common/CCalls.h>
+#include <common/CEditor.h>
 #include <common/CSession.h>
 
 #include <QDialog>
@@ -15,9 +16,9 @@ namespace PlatformConfigUI {
 
 class CUserDetailPermission;
 
-/// Adds an account, changes one or shows one. What is to be saved it reports to the page, and stays open with
-/// the input until the page says that it is saved. Deletes itself when it is closed. User-interface thread.
-class CUserManagerUserEditDlg : public QDialog
+/// Adds an account, changes one or shows one. On a refusal it stays open with the input. Deletes itself when
+/// it is closed. User-interface thread.
+class CUserManagerUserEditDlg : public QDialog, private Common::IRecordForm<UserLogical::User_t>
 {
     Q_OBJECT
 
@@ -31,19 +32,18 @@ public:
     /// Read-only, until the operator chooses to edit.
     void BeginDetails(const QString& sUserName);
 
-    bool IsDirty() const;
-    /// The page waits for the answer to its request, or it is there.
-    void SetSaving(bool bSaving);
-    /// The record was refused.
-    void ShowFailure(int nErrorCode, const QString& sDetail);
+    /// Something was entered and is not saved.
+    bool IsDirty() const { return m_editor.IsDirty(); }
 
     void accept() override;
     void reject() override;
 
 Q_SIGNALS:
-    void SignalSaveUser(const UserLogical::User_t& user, bool bNew);
+    /// The server took the account.
+    void SignalSaved(bool bNew);
 
 private:
+    using User = UserLogical::User_t;
     using Param = UserLogical::IUserManagerObserve::Param;
     enum class Mode
     {
@@ -51,28 +51,26 @@ private:
         Modify,
         Details
     };
-    void Begin(Mode mode, const QString& sUserName);
-    void Load();
-    void OnUserInfo(const Param& param);
-    void ShowRecord();
-    void ShowLoadState(int nErrorCode);
-    UserLogical::User_t GetEdited() const;
-    bool CheckInput();
-    void Save();
-    void OnVersionConflict();
+    void SetUpEditor();
+    void Load(const QString& sUserName);
+    void SetMode(Mode mode);
     void OnEditClicked();
-    void OnConnectionChanged(bool bConnected);
     void UpdateButtons();
+
+    void ShowRecord(const User& record) override;
+    User GetEdited() const override;
+    bool CheckInput() override;
+    void Send(const User& record, bool bNew) override;
+    void Fetch(const User& record, bool bNew) override;
+    void OnSaved(const User& record) override;
+    void ShowRefusal(int nErrorCode, const std::string& sDetail) override;
 
     std::unique_ptr<Ui::CUserManagerUserEditDlg> m_pUi;
     CUserDetailPermission* m_pPermission;
     Mode m_mode = Mode::Add;
-    QString m_sUserName;
-    UserLogical::User_t m_loaded;
-    bool m_bLoaded = false;
-    bool m_bSaving = false;
     Common::CSession m_session;
     Common::CCalls<UserLogical::IUserManagerObserve> m_calls;
+    Common::CEditor<User> m_editor;
 };
 
 } // namespace PlatformConfigUI

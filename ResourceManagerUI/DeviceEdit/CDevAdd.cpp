@@ -1,21 +1,20 @@
 #include "CDevAdd.h"
 
 #include "DeviceFormFields.h"
-#include "DeviceFormLog.h"
 #include "ui_CDevAdd.h"
 
 #include <Trv/QSkin.h>
 #include <UICommonMdl/CErrorCode.h>
 #include <VxGUI/RequiredMark.h>
+#include <common/CFailureListDlg.h>
 #include <common/Prompt.h>
 #include <common/StyleSheet.h>
 
 #include <QKeyEvent>
+#include <QPointer>
 #include <QStyle>
 
 namespace ResourceManagerUI {
-
-Q_LOGGING_CATEGORY(LogDeviceForm, "resource.device")
 
 namespace {
 
@@ -38,14 +37,17 @@ void MarkStep(QLabel* pLabel, bool bCurrent)
 CDevAdd::CDevAdd(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
     : QWidget(pParent)
     , m_pUi(std::make_unique<Ui::CDevAdd>())
+    , m_session(pInterfaceSet, this)
     , m_groupCalls(pInterfaceSet, this)
     , m_systemCalls(pInterfaceSet, this)
+    , m_editor(m_session, this, *this)
 {
     m_pUi->setupUi(this);
     setObjectName(QStringLiteral("CDevAdd"));
     SetUpFields();
     SetUpChoices();
     SetUpButtons();
+    SetUpEditor();
     Common::LoadStyleSheet(this, SkinFolder);
 }
 
@@ -116,29 +118,28 @@ void CDevAdd::SetUpButtons()
     onClick(m_pUi->btnNext, &CDevAdd::OnNextClicked);
     onClick(m_pUi->btnPrevious, [this] { ShowStep(m_pUi->pageLoginInformation); });
     onClick(m_pUi->btnFinish, &CDevAdd::OnFinishClicked);
-    onClick(m_pUi->btnDevAddCancel, &CDevAdd::OnCancelClicked);
-    onClick(m_pUi->btnDevAddBack, &CDevAdd::OnCancelClicked);
+    onClick(m_pUi->btnDevAddCancel, [this] { m_editor.Leave(); });
+    onClick(m_pUi->btnDevAddBack, [this] { m_editor.Leave(); });
     onClick(m_pUi->btnChoicesAgain, &CDevAdd::QueryChoices);
-    connect(m_pUi->wgtDevAddState, &VxGUI::VxEmptyState::SignalAction, this, &CDevAdd::QueryDevice);
     ShowStep(m_pUi->pageLoginInformation);
 }
 
-void CDevAdd::SetConnected(bool bConnected)
+void CDevAdd::SetUpEditor()
 {
-    const bool bBack = bConnected && !m_bConnected;
-    m_bConnected = bConnected;
-    SetBusy(m_bBusy);
-    if (!bBack || !isVisible())
-        return;
-    if (!m_bDictionary)
-        QueryChoices();
-    if (!IsFormShown())
-        QueryDevice();
-}
-
-bool CDevAdd::IsFormShown() const
-{
-    return m_pUi->stackDevAdd->currentWidget() != m_pUi->wgtDevAddState;
+    Describe(m_editor.Fields());
+    m_editor.SetNotice(m_pUi->wgtSaveNotice);
+    m_editor.SetLoadView(m_pUi->stackDevAdd, m_pUi->wgtDevAddState, m_pUi->pageLoginInformation,
+        {Text::tr("Loading"), Text::tr("Failed to get device info"),
+            Text::tr("You have no permission to see devices.")});
+    m_editor.SetClose([this] {
+        m_groupCalls.ForgetAll();
+        Q_EMIT SignalBack();
+    });
+    connect(&m_editor, &Common::CEditorBase::SignalStateChanged, this, &CDevAdd::UpdateState);
+    connect(&m_session, &Common::CSession::SignalConnectionChanged, this, [this](bool bConnected) {
+        if (bConnected && isVisible() && !m_bDictionary)
+            QueryChoices();
+    });
 }
 
 void CDevAdd::ShowStep(QWidget* pStep)
@@ -164,13 +165,17 @@ void CDevAdd::OnNextClicked()
 
 void CDevAdd::OnFinishClicked()
 {
-    if (m_bBusy)
-        return;
+    m_editor.Save();
+}
+
+bool CDevAdd::CheckInput()
+{
     // The dictionary may have come in between and changed what the first step has.
-    if (!CheckLogin())
+    if (!CheckLogin()) {
         ShowStep(m_pUi->pageLoginInformation);
-    else if (CheckDevice())
-        AddOrModifyDevice();
+        return false;
+    }
+    return CheckDevice();
 }
 
 void CDevAdd::OnReturnPressed()
@@ -178,15 +183,6 @@ void CDevAdd::OnReturnPressed()
     QPushButton* pButton = m_pUi->btnNext->isVisible() ? m_pUi->btnNext : m_pUi->btnFinish;
     if (pButton->isEnabled())
         pButton->click();
-}
-
-void CDevAdd::OnCancelClicked()
-{
-    if (!Common::AskCancel(this, IsDirty()))
-        return;
-    m_groupCalls.ForgetAll();
-    SetBusy(false);
-    Q_EMIT SignalBack();
 }
 
 void CDevAdd::Tell(VxGUI::VxLineEdit* pEdit, const QString& sMessage, VxGUI::VxLineEdit*& pFirst)
@@ -202,7 +198,7 @@ QString CDevAdd::CheckAddress() const
     if (GetModeFields(FormFields::GetCode(m_pUi->cmbRegister)).bSerialNumber)
         return CheckField(DeviceField::SerialNumber, sText);
     // A device that has another kind of address keeps it.
-    if (m_bEdit && !sText.isEmpty() && sText.toStdString() == m_loaded.sIp)
+    if (m_bEdit && !sText.isEmpty() && sText.toStdString() == m_editor.GetLoaded().sIp)
         return {};
     return CheckField(DeviceField::Ip, sText);
 }
@@ -254,60 +250,41 @@ bool CDevAdd::CheckDevice()
     return !pFirst;
 }
 
-void CDevAdd::AddOrModifyDevice()
+void CDevAdd::OnSaved(const Device&)
 {
-    m_sent = GetEdited();
-    const std::string& sAddress =
-        m_sent.nAddMode == GroupLogical::AddBySegment ? m_sent.sIpStart : m_sent.sIp;
-    qCInfo(LogDeviceForm, "%s AddDevice IP[%s] Port[%d]", "ResourceManagerUI::CDevAdd::AddOrModifyDevice",
-        sAddress.c_str(), m_sent.nPort);
-    SetBusy(true);
-    if (m_bEdit)
-        Q_EMIT SignalModifyDevice(m_sent);
-    else
-        Q_EMIT SignalAddDevice(m_sent);
+    const QPointer<CDevAdd> guard(this);
+    if (IsSegment() && !m_vecFailed.empty())
+        ShowSegmentFailures();
+    if (guard)
+        Q_EMIT SignalEditComplete();
 }
 
-void CDevAdd::SetAnswer(
-    int nErrorCode, const std::string& sErrorDetail, const std::vector<GroupLogical::FailedItem_t>& vecFailed)
+int CDevAdd::GetSentSize() const
 {
-    if (!m_bBusy)
-        return;
-    SetBusy(false);
-    if (m_sent.nAddMode == GroupLogical::AddBySegment && !vecFailed.empty()) {
-        if (!ShowSegmentResult(nErrorCode, vecFailed))
-            return;
-    } else if (nErrorCode != UICommonMdl::ErrorNone) {
-        ShowRefusal(nErrorCode, sErrorDetail);
-        return;
-    }
-    m_baseline = GetEdited();
-    Q_EMIT SignalEditComplete();
+    return GetSegmentSize(QString::fromStdString(m_sent.sIpStart), QString::fromStdString(m_sent.sIpEnd));
 }
 
-bool CDevAdd::ShowSegmentResult(int nErrorCode, const std::vector<GroupLogical::FailedItem_t>& vecFailed)
+void CDevAdd::ShowSegmentFailures()
 {
-    QStringList listLines;
-    for (const GroupLogical::FailedItem_t& item : vecFailed)
-        listLines.append(QString::fromStdString(item.sId.empty() ? item.sName : item.sId)
-            + QStringLiteral(": ") + UICommonMdl::CErrorCode::GetErroCodeInfor(item.nErrorCode));
-    const int nSize =
-        GetSegmentSize(QString::fromStdString(m_sent.sIpStart), QString::fromStdString(m_sent.sIpEnd));
-    const int nAdded = nErrorCode == UICommonMdl::ErrorNone ? nSize - int(vecFailed.size()) : 0;
+    QVector<Common::Failure> vecFailures;
+    for (const GroupLogical::FailedItem_t& item : m_vecFailed)
+        vecFailures.append({QString::fromStdString(item.sId.empty() ? item.sName : item.sId),
+            UICommonMdl::CErrorCode::GetErroCodeInfor(item.nErrorCode)});
+    const int nAdded = GetSentSize() - int(m_vecFailed.size());
     Common::ShowFailures(this,
-        nAdded > 0 ? Text::tr("%1 of %2 devices were added.").arg(nAdded).arg(nSize) : FailurePrefix(),
-        listLines);
-    return nAdded > 0;
+        nAdded > 0 ? Text::tr("%1 of %2 devices were added.").arg(nAdded).arg(GetSentSize())
+                   : FailurePrefix(),
+        vecFailures);
 }
 
 QWidget* CDevAdd::FindField(const std::string& sErrorDetail) const
 {
     const std::pair<const char*, QWidget*> fields[] = {{"sName", m_pUi->editDevName},
-        {"sIp", m_sent.nAddMode == GroupLogical::AddBySegment ? m_pUi->editIPStart : m_pUi->editTxtIP},
-        {"sSerialNumber", m_pUi->editTxtIP}, {"sIpStart", m_pUi->editIPStart}, {"sIpEnd", m_pUi->editIPEnd},
-        {"sDomain", m_pUi->editTxtDomin}, {"sRegisterId", m_pUi->editTxtRegitId},
-        {"nPort", m_pUi->editDevPort}, {"sUserName", m_pUi->editUserName}, {"sPassword", m_pUi->editPassWord},
-        {"sModel", m_pUi->editMode}, {"sSipId", m_pUi->editSipID}, {"sSipPassword", m_pUi->editSipPassword},
+        {"sIp", IsSegment() ? m_pUi->editIPStart : m_pUi->editTxtIP}, {"sSerialNumber", m_pUi->editTxtIP},
+        {"sIpStart", m_pUi->editIPStart}, {"sIpEnd", m_pUi->editIPEnd}, {"sDomain", m_pUi->editTxtDomin},
+        {"sRegisterId", m_pUi->editTxtRegitId}, {"nPort", m_pUi->editDevPort},
+        {"sUserName", m_pUi->editUserName}, {"sPassword", m_pUi->editPassWord}, {"sModel", m_pUi->editMode},
+        {"sSipId", m_pUi->editSipID}, {"sSipPassword", m_pUi->editSipPassword},
         {"sProtocol", m_pUi->cmbProtocal}, {"sManufacturer", m_pUi->cmbManufacturer},
         {"nCategory", m_pUi->cmbDevCategory}, {"nAddMode", m_pUi->cmbRegister},
         {"sOrgCode", m_pUi->cmbGroupName}, {"sServerId", m_pUi->cmbServer},
@@ -320,9 +297,13 @@ QWidget* CDevAdd::FindField(const std::string& sErrorDetail) const
     return nullptr;
 }
 
-void CDevAdd::ShowRefusal(int nErrorCode, const std::string& sErrorDetail)
+void CDevAdd::ShowRefusal(int nErrorCode, const std::string& sDetail)
 {
-    QWidget* pField = FindField(sErrorDetail);
+    if (IsSegment() && !m_vecFailed.empty()) {
+        ShowSegmentFailures();
+        return;
+    }
+    QWidget* pField = FindField(sDetail);
     auto* pEdit = qobject_cast<VxGUI::VxLineEdit*>(pField);
     if (pField) {
         ShowStep(m_pUi->pageLoginInformation->isAncestorOf(pField) ? m_pUi->pageLoginInformation
@@ -340,19 +321,21 @@ QString CDevAdd::FailurePrefix() const
     return m_bEdit ? Text::tr("Failed to modify device") : Text::tr("Failed to add device");
 }
 
-void CDevAdd::SetBusy(bool bBusy)
+void CDevAdd::UpdateState()
 {
-    m_bBusy = bBusy;
-    const bool bUsable = m_bConnected && !bBusy;
-    m_pUi->stackDevAdd->setEnabled(bUsable);
-    m_pUi->wgtDevAddButtons->setEnabled(bUsable);
-    m_pUi->btnChoicesAgain->setEnabled(m_bConnected);
+    const bool bConnected = m_session.IsConnected();
+    if (!m_editor.IsLoaded() && m_pUi->stackDevAdd->currentWidget() == m_pUi->wgtDevAddState)
+        ShowStep(m_pUi->wgtDevAddState);
+    m_pUi->stackDevAdd->setEnabled(bConnected && !m_editor.IsSaving());
+    for (QPushButton* const pButton : {m_pUi->btnNext, m_pUi->btnPrevious, m_pUi->btnFinish})
+        pButton->setEnabled(bConnected && !m_editor.IsSaving());
+    m_pUi->btnChoicesAgain->setEnabled(bConnected);
 }
 
 void CDevAdd::keyPressEvent(QKeyEvent* pEvent)
 {
     if (pEvent->key() == Qt::Key_Escape)
-        OnCancelClicked();
+        m_editor.Leave();
     else
         QWidget::keyPressEvent(pEvent);
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <common/CCalls.h>
+#include <common/CEditor.h>
+#include <common/CSession.h>
 
 #include <QWidget>
 
@@ -15,10 +17,9 @@ class VxLineEdit;
 
 namespace ResourceManagerUI {
 
-/// The form of one device, in two steps: adds one, a whole address segment, or edits one. It asks for nothing
-/// but the choices and the record: what it signals is sent by its owner, who brings the answer back.
-/// User-interface thread.
-class CDevAdd : public QWidget
+/// The form of one device, in two steps: adds one, a whole address segment, or edits one. On a refusal it
+/// stays with the input; while the connection is lost it is disabled. User-interface thread.
+class CDevAdd : public QWidget, private Common::IRecordForm<GroupLogical::DeviceAddInfo_t>
 {
     Q_OBJECT
 
@@ -30,22 +31,13 @@ public:
     /// An empty form. sOrgCode is the organisation that is proposed; one that is not in the list proposes the
     /// root.
     void StartAdd(const std::vector<GroupLogical::Organization_t>& vecOrganizations, const QString& sOrgCode);
-    /// Loads the device into the form; a failure is told by SignalShowNotify and offers to try again.
+    /// Loads the device into the form; a failure offers to try again.
     void StartEdit(
         const QString& sDeviceId, const std::vector<GroupLogical::Organization_t>& vecOrganizations);
     /// Whether the input differs from what the form began with.
-    bool IsDirty() const;
-    /// While the connection is lost the form is disabled; the input stays.
-    void SetConnected(bool bConnected);
-
-    /// The answer to what was signalled last; ignored when nothing is under way. ErrorNone ends the edit, but
-    /// for a segment of which every address was refused.
-    void SetAnswer(int nErrorCode, const std::string& sErrorDetail,
-        const std::vector<GroupLogical::FailedItem_t>& vecFailed);
+    bool IsDirty() const { return m_editor.IsDirty(); }
 
 Q_SIGNALS:
-    void SignalAddDevice(const GroupLogical::DeviceAddInfo_t& device);
-    void SignalModifyDevice(const GroupLogical::DeviceAddInfo_t& device);
     /// Back to the list, the input being given up.
     void SignalBack();
     /// The server took the device, or some of a segment.
@@ -57,6 +49,7 @@ protected:
     void showEvent(QShowEvent* pEvent) override;
 
 private:
+    using Device = GroupLogical::DeviceAddInfo_t;
     using SystemParam = RemoteConfigLogical::ISystemConfigObserver::Param;
     using GroupParam = GroupLogical::IGroupManagerObserver::Param;
 
@@ -64,6 +57,8 @@ private:
     void SetUpFields();
     void SetUpChoices();
     void SetUpButtons();
+    void SetUpEditor();
+    void Describe(Common::RecordFields<Device>& fields) const;
 
     // The choices.
     void QueryChoices();
@@ -79,15 +74,13 @@ private:
 
     // The form and its record.
     void Start(bool bEdit, const std::vector<GroupLogical::Organization_t>& vecOrganizations,
-        const GroupLogical::DeviceAddInfo_t& device);
-    void QueryDevice();
-    void OnDevice(const GroupParam& param);
-    void ShowRecord(const GroupLogical::DeviceAddInfo_t& device);
-    void ShowTexts(const GroupLogical::DeviceAddInfo_t& device);
-    void ShowCounts(const GroupLogical::DeviceAddInfo_t& device);
+        const QString& sOrgCode);
+    void ShowRecord(const Device& record) override;
+    void ShowTexts(const Device& device);
+    void ShowCounts(const Device& device);
     /// The form as it stands, also what is hidden.
-    GroupLogical::DeviceAddInfo_t GetForm() const;
-    GroupLogical::DeviceAddInfo_t GetEdited() const;
+    Device GetForm() const;
+    Device GetEdited() const override;
     void OnRegisterChanged();
     void OnProtocalChanged();
     void OnCategoryChanged();
@@ -98,38 +91,42 @@ private:
 
     // Steps.
     void ShowStep(QWidget* pStep);
-    bool IsFormShown() const;
     void OnNextClicked();
     void OnFinishClicked();
-    void OnCancelClicked();
     void OnReturnPressed();
     bool CheckLogin();
     bool CheckDevice();
     QString CheckAddress() const;
     /// Shows the message under the field; the first field with one gets the focus.
     static void Tell(VxGUI::VxLineEdit* pEdit, const QString& sMessage, VxGUI::VxLineEdit*& pFirst);
-    void AddOrModifyDevice();
+    bool CheckInput() override;
+    void Send(const Device& record, bool bNew) override;
+    void OnSendAnswer(const GroupParam& param);
+    void Fetch(const Device& record, bool bNew) override;
+    void QueryDevice(const std::string& sDeviceId);
+    void FindAdded(const Device& record);
+    void OnSaved(const Device& record) override;
     /// The field that a refusal names; null when it is not shown now.
     QWidget* FindField(const std::string& sErrorDetail) const;
-    void ShowRefusal(int nErrorCode, const std::string& sErrorDetail);
-    /// True when some address of the segment was added.
-    bool ShowSegmentResult(int nErrorCode, const std::vector<GroupLogical::FailedItem_t>& vecFailed);
-    void SetBusy(bool bBusy);
+    void ShowRefusal(int nErrorCode, const std::string& sDetail) override;
+    bool IsSegment() const { return m_sent.nAddMode == GroupLogical::AddBySegment; }
+    /// Addresses of the segment that was sent.
+    int GetSentSize() const;
+    void ShowSegmentFailures();
+    void UpdateState();
     QString FailurePrefix() const;
 
     std::unique_ptr<Ui::CDevAdd> m_pUi;
     bool m_bEdit = false;
-    bool m_bBusy = false; ///< what was signalled waits for its answer
-    bool m_bConnected = true;
-    QString m_sDeviceId;
-    GroupLogical::DeviceAddInfo_t m_loaded; ///< what the edit began with, as the server has it
-    GroupLogical::DeviceAddInfo_t m_baseline; ///< the same as the form shows it
-    GroupLogical::DeviceAddInfo_t m_sent; ///< what was signalled last
+    Device m_sent; ///< what was saved last
+    std::vector<GroupLogical::FailedItem_t> m_vecFailed; ///< addresses of that segment
     bool m_bDictionary = false; ///< the dictionary is there
     RemoteConfigLogical::Dictionary_t m_dictionary;
     std::vector<RemoteConfigLogical::VideoServer_t> m_vecServers;
+    Common::CSession m_session;
     Common::CCalls<GroupLogical::IGroupManagerObserver> m_groupCalls;
     Common::CCalls<RemoteConfigLogical::ISystemConfigObserver> m_systemCalls;
+    Common::CEditor<Device> m_editor;
 };
 
 } // namespace ResourceManagerUI

@@ -74,7 +74,7 @@ void CDevAdd::OnDictionary(const SystemParam& param)
     m_dictionary = param.dictionary;
     FillChoices();
     if (!bDirty)
-        m_baseline = GetEdited();
+        m_editor.TakeAsShown();
 }
 
 void CDevAdd::OnVideoServers(const SystemParam& param)

@@ -5,9 +5,7 @@
 #include "DeviceFormFields.h"
 #include "ui_CDevAdd.h"
 
-#include <UICommonMdl/CErrorCode.h>
 #include <VxGUI/RequiredMark.h>
-#include <common/Prompt.h>
 
 #include <QSignalBlocker>
 
@@ -38,35 +36,32 @@ void ShowRow(QWidget* pLabel, QWidget* pField, bool bShown)
 void CDevAdd::StartAdd(
     const std::vector<GroupLogical::Organization_t>& vecOrganizations, const QString& sOrgCode)
 {
-    GroupLogical::DeviceAddInfo_t device;
+    Start(false, vecOrganizations, sOrgCode);
+    Device device;
     device.nAddMode = GroupLogical::AddByIp;
     device.sUserName = DefaultUserName;
-    device.sOrgCode = sOrgCode.toStdString();
-    Start(false, vecOrganizations, device);
-    ResetPort();
-    m_baseline = GetEdited();
-    ShowStep(m_pUi->pageLoginInformation);
-    m_pUi->cmbProtocal->setFocus();
+    device.sOrgCode = FormFields::GetKey(m_pUi->cmbGroupName).toStdString();
+    m_editor.BeginNew(device);
     QueryChoices();
 }
 
 void CDevAdd::StartEdit(
     const QString& sDeviceId, const std::vector<GroupLogical::Organization_t>& vecOrganizations)
 {
-    m_sDeviceId = sDeviceId;
     Start(true, vecOrganizations, {});
     QueryChoices();
-    QueryDevice();
+    Device key;
+    key.sDeviceId = sDeviceId.toStdString();
+    m_editor.BeginLoad(key);
 }
 
-void CDevAdd::Start(bool bEdit, const std::vector<GroupLogical::Organization_t>& vecOrganizations,
-    const GroupLogical::DeviceAddInfo_t& device)
+void CDevAdd::Start(
+    bool bEdit, const std::vector<GroupLogical::Organization_t>& vecOrganizations, const QString& sOrgCode)
 {
     m_bEdit = bEdit;
     // An empty password leaves that of the device as it is.
     m_pUi->editPassWord->SetRequiredNow(!bEdit);
     m_groupCalls.ForgetAll();
-    SetBusy(false);
     const QString sTitle = bEdit ? Text::tr("Edit Device") : Text::tr("Add Device");
     m_pUi->lbDevAddTitle->setText(sTitle);
     setWindowTitle(sTitle);
@@ -74,66 +69,41 @@ void CDevAdd::Start(bool bEdit, const std::vector<GroupLogical::Organization_t>&
     m_pUi->editPassWord->setPlaceholderText(sKept);
     m_pUi->editSipPassword->setPlaceholderText(sKept);
     FillModes();
-    FormFields::FillOrganizations(
-        m_pUi->cmbGroupName, vecOrganizations, QString::fromStdString(device.sOrgCode));
-    m_loaded = device;
-    m_loaded.sOrgCode = FormFields::GetKey(m_pUi->cmbGroupName).toStdString();
-    ShowRecord(m_loaded);
-    m_baseline = GetEdited();
+    FormFields::FillOrganizations(m_pUi->cmbGroupName, vecOrganizations, sOrgCode);
 }
 
-void CDevAdd::QueryDevice()
-{
-    m_pUi->wgtDevAddState->SetState(VxGUI::VxEmptyState::Kind::Loading, Text::tr("Loading"));
-    ShowStep(m_pUi->wgtDevAddState);
-    m_groupCalls.Latest<&GroupLogical::IGroupManager::QueryDeviceDetail>(
-        m_sDeviceId.toStdString(), [this](const GroupParam& param) { OnDevice(param); });
-}
-
-void CDevAdd::OnDevice(const GroupParam& param)
-{
-    if (param.nErrorCode != UICommonMdl::ErrorNone || !param.optDevice) {
-        const QString sFailed = Text::tr("Failed to get device info");
-        m_pUi->wgtDevAddState->SetState(VxGUI::VxEmptyState::Kind::Failed, sFailed,
-            UICommonMdl::CErrorCode::GetErroCodeInfor(param.nErrorCode), Text::tr("Refresh"));
-        Q_EMIT SignalShowNotify(Common::FailureText(sFailed, param.nErrorCode));
-        return;
-    }
-    m_loaded = *param.optDevice;
-    ShowRecord(m_loaded);
-    m_baseline = GetEdited();
-    ShowStep(m_pUi->pageLoginInformation);
-    m_pUi->cmbProtocal->setFocus();
-}
-
-void CDevAdd::ShowRecord(const GroupLogical::DeviceAddInfo_t& device)
+void CDevAdd::ShowRecord(const Device& record)
 {
     QComboBox* const combos[] = {m_pUi->cmbRegister, m_pUi->cmbProtocal, m_pUi->cmbDevCategory,
         m_pUi->cmbDeviceType, m_pUi->cmbSeries};
     for (QComboBox* pCombo : combos)
         pCombo->blockSignals(true);
-    FormFields::SelectCode(m_pUi->cmbRegister, device.nAddMode);
-    FormFields::SelectKey(m_pUi->cmbProtocal, QString::fromStdString(device.sProtocol));
-    FormFields::SelectKey(m_pUi->cmbManufacturer, QString::fromStdString(device.sManufacturer));
+    FormFields::SelectCode(m_pUi->cmbRegister, record.nAddMode);
+    FormFields::SelectKey(m_pUi->cmbProtocal, QString::fromStdString(record.sProtocol));
+    FormFields::SelectKey(m_pUi->cmbManufacturer, QString::fromStdString(record.sManufacturer));
     m_pUi->cmbDevCategory->setCurrentIndex(m_pUi->cmbDevCategory->count() > 0 ? 0 : -1);
-    SelectCategory(device.nCategory);
+    SelectCategory(record.nCategory);
     FillTypes();
-    FormFields::SelectKey(m_pUi->cmbDeviceType, QString::fromStdString(device.sDeviceType));
+    FormFields::SelectKey(m_pUi->cmbDeviceType, QString::fromStdString(record.sDeviceType));
     FillSeries();
-    FormFields::SelectKey(m_pUi->cmbSeries, QString::fromStdString(device.sSeries));
-    FormFields::SelectKey(m_pUi->cmbServer, QString::fromStdString(device.sServerId));
-    FormFields::SelectKey(m_pUi->cmbGroupName, QString::fromStdString(device.sOrgCode));
+    FormFields::SelectKey(m_pUi->cmbSeries, QString::fromStdString(record.sSeries));
+    FormFields::SelectKey(m_pUi->cmbServer, QString::fromStdString(record.sServerId));
+    FormFields::SelectKey(m_pUi->cmbGroupName, QString::fromStdString(record.sOrgCode));
     FillDirections();
-    FormFields::SelectCode(m_pUi->cmbDirection, device.nAccessDirection);
+    FormFields::SelectCode(m_pUi->cmbDirection, record.nAccessDirection);
     for (QComboBox* pCombo : combos)
         pCombo->blockSignals(false);
     ShowModeFields();
     ShowCategoryFields();
-    ShowTexts(device);
-    ShowCounts(device);
+    ShowTexts(record);
+    ShowCounts(record);
+    if (m_editor.IsNew())
+        ResetPort();
+    ShowStep(m_pUi->pageLoginInformation);
+    m_pUi->cmbProtocal->setFocus();
 }
 
-void CDevAdd::ShowTexts(const GroupLogical::DeviceAddInfo_t& device)
+void CDevAdd::ShowTexts(const Device& device)
 {
     const bool bSerialNumber = GetModeFields(device.nAddMode).bSerialNumber;
     const std::pair<VxGUI::VxLineEdit*, const std::string*> texts[] = {
@@ -151,7 +121,7 @@ void CDevAdd::ShowTexts(const GroupLogical::DeviceAddInfo_t& device)
     m_pUi->editDevPort->ClearErrorHint();
 }
 
-void CDevAdd::ShowCounts(const GroupLogical::DeviceAddInfo_t& device)
+void CDevAdd::ShowCounts(const Device& device)
 {
     m_pUi->spbVideo->setValue(device.nVideoChannels);
     m_pUi->spbAlarmInput->setValue(device.nAlarmInputs);
@@ -166,9 +136,9 @@ void CDevAdd::ShowCounts(const GroupLogical::DeviceAddInfo_t& device)
         m_pUi->cmbLedSize->setCurrentIndex(0);
 }
 
-GroupLogical::DeviceAddInfo_t CDevAdd::GetForm() const
+CDevAdd::Device CDevAdd::GetForm() const
 {
-    GroupLogical::DeviceAddInfo_t form;
+    Device form;
     form.nAddMode = FormFields::GetCode(m_pUi->cmbRegister);
     form.sProtocol = FormFields::GetKey(m_pUi->cmbProtocal).toStdString();
     form.sManufacturer = FormFields::GetKey(m_pUi->cmbManufacturer).toStdString();
@@ -203,14 +173,9 @@ GroupLogical::DeviceAddInfo_t CDevAdd::GetForm() const
     return form;
 }
 
-GroupLogical::DeviceAddInfo_t CDevAdd::GetEdited() const
+CDevAdd::Device CDevAdd::GetEdited() const
 {
-    return BuildRecord(GetForm(), m_loaded);
-}
-
-bool CDevAdd::IsDirty() const
-{
-    return IsFormShown() && GetEdited() != m_baseline;
+    return BuildRecord(GetForm(), m_editor.GetLoaded());
 }
 
 void CDevAdd::OnRegisterChanged()

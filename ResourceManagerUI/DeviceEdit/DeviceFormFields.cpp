@@ -91,6 +91,19 @@ void SelectKey(QComboBox* pCombo, const QString& sKey)
     pCombo->setCurrentIndex(qMax(nIndex, pCombo->count() > 0 ? 0 : -1));
 }
 
+QString GetText(const QComboBox* pCombo, const std::string& sKey)
+{
+    const QString sWanted = QString::fromStdString(sKey);
+    const int nIndex = pCombo->findData(sWanted, KeyRole, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    return nIndex < 0 ? sWanted : pCombo->itemText(nIndex).trimmed();
+}
+
+QString GetText(const QComboBox* pCombo, int nCode)
+{
+    const int nIndex = pCombo->findData(nCode);
+    return nIndex < 0 ? QString::number(nCode) : pCombo->itemText(nIndex);
+}
+
 int GetCode(const QComboBox* pCombo)
 {
     return pCombo->currentData().toInt();

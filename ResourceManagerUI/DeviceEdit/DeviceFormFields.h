@@ -28,6 +28,9 @@ void AddChoice(QComboBox* pCombo, const QString& sText, int nCode, const QString
 QString GetKey(const QComboBox* pCombo);
 /// Chooses by the key. A key that the list lacks is added to it, as the record has it.
 void SelectKey(QComboBox* pCombo, const QString& sKey);
+/// Text of the choice with that key or number; where there is none, the key or the number itself.
+QString GetText(const QComboBox* pCombo, const std::string& sKey);
+QString GetText(const QComboBox* pCombo, int nCode);
 int GetCode(const QComboBox* pCombo);
 /// Chooses by the number; false when there is none.
 bool SelectCode(QComboBox* pCombo, int nCode);

@@ -7,17 +7,26 @@
 #include <UICommonMdl/CBasePanel.h>
 #include <VxPluginAPI/IAbstractWidget.h>
 
+#include <QCloseEvent>
 #include <QMenu>
 #include <QShortcut>
 
 namespace ClientApp {
 
+using VxPluginAPI::IAbstractWidget;
+
 namespace {
-constexpr int MsgRightsChanged = 7;
-constexpr int MsgAutoResize = 36;
+
+bool AskToLeave(IAbstractWidget* pWidget)
+{
+    QVariant vMayLeave(true);
+    pWidget->OnMsg(VxPluginAPI::MessageLeave, &vMayLeave, nullptr);
+    return vMayLeave.toBool();
+}
+
 } // namespace
 
-CMainWindow::CMainWindow(PlatformLogic::CPlatformClient& client, VxPluginAPI::IAbstractWidget* pTopLevel)
+CMainWindow::CMainWindow(PlatformLogic::CPlatformClient& client, IAbstractWidget* pTopLevel)
     : m_pUi(std::make_unique<Ui::CMainWindow>())
     , m_client(client)
     , m_pTopLevel(pTopLevel)
@@ -35,15 +44,21 @@ CMainWindow::CMainWindow(PlatformLogic::CPlatformClient& client, VxPluginAPI::IA
     // Another client finds the server that this one has started by its address.
     pMenu->addAction(tr("Server: %1").arg(client.GetServer().toDisplayString()))->setEnabled(false);
     pMenu->addSeparator();
-    connect(pMenu->addAction(tr("Sign Out")), &QAction::triggered, this, &CMainWindow::SignalSignOut);
+    connect(pMenu->addAction(tr("Sign Out")), &QAction::triggered, this, [this] {
+        if (MayLeave())
+            Q_EMIT SignalSignOut();
+    });
     m_pUi->btnUser->setMenu(pMenu);
     m_pUi->lbConnection->setText(tr("Connection lost, trying again"));
     m_pUi->lbConnection->hide();
 
-    connect(m_pUi->btnHome, &QToolButton::clicked, this, &CMainWindow::ShowHome);
+    connect(m_pUi->btnHome, &QToolButton::clicked, this, &CMainWindow::GoHome);
     connect(new QShortcut(QKeySequence(QStringLiteral("Alt+Home")), this), &QShortcut::activated, this,
-        &CMainWindow::ShowHome);
-    connect(m_pUi->btnSkin, &QToolButton::clicked, this, &CMainWindow::SignalSwitchSkin);
+        &CMainWindow::GoHome);
+    connect(m_pUi->btnSkin, &QToolButton::clicked, this, [this] {
+        if (MayLeave())
+            Q_EMIT SignalSwitchSkin();
+    });
     connect(
         &client, &PlatformLogic::CPlatformClient::SignalRightsChanged, this, &CMainWindow::OnRightsChanged);
     connect(&client, &PlatformLogic::CPlatformClient::SignalConnectionChanged, this,
@@ -67,7 +82,7 @@ void CMainWindow::BuildHome()
     if (auto* pPanel = qobject_cast<UICommonMdl::CBasePanel*>(pHome))
         connect(pPanel, &UICommonMdl::CBasePanel::SignalOpenWidget, this, &CMainWindow::OpenWidget);
     QVariant vEnable(true);
-    m_pTopLevel->OnMsg(MsgAutoResize, &vEnable, nullptr);
+    m_pTopLevel->OnMsg(VxPluginAPI::MessageAutoResize, &vEnable, nullptr);
 }
 
 void CMainWindow::ShowHome()
@@ -77,17 +92,34 @@ void CMainWindow::ShowHome()
     m_pUi->btnHome->setEnabled(false);
 }
 
+void CMainWindow::GoHome()
+{
+    IAbstractWidget* const pShown = m_hashPages.key(GetShownPage());
+    if (!pShown || AskToLeave(pShown))
+        ShowHome();
+}
+
+bool CMainWindow::MayLeave()
+{
+    return AskToLeave(m_pTopLevel);
+}
+
+void CMainWindow::closeEvent(QCloseEvent* pEvent)
+{
+    pEvent->setAccepted(MayLeave());
+}
+
 bool CMainWindow::OpenEntry(const std::string& sName)
 {
     auto* pPanel = qobject_cast<UICommonMdl::CBasePanel*>(m_pTopLevel->GetWidget(m_pUi->pageHome));
-    VxPluginAPI::IAbstractWidget* pEntry = pPanel ? pPanel->CreateAbstractWidget(sName) : nullptr;
+    IAbstractWidget* pEntry = pPanel ? pPanel->CreateAbstractWidget(sName) : nullptr;
     if (!pEntry)
         return false;
     OpenWidget(pEntry);
     return true;
 }
 
-void CMainWindow::OpenWidget(VxPluginAPI::IAbstractWidget* pEntry)
+void CMainWindow::OpenWidget(IAbstractWidget* pEntry)
 {
     QWidget*& pContainer = m_hashPages[pEntry];
     if (!pContainer) {
@@ -110,8 +142,8 @@ QWidget* CMainWindow::GetShownPage() const
 void CMainWindow::OnRightsChanged()
 {
     QVariant vNothing;
-    m_pTopLevel->OnMsg(MsgRightsChanged, &vNothing, nullptr);
-    VxPluginAPI::IAbstractWidget* pShown = m_hashPages.key(GetShownPage());
+    m_pTopLevel->OnMsg(VxPluginAPI::MessageRightsChanged, &vNothing, nullptr);
+    IAbstractWidget* pShown = m_hashPages.key(GetShownPage());
     UserLogical::IUserRight* pRight = m_client.GetUserManager()->GetUserRight();
     if (pShown && !(pRight && pRight->HasRight(pShown->GetWidgetRight())))
         ShowHome();

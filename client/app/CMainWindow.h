@@ -29,6 +29,8 @@ public:
     ~CMainWindow() override;
 
     void ShowHome();
+    /// The same when the shown page agrees: it asks the user when input would be lost.
+    void GoHome();
     /// Shows the page of the entry with that name; false when the user may not open it.
     bool OpenEntry(const std::string& sName);
     QWidget* GetShownPage() const;
@@ -45,7 +47,12 @@ public Q_SLOTS:
     /// Rebuilds the home page for the present rights and leaves a page that is no longer allowed.
     void OnRightsChanged();
 
+protected:
+    void closeEvent(QCloseEvent* pEvent) override;
+
 private:
+    /// Asks every page that holds input; true when nothing keeps the user.
+    bool MayLeave();
     void BuildHome();
     void OpenWidget(VxPluginAPI::IAbstractWidget* pEntry);
     void OnConnectionChanged(bool bConnected);

@@ -9,6 +9,16 @@ class QWidget;
 
 namespace VxPluginAPI {
 
+/// The messages of a host that OnMsg of the top-level widget and of the entries takes.
+enum HostMessage : int
+{
+    MessageRightsChanged = 7,
+    MessageAutoResize = 36, ///< the panels of the home page share its width; the value says whether
+    /// The host is about to leave the page, or to end it: pages with input that would be lost ask the user.
+    /// The value is true, and set to false when the user stays.
+    MessageLeave = 1000,
+};
+
 /// An entry: one page that the client can open. User-interface thread only. The order of the operations is
 /// binary interface; the two operations named GetWidgetTitle stand apart on purpose.
 class IAbstractWidget

@@ -20,6 +20,7 @@ class DeviceFormFixture : public testing::Test
 {
 protected:
     using Device = GroupLogical::DeviceAddInfo_t;
+    using GroupParam = FakeGroupManager::Param;
     using SystemParam = FakeRemoteConfigManager::SystemObserver::Param;
 
     void SetUp() override
@@ -52,10 +53,6 @@ protected:
         using ResourceManagerUI::CDevAdd;
         m_pForm = std::make_unique<CDevAdd>(&m_host.interfaceSet);
         CDevAdd* pForm = m_pForm.get();
-        QObject::connect(pForm, &CDevAdd::SignalAddDevice, pForm,
-            [this](const Device& device) { m_vecAdded.push_back(device); });
-        QObject::connect(pForm, &CDevAdd::SignalModifyDevice, pForm,
-            [this](const Device& device) { m_vecModified.push_back(device); });
         QObject::connect(pForm, &CDevAdd::SignalBack, pForm, [this] { ++m_nBack; });
         QObject::connect(pForm, &CDevAdd::SignalEditComplete, pForm, [this] { ++m_nComplete; });
         QObject::connect(pForm, &CDevAdd::SignalShowNotify, pForm,
@@ -117,6 +114,19 @@ protected:
     bool IsUsable(const char* pszName) { return m_pDriver->IsUsable(QLatin1String(pszName)); }
     std::string LastNotice() { return m_listNotices.isEmpty() ? "" : m_listNotices.last().toStdString(); }
 
+    int Count(const char* pszOperation) { return m_host.group.Count(pszOperation); }
+    Device Sent(const char* pszOperation) { return m_host.group.LastArgument<Device>(pszOperation); }
+    void Answer(const char* pszOperation, int nErrorCode = 0, const char* pszDetail = "",
+        const std::vector<GroupLogical::FailedItem_t>& vecFailed = {})
+    {
+        m_host.group.Answer(m_host.group.Last(pszOperation), [&](const FakeCall&, GroupParam& param) {
+            param.nErrorCode = nErrorCode;
+            param.sErrorDetail = pszDetail;
+            param.vecFailed = vecFailed;
+        });
+        PageDriver::Settle();
+    }
+
     /// The first step of a camera at an address.
     void FillLogin()
     {
@@ -135,8 +145,6 @@ protected:
     RecordingDialogService m_dialogs;
     std::unique_ptr<ResourceManagerUI::CDevAdd> m_pForm;
     std::unique_ptr<PageDriver> m_pDriver;
-    std::vector<Device> m_vecAdded;
-    std::vector<Device> m_vecModified;
     QStringList m_listNotices;
     int m_nBack = 0;
     int m_nComplete = 0;

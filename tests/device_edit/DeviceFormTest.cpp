@@ -57,7 +57,7 @@ TEST_F(DeviceForm, AddsACameraByKeysFromDefaults)
     m_pDriver->Find<QSpinBox>(QStringLiteral("spbVideo"))->setValue(2);
     m_pDriver->Screenshot(QStringLiteral("device-form-device"));
     m_pDriver->Key(QStringLiteral("editDevName"), Qt::Key_Return);
-    ASSERT_EQ(m_vecAdded.size(), 1U);
+    ASSERT_EQ(Count("AddDevice"), 1);
     Device expected;
     expected.sName = "Gate camera";
     expected.sIp = "10.0.0.9";
@@ -72,10 +72,9 @@ TEST_F(DeviceForm, AddsACameraByKeysFromDefaults)
     expected.sUserName = "admin";
     expected.sPassword = "Field-2024";
     expected.nVideoChannels = 2;
-    EXPECT_EQ(m_vecAdded.front(), expected);
+    EXPECT_EQ(Sent("AddDevice"), expected);
     EXPECT_FALSE(IsUsable("btnFinish")) << "one request at a time";
-    EXPECT_FALSE(IsUsable("btnDevAddCancel"));
-    m_pForm->SetAnswer(UICommonMdl::ErrorNone, {}, {});
+    Answer("AddDevice");
     EXPECT_EQ(m_nComplete, 1);
     EXPECT_FALSE(m_pForm->IsDirty());
 }
@@ -180,7 +179,7 @@ TEST_F(DeviceForm, FailingChecksKeepTheStepAndTheFirstHasTheFocus)
     Click("btnFinish");
     EXPECT_EQ(Hint("editDevName"), "The device name cannot exceed 41 characters.")
         << "each device of the segment gets its address appended";
-    EXPECT_TRUE(m_vecAdded.empty());
+    EXPECT_EQ(Count("AddDevice"), 0);
 }
 
 TEST_F(DeviceForm, CategoryDecidesTheRowsOfTheSecondStep)
@@ -230,37 +229,32 @@ TEST_F(DeviceForm, CategoryDecidesTheRowsOfTheSecondStep)
     Type("editDevName", "Sign");
     Choose("cmbLedSize", "Guide screen");
     Click("btnFinish");
-    ASSERT_EQ(m_vecAdded.size(), 1U);
-    EXPECT_EQ(m_vecAdded.front().nLedType, 1404);
+    ASSERT_EQ(Count("AddDevice"), 1);
+    EXPECT_EQ(Sent("AddDevice").nLedType, 1404);
 }
 
 TEST_F(DeviceForm, RefusalComesUpUnderItsField)
 {
     OpenAdd();
     FillAndFinish();
-    m_pForm->SetAnswer(UICommonMdl::ErrorAddressExists, "sIp", {});
+    Answer("AddDevice", UICommonMdl::ErrorAddressExists, "sIp");
     EXPECT_TRUE(HasFocus("editTxtIP")) << "the step that has the field comes up";
     EXPECT_EQ(Hint("editTxtIP"),
         UICommonMdl::CErrorCode::GetErroCodeInfor(UICommonMdl::ErrorAddressExists).toStdString());
     Type("editTxtIP", "10.0.0.10");
     Click("btnNext");
     Click("btnFinish");
-    m_pForm->SetAnswer(UICommonMdl::ErrorNameExists, "sName", {});
+    Answer("AddDevice", UICommonMdl::ErrorNameExists, "sName");
     EXPECT_TRUE(HasFocus("editDevName"));
     EXPECT_EQ(Hint("editDevName"), "The name exists already.");
     EXPECT_TRUE(m_listNotices.isEmpty());
 
     Type("editDevName", "Gate camera 2");
     Click("btnFinish");
-    m_pForm->SetAnswer(UICommonMdl::ErrorTimeOut, {}, {});
-    EXPECT_EQ(LastNotice(), "Failed to add device: The server did not answer in time.");
-    Click("btnFinish");
-    m_pForm->SetAnswer(UICommonMdl::ErrorNotSent, {}, {});
+    Answer("AddDevice", UICommonMdl::ErrorNotSent);
     EXPECT_EQ(LastNotice(), "Failed to add device: The request could not be sent to the server.");
     EXPECT_EQ(Content("editDevName"), "Gate camera 2") << "the input stays";
-    EXPECT_EQ(m_vecAdded.size(), 4U);
-    m_pForm->SetAnswer(UICommonMdl::ErrorNone, {}, {});
-    EXPECT_EQ(m_nComplete, 0) << "an answer that nothing waits for";
+    EXPECT_EQ(m_nComplete, 0);
 }
 
 TEST_F(DeviceForm, SegmentTellsWhatWasRefused)
@@ -277,12 +271,12 @@ TEST_F(DeviceForm, SegmentTellsWhatWasRefused)
     const Failures vecAll{{"10.0.0.5", "", UICommonMdl::ErrorAddressExists, ""},
         {"10.0.0.6", "", UICommonMdl::ErrorNameExists, ""},
         {"10.0.0.7", "", UICommonMdl::ErrorNameExists, ""}};
-    m_pForm->SetAnswer(UICommonMdl::ErrorNone, {}, vecAll);
+    Answer("AddDevice", UICommonMdl::ErrorNone, "", vecAll);
     EXPECT_EQ(m_nComplete, 0) << "none was added";
     EXPECT_TRUE(m_dialogs.LastText().startsWith(
         QStringLiteral("Failed to add device\nResult of failure is shown below:\n10.0.0.5: ")));
     Click("btnFinish");
-    m_pForm->SetAnswer(UICommonMdl::ErrorNone, {}, {vecAll[1]});
+    Answer("AddDevice", UICommonMdl::ErrorNone, "", {vecAll[1]});
     EXPECT_EQ(m_nComplete, 1);
     EXPECT_EQ(m_dialogs.LastText(),
         QStringLiteral("2 of 3 devices were added.\nResult of failure is shown below:\n10.0.0.6: The name "
@@ -301,9 +295,9 @@ TEST_F(DeviceForm, EditsARecordAndKeepsWhatItDoesNotShow)
     EXPECT_FALSE(m_pForm->IsDirty());
     Click("btnNext");
     Click("btnFinish");
-    ASSERT_EQ(m_vecModified.size(), 1U);
-    EXPECT_EQ(m_vecModified.back(), device) << "nothing was changed, the empty password least";
-    m_pForm->SetAnswer(UICommonMdl::ErrorVersionConflict, {}, {});
+    ASSERT_EQ(Count("ModifyDevice"), 1);
+    EXPECT_EQ(Sent("ModifyDevice"), device) << "nothing was changed, the empty password least";
+    Answer("ModifyDevice", UICommonMdl::ErrorDeviceUpdating);
     EXPECT_TRUE(QString::fromStdString(LastNotice()).startsWith(QStringLiteral("Failed to modify device: ")));
     Type("editDevName", "Yard camera");
     EXPECT_TRUE(m_pForm->IsDirty());
@@ -314,7 +308,7 @@ TEST_F(DeviceForm, EditsARecordAndKeepsWhatItDoesNotShow)
     Device changed = device;
     changed.sName = "Yard camera";
     changed.sPassword = "new-Secret1";
-    EXPECT_EQ(m_vecModified.back(), changed);
+    EXPECT_EQ(Sent("ModifyDevice"), changed);
 }
 
 TEST_F(DeviceForm, EditKeepsAnAddressAndChoicesThatNoListHolds)
@@ -329,8 +323,8 @@ TEST_F(DeviceForm, EditKeepsAnAddressAndChoicesThatNoListHolds)
     OpenEdit(device);
     Click("btnNext");
     Click("btnFinish");
-    ASSERT_EQ(m_vecModified.size(), 1U);
-    EXPECT_EQ(m_vecModified.back(), device);
+    ASSERT_EQ(Count("ModifyDevice"), 1);
+    EXPECT_EQ(Sent("ModifyDevice"), device);
 }
 
 TEST_F(DeviceForm, DetailThatFailsIsToldAndCanBeAskedForAgain)
@@ -339,7 +333,6 @@ TEST_F(DeviceForm, DetailThatFailsIsToldAndCanBeAskedForAgain)
     Open();
     m_pForm->StartEdit(QStringLiteral("1001"), m_host.group.vecOrganizations);
     PageDriver::Settle();
-    EXPECT_EQ(LastNotice(), "Failed to get device info: It does not exist any more.");
     EXPECT_FALSE(IsShown("btnNext"));
     EXPECT_EQ(m_pDriver->Find<QLabel>(QStringLiteral("lbStateText"))->text(),
         QStringLiteral("It does not exist any more."));
@@ -392,6 +385,8 @@ TEST_F(DeviceForm, LeavingAsksOnlyWhenSomethingWasChanged)
     OpenAdd();
     Click("btnDevAddCancel");
     EXPECT_EQ(m_nBack, 1) << "nothing was changed";
+    m_pForm->StartAdd(m_host.group.vecOrganizations, QString());
+    PageDriver::Settle();
     Type("editTxtIP", "10.0.0.9");
     m_dialogs.AnswerNext(false);
     m_pDriver->Key(QStringLiteral("editTxtIP"), Qt::Key_Escape);
@@ -406,10 +401,12 @@ TEST_F(DeviceForm, LostConnectionKeepsTheInput)
 {
     OpenAdd();
     Type("editTxtIP", "10.0.0.9");
-    m_pForm->SetConnected(false);
+    m_host.remote.PushConnected(false);
+    PageDriver::Settle();
     EXPECT_FALSE(IsUsable("editTxtIP"));
     EXPECT_FALSE(IsUsable("btnNext"));
-    m_pForm->SetConnected(true);
+    m_host.remote.PushConnected(true);
+    PageDriver::Settle();
     EXPECT_TRUE(IsUsable("btnNext"));
     EXPECT_EQ(Content("editTxtIP"), "10.0.0.9");
 }

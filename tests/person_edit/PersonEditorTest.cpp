@@ -120,8 +120,7 @@ TEST_F(PersonEditor, RefusalsKeepTheInputAndAreToldWhereTheyBelong)
     } cases[] = {{UICommonMdl::ErrorInvalidInput, "sTelephone", "m_pEditTelephone"},
         {UICommonMdl::ErrorInvalidInput, "sNickname", "m_pEditNickname"},
         {UICommonMdl::ErrorInvalidInput, "nExtendTime", "m_pEditExtendTime"},
-        {UICommonMdl::ErrorInvalidInput, "nothing known", nullptr},
-        {UICommonMdl::ErrorVersionConflict, "", nullptr}, {UICommonMdl::ErrorTimeOut, "", nullptr}};
+        {UICommonMdl::ErrorInvalidInput, "nothing known", nullptr}};
     OpenEdit(MakePerson());
     Type("m_pEditName", "Changed");
     for (const auto& testCase : cases) {

@@ -155,8 +155,9 @@ TEST_F(PersonGroups, EditingMovesTheGroupButNotUnderItself)
     EXPECT_EQ(Last("ModifyDepartment"), (Department_t{"1001", "1002", "Engineering", "second floor", 3}));
 
     const int nTrees = Sent("QueryDepartmentTree");
+    m_dialogs.ClickNext(QStringLiteral("btnGoOn"));
     Answer("ModifyDepartment", UICommonMdl::ErrorVersionConflict);
-    EXPECT_TRUE(DialogNotice().startsWith(QStringLiteral("Failed to modify person group: ")));
+    EXPECT_TRUE(m_dialogs.LastDetails().startsWith(QStringLiteral("Parent Group: All Persons | Sales")));
     EXPECT_EQ(pParent->GetCode(), QStringLiteral("1002")) << "the input stays";
     EXPECT_EQ(Sent("QueryDepartmentTree"), nTrees + 1);
 }

@@ -1,5 +1,6 @@
 #include "RecordingDialogService.h"
 
+#include <QAbstractButton>
 #include <QDialog>
 
 #include <gtest/gtest.h>
@@ -13,6 +14,7 @@ RecordingDialogService::~RecordingDialogService()
 {
     SetCurrent(m_pBefore);
     EXPECT_TRUE(m_queAnswers.empty()) << "a question that was expected did not come";
+    EXPECT_TRUE(m_queClicks.empty()) << "a dialog that was expected did not come";
     EXPECT_TRUE(m_queFiles.empty()) << "a file chooser that was expected did not come";
 }
 
@@ -43,6 +45,15 @@ void RecordingDialogService::Message(
 bool RecordingDialogService::Show(QDialog* pDialog, const VxGUI::DialogSummary& summary)
 {
     m_sLastDetails = summary.sDetails;
+    if (!m_queClicks.empty()) {
+        Record(pDialog->windowTitle(), summary.sText);
+        auto* const pButton = pDialog->findChild<QAbstractButton*>(m_queClicks.front());
+        m_queClicks.pop_front();
+        EXPECT_TRUE(pButton) << "the dialog has no such button";
+        if (pButton)
+            pButton->click();
+        return pDialog->result() == QDialog::Accepted;
+    }
     if (summary.bQuestion)
         return Question(pDialog, pDialog->windowTitle(), summary.sText);
     Message(pDialog, pDialog->windowTitle(), summary.sText, summary.sDetails);

@@ -15,6 +15,8 @@ public:
     ~RecordingDialogService() override;
 
     void AnswerNext(bool bOk) { m_queAnswers.push_back(bOk); }
+    /// Clicks that button of the next dialog of a page's own.
+    void ClickNext(const QString& sButton) { m_queClicks.push_back(sButton); }
     void ChooseNextFile(const QString& sPath) { m_queFiles.push_back(sPath); }
 
     /// "title: text" of everything that was shown, in order.
@@ -38,6 +40,7 @@ private:
 
     VxGUI::VxDialogService* m_pBefore;
     std::deque<bool> m_queAnswers;
+    std::deque<QString> m_queClicks;
     std::deque<QString> m_queFiles;
     QStringList m_listShown;
     QString m_sLastText;

@@ -1,0 +1,232 @@
+#pragma once
+
+#include "CConflictDlg.h"
+#include "CEditorBase.h"
+#include "RecordFields.h"
+
+#include <UICommonMdl/ErrorCodes.h>
+
+#include <optional>
+#include <utility>
+
+namespace Common {
+
+/// The form of one record, as its editor needs it; implemented by the dialog or page that has the fields.
+template <class R>
+class IRecordForm
+{
+public:
+    /// Shows the record in place of what was entered.
+    virtual void ShowRecord(const R& record) = 0;
+    /// The record that was shown, with what was entered.
+    virtual R GetEdited() const = 0;
+    /// Whether something is entered that the record does not hold.
+    virtual bool HasOtherChanges() const { return false; }
+    /// Checks the fields; the first failure is shown at its field, which gets the focus.
+    virtual bool CheckInput() = 0;
+    /// Asks the server to save; the answer goes to CEditor::OnAnswer.
+    virtual void Send(const R& record, bool bNew) = 0;
+    /// Asks the server for the record that has the key of this one or, when it is new, what makes it unique;
+    /// the answer goes to CEditor::OnFetched.
+    virtual void Fetch(const R& record, bool bNew) = 0;
+    /// The server has it.
+    virtual void OnSaved(const R& record) = 0;
+    /// The server refused it; the form is as it was.
+    virtual void ShowRefusal(int nErrorCode, const std::string& sDetail) = 0;
+    /// The record could not be loaded; true: the form says so itself.
+    virtual bool OnLoadFailed(int /*nErrorCode*/) { return false; }
+
+protected:
+    ~IRecordForm() = default;
+};
+
+/// The way of one record through its form: it is loaded, changed, saved, and, when the answer does not say
+/// what became of it, looked up. What was entered stays until it is saved or given up. A member of the form.
+/// User-interface thread.
+template <class R>
+class CEditor : public CEditorBase
+{
+public:
+    /// All are borrowed; pForm and form are one.
+    CEditor(CSession& session, QWidget* pForm, IRecordForm<R>& form)
+        : CEditorBase(session, pForm)
+        , m_form(form)
+    {
+    }
+
+    /// What the form changes of the record: filled once, when the form is made.
+    RecordFields<R>& Fields() { return m_fields; }
+
+    void BeginNew(const R& record) { Begin(record, true); }
+    void BeginEdit(const R& record) { Begin(record, false); }
+    /// Loads the record of that key first.
+    void BeginLoad(const R& key)
+    {
+        m_loaded = key;
+        m_bNew = false;
+        Load();
+    }
+    void Load() override
+    {
+        SetState(State::Loading);
+        m_form.Fetch(m_loaded, false);
+    }
+    /// Takes what is entered now for what the record holds.
+    void TakeAsShown() { m_baseline = m_form.GetEdited(); }
+    /// The record is only shown; what was entered before does not count.
+    void SetReadOnly(bool bReadOnly) { m_bReadOnly = bReadOnly; }
+
+    const R& GetLoaded() const { return m_loaded; }
+    bool IsNew() const { return m_bNew; }
+    bool IsDirty() const override
+    {
+        return !m_bReadOnly && IsLoaded()
+            && (m_form.HasOtherChanges() || !(m_form.GetEdited() == m_baseline));
+    }
+
+    void Save()
+    {
+        if (CanSave() && !m_bReadOnly && m_form.CheckInput())
+            SendEdited();
+    }
+
+    /// The answer to Send; pRecord is the record as it was saved, null when the answer does not have it.
+    void OnAnswer(int nErrorCode, const std::string& sDetail, const R* pRecord)
+    {
+        if (GetState() != State::Saving)
+            return;
+        m_refusal = {nErrorCode, sDetail};
+        if (nErrorCode == UICommonMdl::ErrorNone) {
+            Finish(pRecord ? *pRecord : m_sent);
+            return;
+        }
+        m_bDoubt = m_bDoubt || IsDoubtful(nErrorCode);
+        // What is taken may have been taken by the save whose answer did not come.
+        const bool bOwn = m_bDoubt && m_bNew && IsTaken(nErrorCode);
+        if (IsDoubtful(nErrorCode) || nErrorCode == UICommonMdl::ErrorVersionConflict || bOwn)
+            LookUp();
+        else
+            Refuse(nErrorCode, sDetail);
+    }
+
+    /// The answer to Fetch; pRecord is null when there is none.
+    void OnFetched(int nErrorCode, const R* pRecord)
+    {
+        const bool bGone =
+            nErrorCode == UICommonMdl::ErrorNotFound || (nErrorCode == UICommonMdl::ErrorNone && !pRecord);
+        if (GetState() == State::Loading)
+            OnLoaded(bGone ? int(UICommonMdl::ErrorNotFound) : nErrorCode, pRecord);
+        else if (GetState() != State::LookingUp)
+            return;
+        else if (bGone)
+            OnGone();
+        else if (nErrorCode != UICommonMdl::ErrorNone)
+            SetState(State::Unknown, nErrorCode);
+        else
+            OnFound(R(*pRecord));
+    }
+
+protected:
+    void LookUp() override
+    {
+        SetState(State::LookingUp);
+        m_form.Fetch(m_sent, m_bNew);
+    }
+
+private:
+    void Begin(const R& record, bool bNew)
+    {
+        m_loaded = record;
+        m_bNew = bNew;
+        m_bDoubt = false;
+        m_optTheirs.reset();
+        SetState(State::Ready);
+        m_form.ShowRecord(record);
+        TakeAsShown();
+        // Only now is the form unchanged.
+        Q_EMIT SignalStateChanged();
+    }
+    void OnLoaded(int nErrorCode, const R* pRecord)
+    {
+        if (nErrorCode == UICommonMdl::ErrorNone)
+            Begin(*pRecord, false);
+        else if (!m_form.OnLoadFailed(nErrorCode))
+            SetState(State::LoadFailed, nErrorCode);
+    }
+    void SendEdited()
+    {
+        const R edited = m_form.GetEdited();
+        m_sent = m_optTheirs ? m_fields.Merge(m_baseline, edited, *m_optTheirs) : edited;
+        SetState(State::Saving);
+        m_form.Send(m_sent, m_bNew);
+    }
+    void Finish(const R& record)
+    {
+        SetState(State::Closed);
+        m_form.OnSaved(record);
+    }
+    void Refuse(int nErrorCode, const std::string& sDetail)
+    {
+        SetState(State::Ready);
+        m_form.ShowRefusal(nErrorCode, sDetail);
+    }
+    void OnGone()
+    {
+        if (!m_bNew)
+            Refuse(UICommonMdl::ErrorNotFound, {});
+        else if (IsTaken(m_refusal.first))
+            Refuse(m_refusal.first, m_refusal.second);
+        else
+            NotSaved();
+    }
+    void NotSaved()
+    {
+        SetNotSaved();
+        m_form.ShowRefusal(m_refusal.first, m_refusal.second);
+    }
+    void OnFound(const R& found)
+    {
+        // A secret cannot be compared: without a doubt nobody else has entered the same one.
+        const bool bSame = m_fields.IsSame(m_sent, found) && (m_bDoubt || !m_fields.HasSecret(m_sent));
+        const bool bUnchanged = !m_bNew && m_bDoubt && found.nVersion == m_sent.nVersion;
+        if (bUnchanged) {
+            NotSaved();
+        } else if (bSame) {
+            Finish(found);
+        } else if (m_bNew) {
+            const bool bTaken = IsTaken(m_refusal.first);
+            Refuse(bTaken ? m_refusal.first : int(UICommonMdl::ErrorNameExists),
+                bTaken ? m_refusal.second : std::string());
+        } else {
+            OnConflict(found);
+        }
+    }
+    void OnConflict(const R& theirs)
+    {
+        SetState(State::Ready);
+        const R mine = m_form.GetEdited();
+        const QPointer<QWidget> guard(GetForm());
+        const auto choice = CConflictDlg::Ask(m_fields.Compare(m_baseline, mine, theirs), GetForm());
+        if (!guard || choice == CConflictDlg::Choice::GoOn)
+            return;
+        if (choice == CConflictDlg::Choice::LoadAgain) {
+            Begin(theirs, false);
+            return;
+        }
+        m_optTheirs = theirs;
+        SendEdited();
+    }
+
+    IRecordForm<R>& m_form;
+    RecordFields<R> m_fields;
+    R m_loaded{}; ///< as the server has it
+    R m_baseline{}; ///< the same as the form shows it
+    R m_sent{};
+    std::optional<R> m_optTheirs; ///< what is saved over, once the operator has said so
+    std::pair<int, std::string> m_refusal; ///< why the last save did not succeed: code and detail
+    bool m_bNew = true;
+    bool m_bReadOnly = false;
+    bool m_bDoubt = false; ///< a save of this record was not answered
+};
+
+} // namespace Common

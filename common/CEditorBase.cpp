@@ -1,0 +1,170 @@
+#include "CEditorBase.h"
+
+#include "CSaveNotice.h"
+#include "Prompt.h"
+
+#include <UICommonMdl/CErrorCode.h>
+#include <VxGUI/VxEmptyState.h>
+#include <VxGUI/VxNotification.h>
+
+#include <QCoreApplication>
+#include <QStackedWidget>
+
+namespace Common {
+
+namespace {
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(CEditorBase)
+};
+
+/// A save that is answered sooner is not worth a word.
+constexpr int NoticeDelayMs = 500;
+
+} // namespace
+
+CEditorBase::CEditorBase(CSession& session, QWidget* pForm)
+    : CInputGuard(pForm)
+    , m_session(session)
+{
+    m_noticeTimer.setSingleShot(true);
+    m_noticeTimer.setInterval(NoticeDelayMs);
+    connect(&m_noticeTimer, &QTimer::timeout, this, [this] { ShowNotice(UICommonMdl::ErrorNone); });
+    connect(&session, &CSession::SignalConnectionChanged, this, &CEditorBase::OnConnectionChanged);
+}
+
+void CEditorBase::SetNotice(CSaveNotice* pNotice)
+{
+    m_pNotice = pNotice;
+    connect(pNotice, &CSaveNotice::SignalLookAgain, this, [this] {
+        if (m_state == State::Unknown)
+            LookUp();
+    });
+}
+
+void CEditorBase::SetLoadView(
+    QStackedWidget* pStack, VxGUI::VxEmptyState* pState, QWidget* pFields, const LoadTexts& texts)
+{
+    m_pStack = pStack;
+    m_pLoadState = pState;
+    m_pFields = pFields;
+    m_texts = texts;
+    connect(pState, &VxGUI::VxEmptyState::SignalAction, this, [this] { Load(); });
+}
+
+bool CEditorBase::MayLeave()
+{
+    if (IsSaving())
+        return AskPrompt(GetForm(),
+            Text::tr("It is not known yet whether this is saved. Are you sure to leave all the same?"));
+    return CInputGuard::MayLeave();
+}
+
+void CEditorBase::End()
+{
+    m_noticeTimer.stop();
+    CInputGuard::End();
+}
+
+bool CEditorBase::IsDoubtful(int nErrorCode)
+{
+    return nErrorCode == UICommonMdl::ErrorTimeOut || nErrorCode == UICommonMdl::ErrorDisconnected
+        || nErrorCode == UICommonMdl::ErrorBadAnswer || nErrorCode == UICommonMdl::ErrorCancelled;
+}
+
+bool CEditorBase::IsTaken(int nErrorCode)
+{
+    return nErrorCode == UICommonMdl::ErrorNameExists || nErrorCode == UICommonMdl::ErrorAddressExists
+        || nErrorCode == UICommonMdl::ErrorSerialNumberExists
+        || nErrorCode == UICommonMdl::ErrorRegisterIdExists
+        || nErrorCode == UICommonMdl::ErrorPersonDuplicate;
+}
+
+void CEditorBase::SetState(State state, int nErrorCode)
+{
+    const bool bWasSaving = IsSaving();
+    m_state = state;
+    m_bNotSaved = false;
+    if (IsSaving() && !bWasSaving)
+        m_pFocusBefore = GetForm()->focusWidget();
+    if (state == State::Saving)
+        m_noticeTimer.start();
+    else
+        ShowNotice(nErrorCode);
+    ShowLoadState(nErrorCode);
+    Q_EMIT SignalStateChanged();
+    // What was disabled for the save has lost the focus.
+    if (bWasSaving && !IsSaving() && m_pFocusBefore)
+        m_pFocusBefore->setFocus();
+}
+
+void CEditorBase::ShowLoadState(int nErrorCode)
+{
+    using Kind = VxGUI::VxEmptyState::Kind;
+    if (!m_pStack || !m_pLoadState)
+        return;
+    if (m_state == State::Closed)
+        return;
+    if (IsLoaded()) {
+        if (m_pStack->currentWidget() == m_pLoadState)
+            m_pStack->setCurrentWidget(m_pFields);
+        return;
+    }
+    if (m_state == State::Loading)
+        m_pLoadState->SetState(Kind::Loading, m_texts.sLoading);
+    else if (nErrorCode == UICommonMdl::ErrorNoRight)
+        m_pLoadState->SetState(Kind::NoPermission, m_texts.sNoRight);
+    else
+        m_pLoadState->SetState(Kind::Failed, m_texts.sFailed,
+            UICommonMdl::CErrorCode::GetErroCodeInfor(nErrorCode), Text::tr("Refresh"));
+    m_pStack->setCurrentWidget(m_pLoadState);
+    if (m_state == State::LoadFailed)
+        VxGUI::VxNotification::Show(GetForm(), FailureText(m_texts.sFailed, nErrorCode));
+}
+
+void CEditorBase::ShowNotice(int nErrorCode)
+{
+    m_noticeTimer.stop();
+    if (!m_pNotice)
+        return;
+    const QString sUnknown = Text::tr("It is not known whether this was saved.");
+    switch (m_state) {
+    case State::Saving:
+        m_pNotice->SetText(Text::tr("Saving..."));
+        break;
+    case State::LookingUp:
+        m_pNotice->SetText(sUnknown + QLatin1Char(' ') + Text::tr("Looking it up..."));
+        break;
+    case State::Unknown:
+        if (m_session.IsConnected())
+            m_pNotice->SetText(FailureText(sUnknown, nErrorCode), true);
+        else
+            m_pNotice->SetText(
+                sUnknown + QLatin1Char(' ') + Text::tr("It is looked up as soon as the server is back."));
+        break;
+    default:
+        m_pNotice->SetText(
+            m_bNotSaved ? Text::tr("This was not saved. What you entered is kept.") : QString());
+    }
+}
+
+void CEditorBase::SetNotSaved()
+{
+    SetState(State::Ready);
+    m_bNotSaved = true;
+    ShowNotice(UICommonMdl::ErrorNone);
+}
+
+void CEditorBase::OnConnectionChanged(bool bConnected)
+{
+    if (m_state == State::Unknown && bConnected)
+        LookUp();
+    else if (m_state == State::Unknown)
+        ShowNotice(UICommonMdl::ErrorDisconnected);
+    else if (m_state == State::LoadFailed && bConnected && GetForm()->isVisible())
+        Load();
+    Q_EMIT SignalStateChanged();
+}
+
+} // namespace Common
