@@ -181,6 +181,8 @@ private:
     }
     void NotSaved()
     {
+        if (LookAgain())
+            return;
         SetNotSaved();
         m_form.ShowRefusal(m_refusal.first, m_refusal.second);
     }

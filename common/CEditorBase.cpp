@@ -21,6 +21,7 @@ struct Text
 
 /// A save that is answered sooner is not worth a word.
 constexpr int NoticeDelayMs = 500;
+constexpr std::chrono::milliseconds SecondLook{2000};
 
 } // namespace
 
@@ -31,6 +32,9 @@ CEditorBase::CEditorBase(CSession& session, QWidget* pForm)
     m_noticeTimer.setSingleShot(true);
     m_noticeTimer.setInterval(NoticeDelayMs);
     connect(&m_noticeTimer, &QTimer::timeout, this, [this] { ShowNotice(UICommonMdl::ErrorNone); });
+    m_lookTimer.setSingleShot(true);
+    m_lookTimer.setInterval(SecondLook);
+    connect(&m_lookTimer, &QTimer::timeout, this, [this] { LookUp(); });
     connect(&session, &CSession::SignalConnectionChanged, this, &CEditorBase::OnConnectionChanged);
 }
 
@@ -64,6 +68,7 @@ bool CEditorBase::MayLeave()
 void CEditorBase::End()
 {
     m_noticeTimer.stop();
+    m_lookTimer.stop();
     CInputGuard::End();
 }
 
@@ -86,6 +91,9 @@ void CEditorBase::SetState(State state, int nErrorCode)
     const bool bWasSaving = IsSaving();
     m_state = state;
     m_bNotSaved = false;
+    m_lookTimer.stop();
+    if (state != State::LookingUp)
+        m_bLookedTwice = false;
     if (IsSaving() && !bWasSaving)
         m_pFocusBefore = GetForm()->focusWidget();
     if (state == State::Saving)
@@ -147,6 +155,15 @@ void CEditorBase::ShowNotice(int nErrorCode)
         m_pNotice->SetText(
             m_bNotSaved ? Text::tr("This was not saved. What you entered is kept.") : QString());
     }
+}
+
+bool CEditorBase::LookAgain()
+{
+    if (m_bLookedTwice)
+        return false;
+    m_bLookedTwice = true;
+    m_lookTimer.start();
+    return true;
 }
 
 void CEditorBase::SetNotSaved()

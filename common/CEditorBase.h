@@ -7,6 +7,8 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <chrono>
+
 class QStackedWidget;
 namespace VxGUI {
 class VxEmptyState;
@@ -52,6 +54,10 @@ public:
     void SetLoadView(
         QStackedWidget* pStack, VxGUI::VxEmptyState* pState, QWidget* pFields, const LoadTexts& texts);
 
+    /// How long the server is given to do what it may still have before it, before a second look decides that
+    /// nothing was saved.
+    void SetSecondLook(std::chrono::milliseconds delay) { m_lookTimer.setInterval(delay); }
+
     bool MayLeave() override;
     void End() override;
 
@@ -74,6 +80,8 @@ protected:
     static bool IsDoubtful(int nErrorCode);
     /// Something of the new record is there already.
     static bool IsTaken(int nErrorCode);
+    /// Nothing is saved so far: looks again in a while. False when that was the second look.
+    bool LookAgain();
     /// Back to the form: it is known that nothing was saved.
     void SetNotSaved();
 
@@ -92,6 +100,8 @@ private:
     QPointer<QWidget> m_pFocusBefore; ///< had the focus when the save began
     LoadTexts m_texts;
     QTimer m_noticeTimer;
+    QTimer m_lookTimer;
+    bool m_bLookedTwice = false;
 };
 
 } // namespace Common

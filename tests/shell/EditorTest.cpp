@@ -50,6 +50,7 @@ public:
         m_editor.Fields().Add(QStringLiteral("Tags"), &Note_t::vecTags);
         m_editor.Fields().AddSecret(QStringLiteral("Secret"), &Note_t::sSecret);
         m_editor.SetNotice(m_pNotice);
+        m_editor.SetSecondLook({});
         m_editor.SetClose([this] { ++m_nClosed; });
         show();
     }
@@ -105,6 +106,14 @@ protected:
         Edit().Save();
     }
     Common::CEditor<Note_t>& Edit() { return m_form.m_editor; }
+    /// Also to the second look, when there is one.
+    void Fetched(int nErrorCode, const Note_t* pFound)
+    {
+        for (int nLook = 0; nLook < 2; ++nLook) {
+            Edit().OnFetched(nErrorCode, pFound);
+            PageDriver::Settle();
+        }
+    }
     bool IsUnknown() const { return m_form.m_editor.GetState() == Common::CEditorBase::State::Unknown; }
     void Connect(bool bConnected)
     {
@@ -155,7 +164,7 @@ TEST_F(Editor, LooksUpWhatTheAnswerDoesNotSay)
         Rename(c.bNew);
         Edit().OnAnswer(c.nAnswer, {}, nullptr);
         if (c.nFetched != -99)
-            Edit().OnFetched(c.nFetched, c.pFound);
+            Fetched(c.nFetched, c.pFound);
         EXPECT_EQ(m_form.m_vecSaved.size(), c.outcome == Saved ? 1U : 0U);
         EXPECT_EQ(m_form.m_vecRefusals, c.nRefusal == 0 ? std::vector<int>{} : std::vector<int>{c.nRefusal});
         EXPECT_EQ(IsUnknown(), c.outcome == Unknown);
@@ -165,12 +174,25 @@ TEST_F(Editor, LooksUpWhatTheAnswerDoesNotSay)
     }
 }
 
-TEST_F(Editor, NeverClashesWithItsOwnSave)
+TEST_F(Editor, WhatTheServerDoesAfterTheFirstLookIsSeenByTheSecond)
 {
     const Note_t own{"7", "Door", "old", "", {"a", "b"}, 1};
     Rename(true);
     Edit().OnAnswer(ErrorTimeOut, {}, nullptr);
     Edit().OnFetched(ErrorNone, nullptr);
+    PageDriver::Settle();
+    EXPECT_EQ(m_form.m_nFetches, 2);
+    Edit().OnFetched(ErrorNone, &own);
+    EXPECT_EQ(m_form.m_vecSaved, (std::vector<Note_t>{own}));
+    EXPECT_TRUE(m_form.m_vecRefusals.empty());
+}
+
+TEST_F(Editor, NeverClashesWithItsOwnSave)
+{
+    const Note_t own{"7", "Door", "old", "", {"a", "b"}, 1};
+    Rename(true);
+    Edit().OnAnswer(ErrorTimeOut, {}, nullptr);
+    Fetched(ErrorNone, nullptr);
     // The server did it after all, later than the look.
     Edit().Save();
     Edit().OnAnswer(ErrorNameExists, {}, nullptr);
@@ -196,7 +218,7 @@ TEST_F(Editor, AsksAgainWhenTheServerIsBackAndWhenItIsTold)
     m_dialogs.AnswerNext(false);
     EXPECT_FALSE(Edit().Leave()) << "as long as it is not known it asks";
     const Note_t unchanged = Loaded();
-    Edit().OnFetched(ErrorNone, &unchanged);
+    Fetched(ErrorNone, &unchanged);
     EXPECT_TRUE(Edit().CanSave());
     Edit().Save();
     EXPECT_EQ(m_form.m_vecSent.size(), 2U);
