@@ -55,7 +55,7 @@ Record SummaryOf(PersonResult::Param& param, const JobReport& report)
 
 } // namespace
 
-CAccessControlManager::CAccessControlManager(CServerConnection& connection, CUserManager& userManager)
+CAccessControlManager::CAccessControlManager(IServerConnection& connection, CUserManager& userManager)
     : m_connection(connection)
     , m_userManager(userManager)
 {

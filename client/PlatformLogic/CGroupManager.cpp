@@ -27,7 +27,7 @@ constexpr auto TakeFailedDevices = [](IGroupManagerObserver::Param& param, wire:
 
 } // namespace
 
-CGroupManager::CGroupManager(CServerConnection& connection, CUserManager& userManager)
+CGroupManager::CGroupManager(IServerConnection& connection, CUserManager& userManager)
     : m_connection(connection)
     , m_userManager(userManager)
 {

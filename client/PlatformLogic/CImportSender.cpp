@@ -9,7 +9,7 @@ constexpr int ImportRetryLimit = 30;
 } // namespace
 
 CImportSender::CImportSender(
-    CServerConnection& connection, GroupLogical::ImportRequest_t request, JobHandler handler)
+    IServerConnection& connection, GroupLogical::ImportRequest_t request, JobHandler handler)
     : m_connection(connection)
     , m_request(std::move(request))
     , m_handler(std::move(handler))
@@ -54,7 +54,7 @@ void CImportSender::SendRows()
         });
 }
 
-void CImportSender::Run(CServerConnection& connection, const wire::RunImportRequest& request, int nSequence,
+void CImportSender::Run(IServerConnection& connection, const wire::RunImportRequest& request, int nSequence,
     const JobHandler& handler, int nAttempt)
 {
     CallServer<wire::RunImport>(
@@ -77,7 +77,7 @@ void CImportSender::Run(CServerConnection& connection, const wire::RunImportRequ
 }
 
 int CImportSender::StartUploaded(
-    CServerConnection& connection, const wire::RunImportRequest& request, JobHandler handler)
+    IServerConnection& connection, const wire::RunImportRequest& request, JobHandler handler)
 {
     // The number of the first request is that of the import.
     return CallServer<wire::GetSession>(connection, {},

@@ -12,7 +12,7 @@ constexpr int JobRetryLimit = 120;
 class Follower : public std::enable_shared_from_this<Follower>
 {
 public:
-    Follower(CServerConnection& connection, std::string sJob, int nSequence, JobHandler handler)
+    Follower(IServerConnection& connection, std::string sJob, int nSequence, JobHandler handler)
         : m_connection(connection)
         , m_sJob(std::move(sJob))
         , m_nSequence(nSequence)
@@ -52,7 +52,7 @@ private:
             Ask(0);
     }
 
-    CServerConnection& m_connection;
+    IServerConnection& m_connection;
     const std::string m_sJob;
     const int m_nSequence;
     const JobHandler m_handler;
@@ -62,7 +62,7 @@ private:
 
 } // namespace
 
-void FollowJob(CServerConnection& connection, const std::string& sJob, int nSequence, JobHandler handler)
+void FollowJob(IServerConnection& connection, const std::string& sJob, int nSequence, JobHandler handler)
 {
     std::make_shared<Follower>(connection, sJob, nSequence, std::move(handler))->Ask(0);
 }
