@@ -32,7 +32,7 @@ int CImportSender::Start()
 void CImportSender::Fail(int nErrorCode, const std::string& sDetail)
 {
     // Without RunImport the server imports nothing.
-    m_handler({m_nSequence, nErrorCode, sDetail, true, {}});
+    m_handler({m_nSequence, nErrorCode, sDetail, true, {}, 0});
 }
 
 void CImportSender::SendRows()
@@ -71,7 +71,7 @@ void CImportSender::Run(IServerConnection& connection, const wire::RunImportRequ
             else if (bLost && nAttempt < ImportRetryLimit)
                 Run(connection, request, nSequence, handler, nAttempt + 1);
             else
-                handler({nSequence, answer.nErrorCode, answer.sDetail, true, {}});
+                handler({nSequence, answer.nErrorCode, answer.sDetail, true, {}, 0});
         },
         nAttempt == 0 ? 0 : ImportRetryMs);
 }

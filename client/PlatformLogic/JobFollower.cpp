@@ -40,14 +40,14 @@ private:
             return;
         }
         if (answer.nErrorCode != UICommonMdl::ErrorNone) {
-            m_handler({m_nSequence, answer.nErrorCode, answer.sDetail, true, {}});
+            m_handler({m_nSequence, answer.nErrorCode, answer.sDetail, true, {}, m_nFrom});
             return;
         }
         m_nRetries = 0;
         m_nFrom += static_cast<int>(answer.data.items.size());
         const bool bFinal = answer.data.bFinished;
         m_handler({m_nSequence, bFinal ? answer.data.nErrorCode : UICommonMdl::ErrorNone,
-            answer.data.sErrorDetail, bFinal, std::move(answer.data)});
+            answer.data.sErrorDetail, bFinal, std::move(answer.data), m_nFrom});
         if (!bFinal)
             Ask(0);
     }

@@ -15,6 +15,7 @@ struct JobReport
     std::string sDetail;
     bool bFinal = false; ///< the last report
     wire::JobState state;
+    int nItems = 0; ///< items so far, with those of this report
 };
 /// Called on the network thread; the last time with bFinal.
 using JobHandler = std::function<void(const JobReport& report)>;
@@ -32,7 +33,7 @@ int StartJob(IServerConnection& connection, const typename Op::Request& request,
         [&connection, handler = std::move(handler), started = std::move(started)](
             TypedAnswer<wire::Job>&& answer) {
             if (answer.nErrorCode != UICommonMdl::ErrorNone) {
-                handler({answer.nSequence, answer.nErrorCode, answer.sDetail, true, {}});
+                handler({answer.nSequence, answer.nErrorCode, answer.sDetail, true, {}, 0});
                 return;
             }
             if (started)

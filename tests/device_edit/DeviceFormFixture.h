@@ -15,21 +15,18 @@
 
 #include <memory>
 
-/// The form of a device over fakes that serve its choices, and what it signals.
+/// The form of a device of a host that serves its choices, and what it signals.
 class DeviceFormFixture : public testing::Test
 {
 protected:
     using Device = GroupLogical::DeviceAddInfo_t;
-    using SystemParam = FakeRemoteConfigManager::SystemObserver::Param;
 
     void SetUp() override
     {
-        m_host.group.ServeSite();
-        m_host.remote.system.AnswerAlways("QueryDictionary",
-            [](const FakeCall&, SystemParam& param) { param.dictionary = MakeDictionary(); });
-        m_host.remote.system.AnswerAlways("QueryVideoServers", [](const FakeCall&, SystemParam& param) {
-            param.vecServers = {{"s1", "Media server 1"}, {"s2", "Media server 2"}};
-        });
+        m_host.site.ServeDevices();
+        m_host.server.AnswerAlways<wire::GetDictionary>(MakeDictionary());
+        m_host.server.AnswerAlways<wire::QueryVideoServers>(
+            {{{"s1", "Media server 1"}, {"s2", "Media server 2"}}});
     }
     void TearDown() override { Close(); }
 
@@ -65,15 +62,14 @@ protected:
     void OpenAdd(const QString& sOrgCode = QStringLiteral("001001"))
     {
         Open();
-        m_pForm->StartAdd(m_host.group.vecOrganizations, sOrgCode);
+        m_pForm->StartAdd(m_host.site.vecOrganizations, sOrgCode);
         PageDriver::Settle();
     }
     void OpenEdit(const Device& device)
     {
-        m_host.group.AnswerAlways("QueryDeviceDetail",
-            [device](const FakeCall&, FakeGroupManager::Param& param) { param.optDevice = device; });
+        m_host.server.AnswerAlways<wire::QueryDeviceDetail>(device);
         Open();
-        m_pForm->StartEdit(QString::fromStdString(device.sDeviceId), m_host.group.vecOrganizations);
+        m_pForm->StartEdit(QString::fromStdString(device.sDeviceId), m_host.site.vecOrganizations);
         PageDriver::Settle();
     }
     void Close()

@@ -335,16 +335,15 @@ TEST_F(DeviceForm, EditKeepsAnAddressAndChoicesThatNoListHolds)
 
 TEST_F(DeviceForm, DetailThatFailsIsToldAndCanBeAskedForAgain)
 {
-    m_host.group.FailAlways("QueryDeviceDetail", UICommonMdl::ErrorNotFound);
+    m_host.server.FailAlways<wire::QueryDeviceDetail>(UICommonMdl::ErrorNotFound);
     Open();
-    m_pForm->StartEdit(QStringLiteral("1001"), m_host.group.vecOrganizations);
+    m_pForm->StartEdit(QStringLiteral("1001"), m_host.site.vecOrganizations);
     PageDriver::Settle();
     EXPECT_EQ(LastNotice(), "Failed to get device info: It does not exist any more.");
     EXPECT_FALSE(IsShown("btnNext"));
     EXPECT_EQ(m_pDriver->Find<QLabel>(QStringLiteral("lbStateText"))->text(),
         QStringLiteral("It does not exist any more."));
-    m_host.group.AnswerAlways("QueryDeviceDetail",
-        [](const FakeCall&, FakeGroupManager::Param& param) { param.optDevice = MakeDevice(); });
+    m_host.server.AnswerAlways<wire::QueryDeviceDetail>(MakeDevice());
     Click("btnStateAction");
     PageDriver::Settle();
     EXPECT_EQ(Content("editTxtIP"), "10.0.0.9");
@@ -353,23 +352,23 @@ TEST_F(DeviceForm, DetailThatFailsIsToldAndCanBeAskedForAgain)
 TEST_F(DeviceForm, LateAnswersOfAnotherDeviceAreDropped)
 {
     Open();
-    m_pForm->StartEdit(QStringLiteral("1001"), m_host.group.vecOrganizations);
-    const FakeCall late = m_host.group.Last("QueryDeviceDetail");
-    m_pForm->StartAdd(m_host.group.vecOrganizations, QString());
-    m_host.group.Answer(
-        late, [](const FakeCall&, FakeGroupManager::Param& param) { param.optDevice = MakeDevice(); });
+    m_pForm->StartEdit(QStringLiteral("1001"), m_host.site.vecOrganizations);
+    const FakeCall late = m_host.server.Last<wire::QueryDeviceDetail>();
+    m_pForm->StartAdd(m_host.site.vecOrganizations, QString());
+    m_host.server.Answer<wire::QueryDeviceDetail>(late, MakeDevice());
     PageDriver::Settle();
     EXPECT_EQ(Content("editTxtIP"), "");
     EXPECT_EQ(m_pForm->windowTitle(), QStringLiteral("Add Device"));
-    const FakeCall afterwards = m_host.remote.system.Last("QueryDictionary");
+    m_host.server.Hold<wire::GetDictionary>();
+    OpenAdd();
     Close();
-    m_host.remote.system.Answer(afterwards, {});
+    m_host.server.AnswerLast<wire::GetDictionary>();
 }
 
 TEST_F(DeviceForm, ListsThatFailAreToldAndAskedForAgain)
 {
-    m_host.remote.system.FailAlways("QueryDictionary", UICommonMdl::ErrorDatabaseBusy);
-    m_host.remote.system.FailAlways("QueryVideoServers", UICommonMdl::ErrorDatabaseBusy);
+    m_host.server.FailAlways<wire::GetDictionary>(UICommonMdl::ErrorDatabaseBusy);
+    m_host.server.FailAlways<wire::QueryVideoServers>(UICommonMdl::ErrorDatabaseBusy);
     OpenAdd();
     EXPECT_EQ(LastNotice(), "Failed to query dictionary. The database is busy. Please try again.");
     ASSERT_EQ(m_listNotices.size(), 1) << "without servers the platform chooses";
@@ -377,8 +376,7 @@ TEST_F(DeviceForm, ListsThatFailAreToldAndAskedForAgain)
     Click("btnNext");
     EXPECT_FALSE(IsShown("editDevName")) << "without a protocol there is no device";
     PageDriver::Settle();
-    m_host.remote.system.AnswerAlways(
-        "QueryDictionary", [](const FakeCall&, SystemParam& param) { param.dictionary = MakeDictionary(); });
+    m_host.server.AnswerAlways<wire::GetDictionary>(MakeDictionary());
     m_pDriver->Screenshot(QStringLiteral("device-form-lists-failed"));
     Click("btnChoicesAgain");
     PageDriver::Settle();
