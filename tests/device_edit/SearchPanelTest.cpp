@@ -115,6 +115,20 @@ TEST_F(SearchPanel, StopEndsTheSearchAndStillTakesWhatIsOnItsWay)
     Report(LastSearch(), {MakeFound(21)}, true);
 }
 
+TEST_F(SearchPanel, ASearchIsStoppedAlsoBeforeTheServerHasNamedIt)
+{
+    Open();
+    m_host.server.Hold<wire::SearchOnlineDevice>();
+    Click("btnAutoSearch");
+    Click("btnAutoSearch");
+    EXPECT_EQ(m_host.server.Count<wire::CancelJob>(), 0) << "nobody knows yet what to cancel";
+    m_host.server.AnswerLast<wire::SearchOnlineDevice>({"job-7"});
+    EXPECT_EQ(m_host.server.LastRequest<wire::CancelJob>().sJob, "job-7");
+    m_host.server.ReportJob("job-7", MakeReport(FoundVec(), true, UICommonMdl::ErrorCancelled));
+    PageDriver::Settle();
+    EXPECT_TRUE(m_listNotices.isEmpty());
+}
+
 TEST_F(SearchPanel, FailuresAndNothingFoundLookDifferent)
 {
     Open();
