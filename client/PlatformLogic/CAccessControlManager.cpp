@@ -23,6 +23,12 @@ constexpr auto TakePerson = [](PersonResult::Param& param, Person_t&& person) {
 };
 constexpr auto TakeFailedPersons = [](PersonResult::Param& param, wire::PersonBatchAnswer&& answer) {
     param.vecFailed = std::move(answer.vecFailed);
+    for (const PersonFailure_t& failure : param.vecFailed) {
+        if (failure.nErrorCode != UICommonMdl::ErrorPersonDuplicate)
+            continue;
+        const auto vecClashes = wire::ClashesOf(failure.sDetail);
+        param.vecClashes.insert(param.vecClashes.end(), vecClashes.begin(), vecClashes.end());
+    }
 };
 
 /// What came with a failure.
@@ -55,7 +61,7 @@ Record SummaryOf(PersonResult::Param& param, const JobReport& report)
 
 } // namespace
 
-CAccessControlManager::CAccessControlManager(CServerConnection& connection, CUserManager& userManager)
+CAccessControlManager::CAccessControlManager(IServerConnection& connection, CUserManager& userManager)
     : m_connection(connection)
     , m_userManager(userManager)
 {

@@ -1,21 +1,22 @@
 #pragma once
 
 #include "ObserverList.h"
+#include "PlatformLogicExport.h"
 
 #include <AccessControlLogical/IAccessControlManager.h>
 
 namespace PlatformLogic {
 
-class CServerConnection;
 class CUserManager;
+class IServerConnection;
 struct JobReport;
 
 /// Persons of the server, their groups and credentials.
-class CAccessControlManager : public AccessControlLogical::IAccessControlManager
+class PLATFORMLOGIC_EXPORT CAccessControlManager : public AccessControlLogical::IAccessControlManager
 {
 public:
     /// Both are borrowed and outlive the manager.
-    CAccessControlManager(CServerConnection& connection, CUserManager& userManager);
+    CAccessControlManager(IServerConnection& connection, CUserManager& userManager);
 
     void AddObserver(AccessControlLogical::IDepartmentManagerObserver* pObserver) override;
     void RemoveObserver(AccessControlLogical::IDepartmentManagerObserver* pObserver) override;
@@ -71,7 +72,7 @@ private:
     void Notify(PersonParam&& param);
     void Notify(RecordParam&& param);
 
-    CServerConnection& m_connection;
+    IServerConnection& m_connection;
     CUserManager& m_userManager;
     ObserverList<AccessControlLogical::IDepartmentManagerObserver> m_departmentObservers;
     ObserverList<AccessControlLogical::IPersonManagerObserver> m_personObservers;

@@ -27,7 +27,7 @@ constexpr auto TakeFailedDevices = [](IGroupManagerObserver::Param& param, wire:
 
 } // namespace
 
-CGroupManager::CGroupManager(CServerConnection& connection, CUserManager& userManager)
+CGroupManager::CGroupManager(IServerConnection& connection, CUserManager& userManager)
     : m_connection(connection)
     , m_userManager(userManager)
 {
@@ -201,6 +201,8 @@ void CGroupManager::NotifyImport(const JobReport& report)
     } else {
         param.importState.nTotal = report.state.nTotal;
         param.importState.nDone = report.state.nDone;
+        // Each item is a row that failed.
+        param.importState.nFailed = report.nItems;
     }
     param.importState.vecFailed = ItemsOf<GroupLogical::ImportFailure_t>(report);
     Notify(std::move(param));

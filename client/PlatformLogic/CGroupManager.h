@@ -1,20 +1,21 @@
 #pragma once
 
 #include "ObserverList.h"
+#include "PlatformLogicExport.h"
 
 #include <GroupLogical/IGroupManager.h>
 
 namespace PlatformLogic {
 
-class CServerConnection;
 class CUserManager;
+class IServerConnection;
 
 /// Organisations and devices of the server.
-class CGroupManager : public GroupLogical::IGroupManager
+class PLATFORMLOGIC_EXPORT CGroupManager : public GroupLogical::IGroupManager
 {
 public:
     /// Both are borrowed and outlive the manager.
-    CGroupManager(CServerConnection& connection, CUserManager& userManager);
+    CGroupManager(IServerConnection& connection, CUserManager& userManager);
 
     void AddObserver(GroupLogical::IGroupManagerObserver* pObserver) override;
     void RemoveObserver(GroupLogical::IGroupManagerObserver* pObserver) override;
@@ -48,7 +49,7 @@ private:
     void Notify(Param&& param);
     void NotifyImport(const struct JobReport& report);
 
-    CServerConnection& m_connection;
+    IServerConnection& m_connection;
     CUserManager& m_userManager;
     ObserverList<GroupLogical::IGroupManagerObserver> m_observers;
 };

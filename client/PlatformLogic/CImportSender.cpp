@@ -9,7 +9,7 @@ constexpr int ImportRetryLimit = 30;
 } // namespace
 
 CImportSender::CImportSender(
-    CServerConnection& connection, GroupLogical::ImportRequest_t request, JobHandler handler)
+    IServerConnection& connection, GroupLogical::ImportRequest_t request, JobHandler handler)
     : m_connection(connection)
     , m_request(std::move(request))
     , m_handler(std::move(handler))
@@ -32,7 +32,7 @@ int CImportSender::Start()
 void CImportSender::Fail(int nErrorCode, const std::string& sDetail)
 {
     // Without RunImport the server imports nothing.
-    m_handler({m_nSequence, nErrorCode, sDetail, true, {}});
+    m_handler({m_nSequence, nErrorCode, sDetail, true, {}, 0});
 }
 
 void CImportSender::SendRows()
@@ -54,7 +54,7 @@ void CImportSender::SendRows()
         });
 }
 
-void CImportSender::Run(CServerConnection& connection, const wire::RunImportRequest& request, int nSequence,
+void CImportSender::Run(IServerConnection& connection, const wire::RunImportRequest& request, int nSequence,
     const JobHandler& handler, int nAttempt)
 {
     CallServer<wire::RunImport>(
@@ -71,13 +71,13 @@ void CImportSender::Run(CServerConnection& connection, const wire::RunImportRequ
             else if (bLost && nAttempt < ImportRetryLimit)
                 Run(connection, request, nSequence, handler, nAttempt + 1);
             else
-                handler({nSequence, answer.nErrorCode, answer.sDetail, true, {}});
+                handler({nSequence, answer.nErrorCode, answer.sDetail, true, {}, 0});
         },
         nAttempt == 0 ? 0 : ImportRetryMs);
 }
 
 int CImportSender::StartUploaded(
-    CServerConnection& connection, const wire::RunImportRequest& request, JobHandler handler)
+    IServerConnection& connection, const wire::RunImportRequest& request, JobHandler handler)
 {
     // The number of the first request is that of the import.
     return CallServer<wire::GetSession>(connection, {},

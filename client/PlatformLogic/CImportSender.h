@@ -14,21 +14,21 @@ namespace PlatformLogic {
 class CImportSender : public std::enable_shared_from_this<CImportSender>
 {
 public:
-    CImportSender(CServerConnection& connection, GroupLogical::ImportRequest_t request, JobHandler handler);
+    CImportSender(IServerConnection& connection, GroupLogical::ImportRequest_t request, JobHandler handler);
 
     /// Answers the request's number.
     int Start();
     /// Starts an import whose rows the server has already.
     static int StartUploaded(
-        CServerConnection& connection, const wire::RunImportRequest& request, JobHandler handler);
+        IServerConnection& connection, const wire::RunImportRequest& request, JobHandler handler);
 
 private:
     void SendRows();
-    static void Run(CServerConnection& connection, const wire::RunImportRequest& request, int nSequence,
+    static void Run(IServerConnection& connection, const wire::RunImportRequest& request, int nSequence,
         const JobHandler& handler, int nAttempt);
     void Fail(int nErrorCode, const std::string& sDetail);
 
-    CServerConnection& m_connection;
+    IServerConnection& m_connection;
     GroupLogical::ImportRequest_t m_request;
     const JobHandler m_handler;
     std::string m_sJob;

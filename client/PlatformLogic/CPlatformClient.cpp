@@ -1,9 +1,11 @@
 #include "CPlatformClient.h"
 
 #include "CAccessControlManager.h"
+#include "CEventRouter.h"
 #include "CGroupManager.h"
 #include "CLocalConfig.h"
 #include "CRemoteConfigManager.h"
+#include "CServerConnection.h"
 #include "CTransferManager.h"
 #include "CUserManager.h"
 #include "ServerCall.h"
@@ -15,9 +17,6 @@
 #include <QNetworkInterface>
 
 namespace PlatformLogic {
-
-using UserLogical::ILoginManagerObserver;
-using UserLogical::IUserManagerObserve;
 
 namespace {
 
@@ -48,12 +47,8 @@ struct CPlatformClient::Private
         QMetaObject::invokeMethod(pClient, std::move(call), Qt::QueuedConnection);
     }
 
-    // The following run on the network thread.
-    void OnEvent(const std::string& sName, const std::string& sData);
+    /// On the network thread.
     void OnState(CServerConnection::State state);
-    void OnDeviceStates(const std::string& sData);
-    void RefreshSession();
-    void EndSession();
 
     CPlatformClient* pClient;
     CServerConnection connection;
@@ -62,6 +57,7 @@ struct CPlatformClient::Private
     CGroupManager groupManager;
     CRemoteConfigManager remoteConfigManager;
     CAccessControlManager accessControlManager;
+    CEventRouter router;
     CTransferManager transferManager;
 };
 
@@ -72,12 +68,18 @@ CPlatformClient::Private::Private(CPlatformClient* pOwner, const QString& sConfi
     , groupManager(connection, userManager)
     , remoteConfigManager(connection, userManager)
     , accessControlManager(connection, userManager)
+    , router(connection, userManager, groupManager, remoteConfigManager, accessControlManager)
 {
     UICommonMdl::CDepartmentModelManager::Instance()->SetAccessControlManager(&accessControlManager);
     UICommonMdl::CGlobalPhotoManager::GetPhotoManager()->SetSource(
         &transferManager, [this] { return QString::fromStdString(userManager.GetToken()); },
         sConfigFolder + QStringLiteral("/photos"));
-    connection.SetEventHandler([this](const auto& sName, const auto& sData) { OnEvent(sName, sData); });
+    connect(&router, &CEventRouter::SignalRightsChanged, pOwner, &CPlatformClient::SignalRightsChanged);
+    connect(&router, &CEventRouter::SignalSessionEnded, pOwner, &CPlatformClient::SignalSessionEnded);
+    connect(
+        &router, &CEventRouter::SignalConnectionChanged, pOwner, &CPlatformClient::SignalConnectionChanged);
+    connection.SetEventHandler(
+        [this](const auto& sName, const auto& sData) { router.OnEvent(sName, sData); });
     connection.SetStateHandler([this](CServerConnection::State state) { OnState(state); });
 }
 
@@ -89,85 +91,18 @@ CPlatformClient::Private::~Private()
     connection.Stop();
 }
 
-void CPlatformClient::Private::OnEvent(const std::string& sName, const std::string& sData)
-{
-    using GroupLogical::IGroupManagerObserver;
-    if (sName == wire::event::DeviceStates)
-        OnDeviceStates(sData);
-    else if (sName == wire::event::DevicesChanged)
-        groupManager.NotifyPush(IGroupManagerObserver::ResultDevicesChanged);
-    else if (sName == wire::event::OrganizationsChanged)
-        groupManager.NotifyPush(IGroupManagerObserver::ResultOrganizationsChanged);
-    else if (sName == wire::event::DepartmentsChanged)
-        accessControlManager.NotifyDepartmentsChanged();
-    else if (sName == wire::event::PersonsChanged)
-        accessControlManager.NotifyPersonsChanged();
-    else if (sName == wire::event::UsersChanged)
-        userManager.NotifyPush(IUserManagerObserve::ResultUsersChanged);
-    else if (sName == wire::event::RolesChanged)
-        userManager.NotifyPush(IUserManagerObserve::ResultRolesChanged);
-    else if (sName == wire::event::RightsChanged)
-        RefreshSession();
-    else if (sName == wire::event::SessionEnded)
-        EndSession();
-}
-
-void CPlatformClient::Private::OnDeviceStates(const std::string& sData)
-{
-    try {
-        const auto states = nlohmann::json::parse(sData).get<wire::DeviceStates>();
-        remoteConfigManager.NotifyStates(states.vecStates);
-    } catch (const nlohmann::json::exception& error) {
-        qWarning("Device states could not be read[%s].", error.what());
-    }
-}
-
 void CPlatformClient::Private::OnState(CServerConnection::State state)
 {
     switch (state) {
     case CServerConnection::State::Disconnected:
         break;
     case CServerConnection::State::SessionRefused:
-        EndSession();
-        break;
+        return router.EndSession();
     case CServerConnection::State::Lost:
-        remoteConfigManager.SetServerConnected(false);
-        userManager.NotifyLogin(ILoginManagerObserver::ResultDisconnected, UICommonMdl::ErrorDisconnected);
-        OnUiThread([this] { Q_EMIT pClient->SignalConnectionChanged(false); });
-        break;
+        return router.SetConnected(false);
     case CServerConnection::State::Connected:
-        if (remoteConfigManager.IsServerConnected())
-            break;
-        // Rights may have changed while nobody could tell.
-        RefreshSession();
-        remoteConfigManager.SetServerConnected(true);
-        userManager.NotifyLogin(ILoginManagerObserver::ResultReconnected);
-        OnUiThread([this] { Q_EMIT pClient->SignalConnectionChanged(true); });
-        break;
+        return router.SetConnected(true);
     }
-}
-
-void CPlatformClient::Private::RefreshSession()
-{
-    CallServer<wire::GetSession>(connection, {}, [this](TypedAnswer<wire::Session>&& answer) {
-        if (answer.nErrorCode != UICommonMdl::ErrorNone || !userManager.GetUserRight())
-            return;
-        if (!userManager.SetSession(answer.data))
-            return;
-        userManager.NotifyLogin(ILoginManagerObserver::ResultRightsChanged);
-        OnUiThread([this] { Q_EMIT pClient->SignalRightsChanged(); });
-    });
-}
-
-void CPlatformClient::Private::EndSession()
-{
-    if (!userManager.GetUserRight())
-        return;
-    userManager.ClearSession();
-    connection.CloseSession();
-    remoteConfigManager.SetServerConnected(false);
-    userManager.NotifyLogin(ILoginManagerObserver::ResultSessionEnded, UICommonMdl::ErrorNotSignedIn);
-    OnUiThread([this] { Q_EMIT pClient->SignalSessionEnded(); });
 }
 
 CPlatformClient::CPlatformClient(const QString& sConfigFolder, QObject* pParent)
@@ -219,7 +154,7 @@ UICommonMdl::ILocalConfig* CPlatformClient::GetLocalConfig() const
 void CPlatformClient::SetServer(const QUrl& url, const QSslConfiguration& tls)
 {
     m_pPrivate->userManager.ClearSession();
-    m_pPrivate->connection.CloseSession();
+    m_pPrivate->connection.CloseSession(CServerConnection::OpenRequests::Cancel);
     m_pPrivate->connection.SetServer(url, tls);
     m_pPrivate->transferManager.SetServer(url, tls);
 }

@@ -8,7 +8,7 @@ namespace PlatformLogic {
 using RemoteConfigLogical::IRemoteDeviceObserver;
 using RemoteConfigLogical::ISystemConfigObserver;
 
-CRemoteConfigManager::CRemoteConfigManager(CServerConnection& connection, CUserManager& userManager)
+CRemoteConfigManager::CRemoteConfigManager(IServerConnection& connection, CUserManager& userManager)
     : m_connection(connection)
     , m_userManager(userManager)
 {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ObserverList.h"
+#include "PlatformLogicExport.h"
 
 #include <RemoteConfigLogical/IRemoteConfigManager.h>
 
@@ -12,15 +13,15 @@
 
 namespace PlatformLogic {
 
-class CServerConnection;
 class CUserManager;
+class IServerConnection;
 
 /// Device states, dictionary and the state of the connection.
-class CRemoteConfigManager : public RemoteConfigLogical::IRemoteConfigManager
+class PLATFORMLOGIC_EXPORT CRemoteConfigManager : public RemoteConfigLogical::IRemoteConfigManager
 {
 public:
     /// Both are borrowed and outlive the manager.
-    CRemoteConfigManager(CServerConnection& connection, CUserManager& userManager);
+    CRemoteConfigManager(IServerConnection& connection, CUserManager& userManager);
 
     void AddObserver(RemoteConfigLogical::IRemoteDeviceObserver* pObserver) override;
     void RemoveObserver(RemoteConfigLogical::IRemoteDeviceObserver* pObserver) override;
@@ -62,7 +63,7 @@ private:
     void Notify(DeviceParam&& param);
     void Notify(SystemParam&& param);
 
-    CServerConnection& m_connection;
+    IServerConnection& m_connection;
     CUserManager& m_userManager;
     std::atomic<bool> m_bConnected{true};
     std::mutex m_mutex; ///< guards the two below

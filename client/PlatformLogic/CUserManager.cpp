@@ -36,7 +36,7 @@ constexpr auto TakeAudit = [](Result::Param& param, AuditPage_t&& page) {
 
 } // namespace
 
-CUserManager::CUserManager(CServerConnection& connection)
+CUserManager::CUserManager(IServerConnection& connection)
     : m_connection(connection)
 {
 }

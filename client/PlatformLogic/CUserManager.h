@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ObserverList.h"
+#include "PlatformLogicExport.h"
 
 #include <UserLogical/IUserManager.h>
 
@@ -13,14 +14,14 @@ struct Session;
 
 namespace PlatformLogic {
 
-class CServerConnection;
+class IServerConnection;
 
 /// The signed-in user as the server last told, and the server's accounts, roles and log. Any thread.
-class CUserManager : public UserLogical::IUserManager, private UserLogical::IUserRight
+class PLATFORMLOGIC_EXPORT CUserManager : public UserLogical::IUserManager, private UserLogical::IUserRight
 {
 public:
     /// The connection is borrowed and outlives the manager's requests.
-    explicit CUserManager(CServerConnection& connection);
+    explicit CUserManager(IServerConnection& connection);
 
     void AddObserver(UserLogical::ILoginManagerObserver* pObserver) override;
     void RemoveObserver(UserLogical::ILoginManagerObserver* pObserver) override;
@@ -74,7 +75,7 @@ private:
     int Call(int nResultCode, const typename Op::Request& request, Take take);
     void Notify(Param&& param);
 
-    CServerConnection& m_connection;
+    IServerConnection& m_connection;
     std::mutex m_mutex;
     bool m_bSignedIn = false;
     std::string m_sUserName;

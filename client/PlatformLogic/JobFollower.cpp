@@ -12,7 +12,7 @@ constexpr int JobRetryLimit = 120;
 class Follower : public std::enable_shared_from_this<Follower>
 {
 public:
-    Follower(CServerConnection& connection, std::string sJob, int nSequence, JobHandler handler)
+    Follower(IServerConnection& connection, std::string sJob, int nSequence, JobHandler handler)
         : m_connection(connection)
         , m_sJob(std::move(sJob))
         , m_nSequence(nSequence)
@@ -40,19 +40,19 @@ private:
             return;
         }
         if (answer.nErrorCode != UICommonMdl::ErrorNone) {
-            m_handler({m_nSequence, answer.nErrorCode, answer.sDetail, true, {}});
+            m_handler({m_nSequence, answer.nErrorCode, answer.sDetail, true, {}, m_nFrom});
             return;
         }
         m_nRetries = 0;
         m_nFrom += static_cast<int>(answer.data.items.size());
         const bool bFinal = answer.data.bFinished;
         m_handler({m_nSequence, bFinal ? answer.data.nErrorCode : UICommonMdl::ErrorNone,
-            answer.data.sErrorDetail, bFinal, std::move(answer.data)});
+            answer.data.sErrorDetail, bFinal, std::move(answer.data), m_nFrom});
         if (!bFinal)
             Ask(0);
     }
 
-    CServerConnection& m_connection;
+    IServerConnection& m_connection;
     const std::string m_sJob;
     const int m_nSequence;
     const JobHandler m_handler;
@@ -62,7 +62,7 @@ private:
 
 } // namespace
 
-void FollowJob(CServerConnection& connection, const std::string& sJob, int nSequence, JobHandler handler)
+void FollowJob(IServerConnection& connection, const std::string& sJob, int nSequence, JobHandler handler)
 {
     std::make_shared<Follower>(connection, sJob, nSequence, std::move(handler))->Ask(0);
 }

@@ -15,24 +15,25 @@ struct JobReport
     std::string sDetail;
     bool bFinal = false; ///< the last report
     wire::JobState state;
+    int nItems = 0; ///< items so far, with those of this report
 };
 /// Called on the network thread; the last time with bFinal.
 using JobHandler = std::function<void(const JobReport& report)>;
 
 /// Reads a job's results until it has ended. A connection that is lost meanwhile is waited for.
-void FollowJob(CServerConnection& connection, const std::string& sJob, int nSequence, JobHandler handler);
+void FollowJob(IServerConnection& connection, const std::string& sJob, int nSequence, JobHandler handler);
 
 /// Sends an operation that starts a job, and follows it. Answers the request's number; started is told the
 /// job, on the network thread.
 template <class Op>
-int StartJob(CServerConnection& connection, const typename Op::Request& request, JobHandler handler,
+int StartJob(IServerConnection& connection, const typename Op::Request& request, JobHandler handler,
     std::function<void(int nSequence, const std::string& sJob)> started = {})
 {
     return CallServer<Op>(connection, request,
         [&connection, handler = std::move(handler), started = std::move(started)](
             TypedAnswer<wire::Job>&& answer) {
             if (answer.nErrorCode != UICommonMdl::ErrorNone) {
-                handler({answer.nSequence, answer.nErrorCode, answer.sDetail, true, {}});
+                handler({answer.nSequence, answer.nErrorCode, answer.sDetail, true, {}, 0});
                 return;
             }
             if (started)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CServerConnection.h"
+#include "IServerConnection.h"
 
 #include <UICommonMdl/ErrorCodes.h>
 #include <wire/Operations.h>
@@ -24,7 +24,7 @@ constexpr auto TakeNothing = [](auto&, wire::Nothing&&) {};
 /// (above 0), which is sent after nDelayMs. Text that is not UTF-8 is replaced, never sent as it is.
 template <class Op, class Handler>
 int CallServer(
-    CServerConnection& connection, const typename Op::Request& request, Handler handler, int nDelayMs = 0)
+    IServerConnection& connection, const typename Op::Request& request, Handler handler, int nDelayMs = 0)
 {
     const std::string sBody =
         nlohmann::json(request).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);

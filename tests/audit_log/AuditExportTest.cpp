@@ -27,7 +27,7 @@ protected:
         EXPECT_TRUE(unzip.waitForFinished());
         return unzip.readAllStandardOutput();
     }
-    std::vector<FakeCall> Pieces() { return m_host.user.users.Calls("ExportAudit"); }
+    std::vector<FakeCall> Pieces() { return m_host.server.Calls<wire::ExportAudit>(); }
 
     QTemporaryDir m_folder;
 };
@@ -43,7 +43,7 @@ TEST_F(AuditExportTest, ReadsTheWholeLogPieceByPiece)
     const auto vecPieces = Pieces();
     ASSERT_EQ(vecPieces.size(), 3U);
     for (std::size_t n = 0; n < vecPieces.size(); ++n) {
-        const auto request = std::any_cast<Request>(vecPieces[n].argument);
+        const auto request = vecPieces[n].Request<wire::ExportAudit>();
         EXPECT_EQ(request.nBelowId, n == 0 ? 0 : 2500 - std::int64_t(n) * 1000 + 1);
         EXPECT_EQ(request.nPageSize, 1000);
         EXPECT_EQ(request.sUserName, "alice");
@@ -67,23 +67,19 @@ TEST_F(AuditExportTest, StopsAtTheLimitAndSaysSo)
 
 TEST_F(AuditExportTest, CanBeCancelledBetweenPieces)
 {
-    m_host.user.users.Hold("ExportAudit");
+    m_host.server.Hold<wire::ExportAudit>();
     Open();
     StartExport("log.xlsx");
     ASSERT_TRUE(WaitDialog());
-    const FakeCall first = Pieces().front();
-    m_host.user.users.Answer(first, [](const FakeCall&, Param& param) {
-        Request piece;
-        piece.nPageSize = 1000;
-        Fill(piece, 2500, param);
-    });
+    Request piece;
+    piece.nPageSize = 1000;
+    m_host.server.AnswerLast<wire::ExportAudit>(MakePage(piece, 2500));
     PageDriver::Settle();
     ASSERT_EQ(Pieces().size(), 2U);
     Screenshot(WaitDialog(), "audit-export");
     QTest::keyClick(WaitDialog(), Qt::Key_Escape);
     EXPECT_TRUE(PageDriver::WaitFor([&] { return !WaitDialog(); }));
-    m_host.user.users.Answer(
-        Pieces().back(), [](const FakeCall&, Param& param) { Fill(Request(), 5, param); });
+    m_host.server.AnswerLast<wire::ExportAudit>(MakePage(Request(), 5));
     PageDriver::Settle();
     EXPECT_EQ(Pieces().size(), 2U) << "a late piece goes nowhere";
     EXPECT_FALSE(QFile::exists(Path("log.xlsx")));
@@ -103,12 +99,12 @@ TEST_F(AuditExportTest, FailuresAreToldAndLeaveNoFile)
     EXPECT_TRUE(PageDriver::WaitFor(
         [&] { return Notice().startsWith(QStringLiteral("Failed to export the audit log: ")); }));
 
-    m_host.user.users.FailAlways("ExportAudit", UICommonMdl::ErrorNoRight);
+    m_host.server.FailAlways<wire::ExportAudit>(UICommonMdl::ErrorNoRight);
     StartExport("log.xlsx");
     EXPECT_TRUE(PageDriver::WaitFor([&] { return Notice().contains(QStringLiteral("right to do this")); }));
     EXPECT_FALSE(WaitDialog());
 
-    m_host.user.users.Refuse("ExportAudit");
+    m_host.server.Refuse<wire::ExportAudit>();
     StartExport("log.xlsx");
     EXPECT_EQ(Notice(),
         QStringLiteral("Failed to export the audit log: The request could not be sent to the server."));
@@ -117,15 +113,12 @@ TEST_F(AuditExportTest, FailuresAreToldAndLeaveNoFile)
 
 TEST_F(AuditExportTest, NeedsItsRight)
 {
-    m_host.user.setMissing = {"004003"};
+    m_host.SetMissingRights({"004003"});
     Open();
     EXPECT_FALSE(IsUsable("btnExport"));
     EXPECT_EQ(m_pDriver->Find(QStringLiteral("btnExport"))->toolTip(),
         QStringLiteral("You do not have the right to export the audit log."));
-    m_host.user.setMissing.clear();
-    FakeUserManager::LoginObserver::Param param;
-    param.nResultCode = FakeUserManager::LoginObserver::ResultRightsChanged;
-    m_host.user.login.Send(param);
+    m_host.SetMissingRights({});
     PageDriver::Settle();
     EXPECT_TRUE(IsUsable("btnExport"));
 }

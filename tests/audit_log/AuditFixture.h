@@ -25,7 +25,6 @@
 class AuditFixture : public testing::Test
 {
 protected:
-    using Param = FakeUserManager::Param;
     using Request = UserLogical::AuditRequest_t;
     using Entry = UserLogical::AuditEntry_t;
 
@@ -50,22 +49,23 @@ protected:
         entry.nTime = 1750000000000 + nId * 61000;
         return entry;
     }
-    static void Fill(const Request& request, int nCount, Param& param)
+    static UserLogical::AuditPage_t MakePage(const Request& request, int nCount)
     {
-        param.auditPage.nTotal = nCount;
-        param.auditPage.nPage = qMin(request.nPage, (nCount - 1) / request.nPageSize + 1);
+        UserLogical::AuditPage_t page;
+        page.nTotal = nCount;
+        page.nPage = qMin(request.nPage, (nCount - 1) / request.nPageSize + 1);
         std::int64_t nId = request.nBelowId > 0 ? request.nBelowId - 1 : nCount;
-        nId -= std::int64_t(param.auditPage.nPage - 1) * request.nPageSize;
+        nId -= std::int64_t(page.nPage - 1) * request.nPageSize;
         for (int n = 0; n < request.nPageSize && nId > 0; ++n)
-            param.auditPage.vecEntries.push_back(MakeEntry(nId--));
+            page.vecEntries.push_back(MakeEntry(nId--));
+        return page;
     }
     /// Answers queries and exports from a log of that size.
     void Serve(int nCount)
     {
-        for (const char* szOperation : {"QueryAuditPage", "ExportAudit"})
-            m_host.user.users.AnswerAlways(szOperation, [nCount](const FakeCall& call, Param& param) {
-                Fill(std::any_cast<Request>(call.argument), nCount, param);
-            });
+        const auto serve = [nCount](const auto& request, auto& page) { page = MakePage(request, nCount); };
+        m_host.server.AnswerAlways<wire::QueryAuditPage>(serve);
+        m_host.server.AnswerAlways<wire::ExportAudit>(serve);
     }
     void Open()
     {
@@ -96,13 +96,11 @@ protected:
         return m_pDriver->Find<VxGUI::VxEmptyState>(QStringLiteral("wgtListState"))->GetTitle();
     }
     QString Notice() { return VxGUI::VxNotification::CurrentText(m_pPage.get()); }
-    Request LastRequest() { return m_host.user.users.LastArgument<Request>("QueryAuditPage"); }
-    int Queries() { return m_host.user.users.Count("QueryAuditPage"); }
-    void Notify(int nResultCode)
+    Request LastRequest() { return m_host.server.LastRequest<wire::QueryAuditPage>(); }
+    int Queries() { return m_host.server.Count<wire::QueryAuditPage>(); }
+    void Connect(bool bConnected)
     {
-        FakeRemoteConfigManager::SystemObserver::Param param;
-        param.nResultCode = nResultCode;
-        m_host.remote.system.Send(param);
+        m_host.PushConnected(bConnected);
         PageDriver::Settle();
     }
     static void Screenshot(QWidget* pWidget, const char* szName)

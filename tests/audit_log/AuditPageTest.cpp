@@ -98,8 +98,7 @@ TEST_F(AuditPage, EachStateOfTheListHasItsText)
         {UICommonMdl::ErrorTimeOut, "Failed to get the audit log", true},
         {UICommonMdl::ErrorNone, "No entry matches the filters.", false}};
     for (const auto& test : cases) {
-        m_host.user.users.AnswerAlways(
-            "QueryAuditPage", [&test](const FakeCall&, Param& param) { param.nErrorCode = test.nErrorCode; });
+        m_host.server.FailAlways<wire::QueryAuditPage>(test.nErrorCode);
         Open();
         EXPECT_EQ(State(), QLatin1String(test.szText));
         EXPECT_EQ(Notice().startsWith(QStringLiteral("Failed to get the audit log")), test.bNotice);
@@ -107,11 +106,11 @@ TEST_F(AuditPage, EachStateOfTheListHasItsText)
         Screenshot(m_pPage.get(), test.bNotice ? "audit-failed" : "audit-empty");
         Close();
     }
-    m_host.user.users.Hold("QueryAuditPage");
+    m_host.server.Hold<wire::QueryAuditPage>();
     Open();
     EXPECT_EQ(State(), QStringLiteral("Loading the audit log"));
     Close();
-    m_host.user.users.Refuse("QueryAuditPage");
+    m_host.server.Refuse<wire::QueryAuditPage>();
     Open();
     EXPECT_EQ(State(), QStringLiteral("Failed to get the audit log"));
 }
@@ -119,21 +118,21 @@ TEST_F(AuditPage, EachStateOfTheListHasItsText)
 TEST_F(AuditPage, LateAnswersAreDropped)
 {
     Open();
-    m_host.user.users.Hold("QueryAuditPage");
+    m_host.server.Hold<wire::QueryAuditPage>();
     Click("btnSearch");
-    const FakeCall first = m_host.user.users.Last("QueryAuditPage");
+    const FakeCall first = m_host.server.Last<wire::QueryAuditPage>();
     Click("btnSearch");
-    const FakeCall second = m_host.user.users.Last("QueryAuditPage");
-    m_host.user.users.Answer(second, [](const FakeCall&, Param& param) { Fill(Request(), 2, param); });
-    m_host.user.users.Answer(first, [](const FakeCall&, Param& param) { Fill(Request(), 9, param); });
+    const FakeCall second = m_host.server.Last<wire::QueryAuditPage>();
+    m_host.server.Answer<wire::QueryAuditPage>(second, MakePage(Request(), 2));
+    m_host.server.Answer<wire::QueryAuditPage>(first, MakePage(Request(), 9));
     PageDriver::Settle();
     EXPECT_EQ(List()->model()->rowCount(), 2);
     Click("btnSearch");
-    const FakeCall last = m_host.user.users.Last("QueryAuditPage");
+    const FakeCall last = m_host.server.Last<wire::QueryAuditPage>();
     Close();
-    m_host.user.users.Answer(last, nullptr);
+    m_host.server.Answer<wire::QueryAuditPage>(last);
     PageDriver::Settle();
-    EXPECT_EQ(m_host.user.users.ObserverCount(), 0U);
+    EXPECT_EQ(m_host.CountObservers(), 0);
 }
 
 TEST_F(AuditPage, WithoutAConnectionTheRowsStay)
@@ -141,19 +140,20 @@ TEST_F(AuditPage, WithoutAConnectionTheRowsStay)
     Open();
     const int nQueries = Queries();
     Type("edtUser", "alice");
-    Notify(SystemObserver::ResultServerDisconnected);
+    Connect(false);
     EXPECT_TRUE(m_pDriver->IsShown(QStringLiteral("lbConnection")));
     for (const char* szName : {"edtUser", "btnSearch", "btnReset", "btnRefresh", "btnExport", "m_pPageCtrl"})
         EXPECT_FALSE(IsUsable(szName)) << szName;
     EXPECT_EQ(Queries(), nQueries);
     EXPECT_EQ(List()->model()->rowCount(), 20);
-    Notify(SystemObserver::ResultServerReconnected);
+    Connect(true);
     EXPECT_EQ(Queries(), nQueries + 1);
     EXPECT_TRUE(IsUsable("btnExport"));
     EXPECT_EQ(m_pDriver->Find<QLineEdit>(QStringLiteral("edtUser"))->text(), QStringLiteral("alice"));
 
     m_pPage->UninitUI();
-    Notify(SystemObserver::ResultServerReconnected);
+    Connect(false);
+    Connect(true);
     EXPECT_EQ(Queries(), nQueries + 1) << "after the end nothing is asked for";
 }
 

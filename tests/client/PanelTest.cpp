@@ -1,10 +1,10 @@
 #include "PageDriver.h"
 
-#include "fakes/FakeUserManager.h"
 #include <UICommonMdl/CBasePanel.h>
 #include <UICommonMdl/CInterfaceSetManager.h>
 #include <UICommonMdl/CPluginPanel.h>
 #include <VxPluginAPI/IAbstractWidget.h>
+#include <tests/support/fakes/FakeHost.h>
 
 #include <QVBoxLayout>
 
@@ -56,15 +56,24 @@ private:
     bool m_bTakesMessages;
 };
 
-/// A source with a user manager of its own name.
-class Source : public RightsSource
+/// A source of a user manager alone, with a user of that name.
+class Source : public VxPluginAPI::IAbstractResourceManager
 {
 public:
     explicit Source(const std::string& sUser)
     {
-        sUserName = sUser;
-        vecMenuRights = {{"001001", "devices", 0}, {"001003", "storage", 2}};
+        m_host.session.sUserName = sUser;
+        m_host.session.vecMenuRights = {{"001001", "devices", 0}, {"001003", "storage", 2}};
+        m_host.ApplySession();
     }
+    VxPluginAPI::IManager* FindManager(const std::string& sInterfaceId) override
+    {
+        return sInterfaceId == UserLogical::IUserManager::InterfaceId ? m_host.FindManager(sInterfaceId)
+                                                                      : nullptr;
+    }
+
+private:
+    FakeHost m_host;
 };
 
 class BasePanel : public testing::Test

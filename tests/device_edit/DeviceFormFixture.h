@@ -15,22 +15,18 @@
 
 #include <memory>
 
-/// The form of a device over fakes that serve its choices, and what it signals.
+/// The form of a device of a host that serves its choices, and what it signals.
 class DeviceFormFixture : public testing::Test
 {
 protected:
     using Device = GroupLogical::DeviceAddInfo_t;
-    using GroupParam = FakeGroupManager::Param;
-    using SystemParam = FakeRemoteConfigManager::SystemObserver::Param;
 
     void SetUp() override
     {
-        m_host.group.ServeSite();
-        m_host.remote.system.AnswerAlways("QueryDictionary",
-            [](const FakeCall&, SystemParam& param) { param.dictionary = MakeDictionary(); });
-        m_host.remote.system.AnswerAlways("QueryVideoServers", [](const FakeCall&, SystemParam& param) {
-            param.vecServers = {{"s1", "Media server 1"}, {"s2", "Media server 2"}};
-        });
+        m_host.site.ServeDevices();
+        m_host.server.AnswerAlways<wire::GetDictionary>(MakeDictionary());
+        m_host.server.AnswerAlways<wire::QueryVideoServers>(
+            {{{"s1", "Media server 1"}, {"s2", "Media server 2"}}});
     }
     void TearDown() override { Close(); }
 
@@ -62,15 +58,14 @@ protected:
     void OpenAdd(const QString& sOrgCode = QStringLiteral("001001"))
     {
         Open();
-        m_pForm->StartAdd(m_host.group.vecOrganizations, sOrgCode);
+        m_pForm->StartAdd(m_host.site.vecOrganizations, sOrgCode);
         PageDriver::Settle();
     }
     void OpenEdit(const Device& device)
     {
-        m_host.group.AnswerAlways("QueryDeviceDetail",
-            [device](const FakeCall&, FakeGroupManager::Param& param) { param.optDevice = device; });
+        m_host.server.AnswerAlways<wire::QueryDeviceDetail>(device);
         Open();
-        m_pForm->StartEdit(QString::fromStdString(device.sDeviceId), m_host.group.vecOrganizations);
+        m_pForm->StartEdit(QString::fromStdString(device.sDeviceId), m_host.site.vecOrganizations);
         PageDriver::Settle();
     }
     void Close()
@@ -114,16 +109,25 @@ protected:
     bool IsUsable(const char* pszName) { return m_pDriver->IsUsable(QLatin1String(pszName)); }
     std::string LastNotice() { return m_listNotices.isEmpty() ? "" : m_listNotices.last().toStdString(); }
 
-    int Count(const char* pszOperation) { return m_host.group.Count(pszOperation); }
-    Device Sent(const char* pszOperation) { return m_host.group.LastArgument<Device>(pszOperation); }
-    void Answer(const char* pszOperation, int nErrorCode = 0, const char* pszDetail = "",
-        const std::vector<GroupLogical::FailedItem_t>& vecFailed = {})
+    template <class Op>
+    int Count()
     {
-        m_host.group.Answer(m_host.group.Last(pszOperation), [&](const FakeCall&, GroupParam& param) {
-            param.nErrorCode = nErrorCode;
-            param.sErrorDetail = pszDetail;
-            param.vecFailed = vecFailed;
-        });
+        return m_host.server.Count<Op>();
+    }
+    template <class Op>
+    Device Sent()
+    {
+        return m_host.server.LastRequest<Op>();
+    }
+    template <class Op>
+    void Fail(int nErrorCode, const char* pszDetail = "")
+    {
+        m_host.server.FailLast<Op>(nErrorCode, pszDetail);
+        PageDriver::Settle();
+    }
+    void Refuse(const std::vector<GroupLogical::FailedItem_t>& vecFailed)
+    {
+        m_host.server.AnswerLast<wire::AddDevice>({{}, vecFailed});
         PageDriver::Settle();
     }
 

@@ -57,7 +57,7 @@ TEST_F(DeviceForm, AddsACameraByKeysFromDefaults)
     m_pDriver->Find<QSpinBox>(QStringLiteral("spbVideo"))->setValue(2);
     m_pDriver->Screenshot(QStringLiteral("device-form-device"));
     m_pDriver->Key(QStringLiteral("editDevName"), Qt::Key_Return);
-    ASSERT_EQ(Count("AddDevice"), 1);
+    ASSERT_EQ(Count<wire::AddDevice>(), 1);
     Device expected;
     expected.sName = "Gate camera";
     expected.sIp = "10.0.0.9";
@@ -72,9 +72,9 @@ TEST_F(DeviceForm, AddsACameraByKeysFromDefaults)
     expected.sUserName = "admin";
     expected.sPassword = "Field-2024";
     expected.nVideoChannels = 2;
-    EXPECT_EQ(Sent("AddDevice"), expected);
+    EXPECT_EQ(Sent<wire::AddDevice>(), expected);
     EXPECT_FALSE(IsUsable("btnFinish")) << "one request at a time";
-    Answer("AddDevice");
+    Fail<wire::AddDevice>(UICommonMdl::ErrorNone);
     EXPECT_EQ(m_nComplete, 1);
     EXPECT_FALSE(m_pForm->IsDirty());
 }
@@ -179,7 +179,7 @@ TEST_F(DeviceForm, FailingChecksKeepTheStepAndTheFirstHasTheFocus)
     Click("btnFinish");
     EXPECT_EQ(Hint("editDevName"), "The device name cannot exceed 41 characters.")
         << "each device of the segment gets its address appended";
-    EXPECT_EQ(Count("AddDevice"), 0);
+    EXPECT_EQ(Count<wire::AddDevice>(), 0);
 }
 
 TEST_F(DeviceForm, CategoryDecidesTheRowsOfTheSecondStep)
@@ -229,29 +229,29 @@ TEST_F(DeviceForm, CategoryDecidesTheRowsOfTheSecondStep)
     Type("editDevName", "Sign");
     Choose("cmbLedSize", "Guide screen");
     Click("btnFinish");
-    ASSERT_EQ(Count("AddDevice"), 1);
-    EXPECT_EQ(Sent("AddDevice").nLedType, 1404);
+    ASSERT_EQ(Count<wire::AddDevice>(), 1);
+    EXPECT_EQ(Sent<wire::AddDevice>().nLedType, 1404);
 }
 
 TEST_F(DeviceForm, RefusalComesUpUnderItsField)
 {
     OpenAdd();
     FillAndFinish();
-    Answer("AddDevice", UICommonMdl::ErrorAddressExists, "sIp");
+    Fail<wire::AddDevice>(UICommonMdl::ErrorAddressExists, "sIp");
     EXPECT_TRUE(HasFocus("editTxtIP")) << "the step that has the field comes up";
     EXPECT_EQ(Hint("editTxtIP"),
         UICommonMdl::CErrorCode::GetErroCodeInfor(UICommonMdl::ErrorAddressExists).toStdString());
     Type("editTxtIP", "10.0.0.10");
     Click("btnNext");
     Click("btnFinish");
-    Answer("AddDevice", UICommonMdl::ErrorNameExists, "sName");
+    Fail<wire::AddDevice>(UICommonMdl::ErrorNameExists, "sName");
     EXPECT_TRUE(HasFocus("editDevName"));
     EXPECT_EQ(Hint("editDevName"), "The name exists already.");
     EXPECT_TRUE(m_listNotices.isEmpty());
 
     Type("editDevName", "Gate camera 2");
     Click("btnFinish");
-    Answer("AddDevice", UICommonMdl::ErrorNotSent);
+    Fail<wire::AddDevice>(UICommonMdl::ErrorNotSent);
     EXPECT_EQ(LastNotice(), "Failed to add device: The request could not be sent to the server.");
     EXPECT_EQ(Content("editDevName"), "Gate camera 2") << "the input stays";
     EXPECT_EQ(m_nComplete, 0);
@@ -271,12 +271,12 @@ TEST_F(DeviceForm, SegmentTellsWhatWasRefused)
     const Failures vecAll{{"10.0.0.5", "", UICommonMdl::ErrorAddressExists, ""},
         {"10.0.0.6", "", UICommonMdl::ErrorNameExists, ""},
         {"10.0.0.7", "", UICommonMdl::ErrorNameExists, ""}};
-    Answer("AddDevice", UICommonMdl::ErrorNone, "", vecAll);
+    Refuse(vecAll);
     EXPECT_EQ(m_nComplete, 0) << "none was added";
     EXPECT_TRUE(m_dialogs.LastText().startsWith(
         QStringLiteral("Failed to add device\nResult of failure is shown below:\n10.0.0.5: ")));
     Click("btnFinish");
-    Answer("AddDevice", UICommonMdl::ErrorNone, "", {vecAll[1]});
+    Refuse({vecAll[1]});
     EXPECT_EQ(m_nComplete, 1);
     EXPECT_EQ(m_dialogs.LastText(),
         QStringLiteral("2 of 3 devices were added.\nResult of failure is shown below:\n10.0.0.6: The name "
@@ -295,9 +295,9 @@ TEST_F(DeviceForm, EditsARecordAndKeepsWhatItDoesNotShow)
     EXPECT_FALSE(m_pForm->IsDirty());
     Click("btnNext");
     Click("btnFinish");
-    ASSERT_EQ(Count("ModifyDevice"), 1);
-    EXPECT_EQ(Sent("ModifyDevice"), device) << "nothing was changed, the empty password least";
-    Answer("ModifyDevice", UICommonMdl::ErrorDeviceUpdating);
+    ASSERT_EQ(Count<wire::ModifyDevice>(), 1);
+    EXPECT_EQ(Sent<wire::ModifyDevice>(), device) << "nothing was changed, the empty password least";
+    Fail<wire::ModifyDevice>(UICommonMdl::ErrorDeviceUpdating);
     EXPECT_TRUE(QString::fromStdString(LastNotice()).startsWith(QStringLiteral("Failed to modify device: ")));
     Type("editDevName", "Yard camera");
     EXPECT_TRUE(m_pForm->IsDirty());
@@ -308,7 +308,7 @@ TEST_F(DeviceForm, EditsARecordAndKeepsWhatItDoesNotShow)
     Device changed = device;
     changed.sName = "Yard camera";
     changed.sPassword = "new-Secret1";
-    EXPECT_EQ(Sent("ModifyDevice"), changed);
+    EXPECT_EQ(Sent<wire::ModifyDevice>(), changed);
 }
 
 TEST_F(DeviceForm, EditKeepsAnAddressAndChoicesThatNoListHolds)
@@ -323,21 +323,20 @@ TEST_F(DeviceForm, EditKeepsAnAddressAndChoicesThatNoListHolds)
     OpenEdit(device);
     Click("btnNext");
     Click("btnFinish");
-    ASSERT_EQ(Count("ModifyDevice"), 1);
-    EXPECT_EQ(Sent("ModifyDevice"), device);
+    ASSERT_EQ(Count<wire::ModifyDevice>(), 1);
+    EXPECT_EQ(Sent<wire::ModifyDevice>(), device);
 }
 
 TEST_F(DeviceForm, DetailThatFailsIsToldAndCanBeAskedForAgain)
 {
-    m_host.group.FailAlways("QueryDeviceDetail", UICommonMdl::ErrorNotFound);
+    m_host.server.FailAlways<wire::QueryDeviceDetail>(UICommonMdl::ErrorNotFound);
     Open();
-    m_pForm->StartEdit(QStringLiteral("1001"), m_host.group.vecOrganizations);
+    m_pForm->StartEdit(QStringLiteral("1001"), m_host.site.vecOrganizations);
     PageDriver::Settle();
     EXPECT_FALSE(IsShown("btnNext"));
     EXPECT_EQ(m_pDriver->Find<QLabel>(QStringLiteral("lbStateText"))->text(),
         QStringLiteral("It does not exist any more."));
-    m_host.group.AnswerAlways("QueryDeviceDetail",
-        [](const FakeCall&, FakeGroupManager::Param& param) { param.optDevice = MakeDevice(); });
+    m_host.server.AnswerAlways<wire::QueryDeviceDetail>(MakeDevice());
     Click("btnStateAction");
     PageDriver::Settle();
     EXPECT_EQ(Content("editTxtIP"), "10.0.0.9");
@@ -346,23 +345,23 @@ TEST_F(DeviceForm, DetailThatFailsIsToldAndCanBeAskedForAgain)
 TEST_F(DeviceForm, LateAnswersOfAnotherDeviceAreDropped)
 {
     Open();
-    m_pForm->StartEdit(QStringLiteral("1001"), m_host.group.vecOrganizations);
-    const FakeCall late = m_host.group.Last("QueryDeviceDetail");
-    m_pForm->StartAdd(m_host.group.vecOrganizations, QString());
-    m_host.group.Answer(
-        late, [](const FakeCall&, FakeGroupManager::Param& param) { param.optDevice = MakeDevice(); });
+    m_pForm->StartEdit(QStringLiteral("1001"), m_host.site.vecOrganizations);
+    const FakeCall late = m_host.server.Last<wire::QueryDeviceDetail>();
+    m_pForm->StartAdd(m_host.site.vecOrganizations, QString());
+    m_host.server.Answer<wire::QueryDeviceDetail>(late, MakeDevice());
     PageDriver::Settle();
     EXPECT_EQ(Content("editTxtIP"), "");
     EXPECT_EQ(m_pForm->windowTitle(), QStringLiteral("Add Device"));
-    const FakeCall afterwards = m_host.remote.system.Last("QueryDictionary");
+    m_host.server.Hold<wire::GetDictionary>();
+    OpenAdd();
     Close();
-    m_host.remote.system.Answer(afterwards, {});
+    m_host.server.AnswerLast<wire::GetDictionary>();
 }
 
 TEST_F(DeviceForm, ListsThatFailAreToldAndAskedForAgain)
 {
-    m_host.remote.system.FailAlways("QueryDictionary", UICommonMdl::ErrorDatabaseBusy);
-    m_host.remote.system.FailAlways("QueryVideoServers", UICommonMdl::ErrorDatabaseBusy);
+    m_host.server.FailAlways<wire::GetDictionary>(UICommonMdl::ErrorDatabaseBusy);
+    m_host.server.FailAlways<wire::QueryVideoServers>(UICommonMdl::ErrorDatabaseBusy);
     OpenAdd();
     EXPECT_EQ(LastNotice(), "Failed to query dictionary. The database is busy. Please try again.");
     ASSERT_EQ(m_listNotices.size(), 1) << "without servers the platform chooses";
@@ -370,8 +369,7 @@ TEST_F(DeviceForm, ListsThatFailAreToldAndAskedForAgain)
     Click("btnNext");
     EXPECT_FALSE(IsShown("editDevName")) << "without a protocol there is no device";
     PageDriver::Settle();
-    m_host.remote.system.AnswerAlways(
-        "QueryDictionary", [](const FakeCall&, SystemParam& param) { param.dictionary = MakeDictionary(); });
+    m_host.server.AnswerAlways<wire::GetDictionary>(MakeDictionary());
     m_pDriver->Screenshot(QStringLiteral("device-form-lists-failed"));
     Click("btnChoicesAgain");
     PageDriver::Settle();
@@ -385,7 +383,7 @@ TEST_F(DeviceForm, LeavingAsksOnlyWhenSomethingWasChanged)
     OpenAdd();
     Click("btnDevAddCancel");
     EXPECT_EQ(m_nBack, 1) << "nothing was changed";
-    m_pForm->StartAdd(m_host.group.vecOrganizations, QString());
+    m_pForm->StartAdd(m_host.site.vecOrganizations, QString());
     PageDriver::Settle();
     Type("editTxtIP", "10.0.0.9");
     m_dialogs.AnswerNext(false);
@@ -401,11 +399,11 @@ TEST_F(DeviceForm, LostConnectionKeepsTheInput)
 {
     OpenAdd();
     Type("editTxtIP", "10.0.0.9");
-    m_host.remote.PushConnected(false);
+    m_host.PushConnected(false);
     PageDriver::Settle();
     EXPECT_FALSE(IsUsable("editTxtIP"));
     EXPECT_FALSE(IsUsable("btnNext"));
-    m_host.remote.PushConnected(true);
+    m_host.PushConnected(true);
     PageDriver::Settle();
     EXPECT_TRUE(IsUsable("btnNext"));
     EXPECT_EQ(Content("editTxtIP"), "10.0.0.9");

@@ -33,12 +33,7 @@ protected:
     }
     void ReportImport(const GroupLogical::ImportState_t& state, bool bFinal, int nErrorCode = 0)
     {
-        m_host.group.Answer(
-            m_host.group.Last("ImportDevice"), [&](const FakeCall&, FakeGroupManager::Param& param) {
-                param.importState = state;
-                param.bFinal = bFinal;
-                param.nErrorCode = nErrorCode;
-            });
+        m_host.server.ReportLast<wire::BeginImport>(MakeImportReport(state, bFinal, nErrorCode));
         PageDriver::Settle();
     }
     static GroupLogical::ImportState_t Failed(int nLine, int nErrorCode)
@@ -66,10 +61,10 @@ TEST_F(FoundDeviceDialogs, AddingWithAFailingRowThatIsCorrected)
         QStringLiteral("South"));
     pDialog->Click(QStringLiteral("btnBatchAdd"));
     EXPECT_EQ(Hint(*pDialog, "editBatchPassword"), "Please enter password.");
-    EXPECT_EQ(m_host.group.Count("ImportDevice"), 0);
+    EXPECT_EQ(m_host.server.Count<wire::BeginImport>(), 0);
     pDialog->Type(QStringLiteral("editBatchPassword"), QStringLiteral("Field-2024"));
     pDialog->Click(QStringLiteral("btnBatchAdd"));
-    const auto request = m_host.group.LastArgument<Request>("ImportDevice");
+    const auto request = m_host.server.LastImport();
     ASSERT_EQ(request.vecRows.size(), 2U);
     EXPECT_EQ(request.sSource, "discovery");
     EXPECT_EQ(request.sOrgCode, "001002");
@@ -102,10 +97,10 @@ TEST_F(FoundDeviceDialogs, AddingWithAFailingRowThatIsCorrected)
     rename("gate");
     pDialog->Click(QStringLiteral("btnBatchAdd"));
     EXPECT_EQ(Text(*pDialog, "tableBatch", 1, 4), "Another device of the list has this name.");
-    EXPECT_EQ(m_host.group.Count("ImportDevice"), 1);
+    EXPECT_EQ(m_host.server.Count<wire::BeginImport>(), 1);
     rename("Hall");
     pDialog->Click(QStringLiteral("btnBatchAdd"));
-    const auto again = m_host.group.LastArgument<Request>("ImportDevice");
+    const auto again = m_host.server.LastImport();
     ASSERT_EQ(again.vecRows.size(), 1U) << "only what is not added yet";
     EXPECT_EQ(again.vecRows[0].sName, "Hall");
     EXPECT_EQ(again.vecRows[0].nLine, 2);
@@ -151,7 +146,7 @@ TEST_F(FoundDeviceDialogs, AddingThatFailsAsAWholeLeavesTheRowsNew)
     EXPECT_EQ(Text(*pDialog, "tableBatch", 0, 4), "You do not have the right to do this.");
     EXPECT_EQ(CellText("10.0.0.10", OnlineColumnOperation), "");
     EXPECT_EQ(m_nAdded, 0);
-    m_host.group.Refuse("ImportDevice");
+    m_host.server.Refuse<wire::BeginImport>();
     pDialog->Click(QStringLiteral("btnBatchAdd"));
     EXPECT_EQ(Text(*pDialog, "tableBatch", 0, 4), "The request could not be sent to the server.");
     EXPECT_TRUE(pDialog->IsUsable(QStringLiteral("btnBatchAdd")));
@@ -190,23 +185,22 @@ TEST_F(FoundDeviceDialogs, InitialisesTheUninitialisedOnly)
         EXPECT_EQ(Hint(*pDialog, step.pszHinted), step.pszHint);
     }
     EXPECT_EQ(pDialog->Find<QLabel>(QStringLiteral("lbStrength"))->text(), QStringLiteral("Strong"));
-    EXPECT_EQ(m_host.remote.devices.Count("InitializeDevice"), 0);
+    EXPECT_EQ(m_host.server.Count<wire::InitializeDevice>(), 0);
     pDialog->Type(QStringLiteral("editInitContact"), QStringLiteral("ops@example.org"));
     pDialog->Screenshot(QStringLiteral("search-initialize"));
     pDialog->Click(QStringLiteral("btnInitOk"));
-    using Sent = std::tuple<std::vector<RemoteConfigLogical::InitializeDevice_t>, std::string, std::string>;
-    const auto [vecSent, sPassword, sContact] = m_host.remote.devices.LastArgument<Sent>("InitializeDevice");
+    const auto [vecSent, sPassword, sContact] = m_host.server.LastRequest<wire::InitializeDevice>();
     ASSERT_EQ(vecSent.size(), 1U);
     EXPECT_EQ(vecSent[0].sIp, "10.0.0.9");
     EXPECT_EQ(vecSent[0].sProtocol, "Private");
     EXPECT_EQ(sPassword, "Field-2024");
     EXPECT_EQ(sContact, "ops@example.org");
-    ReportResults(
-        "InitializeDevice", {{"10.0.0.9:37777", "", UICommonMdl::ErrorDeviceRefused, "busy"}}, true);
+    ReportResults<wire::InitializeDevice>(
+        {{"10.0.0.9:37777", "", UICommonMdl::ErrorDeviceRefused, "busy"}}, true);
     EXPECT_EQ(Text(*pDialog, "tableInit", 0, 2), "The device refused the change. (busy)");
     EXPECT_EQ(CellText("10.0.0.9", OnlineColumnInit), "Uninitialized");
     pDialog->Click(QStringLiteral("btnInitOk"));
-    ReportResults("InitializeDevice", {{"10.0.0.9:37777", "", 0, ""}}, true);
+    ReportResults<wire::InitializeDevice>({{"10.0.0.9:37777", "", 0, ""}}, true);
     EXPECT_EQ(CellText("10.0.0.9", OnlineColumnInit), "Initialized");
     FindDialog<CDeviceInitialize>()->reject();
 }
@@ -228,21 +222,20 @@ TEST_F(FoundDeviceDialogs, AddressesAreCountedUpAndFailedOnesTriedAgain)
     pDialog->Type(QStringLiteral("editNewGateway"), QStringLiteral("10.0.0.1"));
     pDialog->Screenshot(QStringLiteral("search-modify-ip"));
     pDialog->Click(QStringLiteral("btnModifyOk"));
-    using Sent = std::vector<RemoteConfigLogical::ModifyAddress_t>;
-    const auto vecSent = m_host.remote.devices.LastArgument<Sent>("ModifyAddress");
+    const auto vecSent = m_host.server.LastRequest<wire::ModifyAddress>().vecDevices;
     ASSERT_EQ(vecSent.size(), 3U);
     EXPECT_EQ(vecSent[1].sNewIp, "10.0.0.51");
     EXPECT_EQ(vecSent[1].sMask, "255.255.255.0");
     EXPECT_EQ(vecSent[1].sGateway, "10.0.0.1");
     EXPECT_EQ(vecSent[1].sUserName, "admin");
-    ReportResults("ModifyAddress", {{"10.0.0.10:37777", "", 0, ""}}, false);
+    ReportResults<wire::ModifyAddress>({{"10.0.0.10:37777", "", 0, ""}}, false);
     EXPECT_EQ(CellText("10.0.0.51", OnlineColumnModel), "M10") << "live, the row has moved";
-    ReportResults("ModifyAddress", {{"10.0.0.9:37777", "", UICommonMdl::ErrorDevicePassword, ""}}, true,
-        UICommonMdl::ErrorTimeOut);
+    ReportResults<wire::ModifyAddress>(
+        {{"10.0.0.9:37777", "", UICommonMdl::ErrorDevicePassword, ""}}, true, UICommonMdl::ErrorTimeOut);
     EXPECT_EQ(Text(*pDialog, "tableModify", 0, 3), "The device does not accept the user name and password.");
     EXPECT_EQ(Text(*pDialog, "tableModify", 2, 3), "The server did not answer in time.");
     pDialog->Click(QStringLiteral("btnModifyOk"));
-    const auto vecAgain = m_host.remote.devices.LastArgument<Sent>("ModifyAddress");
+    const auto vecAgain = m_host.server.LastRequest<wire::ModifyAddress>().vecDevices;
     ASSERT_EQ(vecAgain.size(), 2U);
     EXPECT_EQ(vecAgain[0].sNewIp, "10.0.0.50") << "each keeps its place";
     EXPECT_EQ(vecAgain[1].sNewIp, "10.0.0.52");
@@ -250,5 +243,5 @@ TEST_F(FoundDeviceDialogs, AddressesAreCountedUpAndFailedOnesTriedAgain)
     m_dialogs.AnswerNext(true);
     FindDialog<CModifyIP>()->reject();
     Close();
-    ReportResults("ModifyAddress", {{"10.0.0.9:37777", "", 0, ""}}, true);
+    ReportResults<wire::ModifyAddress>({{"10.0.0.9:37777", "", 0, ""}}, true);
 }

@@ -19,18 +19,17 @@
 
 #include <memory>
 
-/// The search panel over fakes, with a range that finds what the test says.
+/// The search panel over a server, with a range that finds what the test says.
 class SearchPanelFixture : public testing::Test
 {
 protected:
     using Found = RemoteConfigLogical::SearchDeviceInfo_t;
     using FoundVec = RemoteConfigLogical::SearchDeviceInfoVec;
-    using Param = FakeRemoteConfigManager::DeviceObserver::Param;
     using Results = RemoteConfigLogical::ModifyDevicePasswordResultInfoVec;
 
     void SetUp() override
     {
-        m_host.group.ServeSite();
+        m_host.site.ServeDevices();
         m_host.config.mapValues[QStringLiteral("AutoSearchIP/StartIP")] = QStringLiteral("10.0.0.1");
         m_host.config.mapValues[QStringLiteral("AutoSearchIP/EndIP")] = QStringLiteral("10.0.0.99");
     }
@@ -40,7 +39,7 @@ protected:
     {
         using ResourceManagerUI::CAutoSearchOnlineDev;
         m_pPanel = std::make_unique<CAutoSearchOnlineDev>(&m_host.interfaceSet);
-        m_pPanel->SetOrganizations(m_host.group.vecOrganizations, QStringLiteral("001002"));
+        m_pPanel->SetOrganizations(m_host.site.vecOrganizations, QStringLiteral("001002"));
         QObject::connect(m_pPanel.get(), &CAutoSearchOnlineDev::SignalShowNotify, m_pPanel.get(),
             [this](const QString& sText) { m_listNotices.append(sText); });
         QObject::connect(m_pPanel.get(), &CAutoSearchOnlineDev::SignalDevicesAdded, m_pPanel.get(),
@@ -71,25 +70,17 @@ protected:
     }
     void Report(const FakeCall& call, const FoundVec& vecFound, bool bFinal, int nErrorCode = 0)
     {
-        m_host.remote.devices.Answer(call, [&](const FakeCall&, Param& param) {
-            param.vecFound = vecFound;
-            param.bFinal = bFinal;
-            param.nErrorCode = nErrorCode;
-        });
+        m_host.server.Report(call, MakeReport(vecFound, bFinal, nErrorCode));
         PageDriver::Settle();
     }
-    void ReportResults(const char* pszOperation, const Results& vecResults, bool bFinal, int nErrorCode = 0)
+    template <class Op>
+    void ReportResults(const Results& vecResults, bool bFinal, int nErrorCode = 0)
     {
-        m_host.remote.devices.Answer(
-            m_host.remote.devices.Last(pszOperation), [&](const FakeCall&, Param& param) {
-                param.vecResults = vecResults;
-                param.bFinal = bFinal;
-                param.nErrorCode = nErrorCode;
-            });
+        m_host.server.ReportLast<Op>(MakeReport(vecResults, bFinal, nErrorCode));
         PageDriver::Settle();
     }
-    FakeCall LastSearch() { return m_host.remote.devices.Last("SearchOnlineDevice"); }
-    int Searches() { return m_host.remote.devices.Count("SearchOnlineDevice"); }
+    FakeCall LastSearch() { return m_host.server.Last<wire::SearchOnlineDevice>(); }
+    int Searches() { return m_host.server.Count<wire::SearchOnlineDevice>(); }
     /// Opens the panel and searches: an initialised, an uninitialised, a managed one and one of unknown
     /// state.
     void OpenAndFind()

@@ -47,9 +47,9 @@ TEST_F(SearchPanel, RangeIsCheckedBeforeItIsKeptAndSearched)
     Type("edtNetSectionStart", "");
     Type("edtNetSectionEnd", "");
     m_pDriver->Key(QStringLiteral("edtNetSectionEnd"), Qt::Key_Return);
-    using Range = std::pair<std::string, std::string>;
     ASSERT_EQ(Searches(), 1);
-    EXPECT_EQ(m_host.remote.devices.LastArgument<Range>("SearchOnlineDevice"), Range());
+    const auto range = m_host.server.LastRequest<wire::SearchOnlineDevice>();
+    EXPECT_EQ(range.sStartIp + range.sEndIp, "");
     Close();
     Open();
     EXPECT_TRUE(m_pDriver->Find<VxGUI::VxLineEdit>(QStringLiteral("edtNetSectionStart"))->text().isEmpty())
@@ -102,24 +102,31 @@ TEST_F(SearchPanel, StopEndsTheSearchAndStillTakesWhatIsOnItsWay)
     const FakeCall first = LastSearch();
     Report(first, {MakeFound(10)}, false);
     Click("btnAutoSearch");
-    EXPECT_EQ(m_host.remote.vecStopped, std::vector<int>{first.nSequence});
+    EXPECT_EQ(m_host.server.LastRequest<wire::CancelJob>().sJob, FakeServer::JobOf(first));
     Report(first, {MakeFound(11)}, true, UICommonMdl::ErrorCancelled);
     EXPECT_EQ(Table()->model()->rowCount(), 2);
     EXPECT_TRUE(m_listNotices.isEmpty()) << "that it was stopped is no failure";
 
     Click("btnAutoSearch");
     Report(LastSearch(), {MakeFound(20)}, false);
-    Report(first, {MakeFound(66)}, true);
-    Param foreign;
-    foreign.nResultCode = FakeRemoteConfigManager::DeviceObserver::ResultSearchDevice;
-    foreign.nSequence = 4711;
-    foreign.vecFound = {MakeFound(77)};
-    m_host.remote.devices.Send(foreign);
-    PageDriver::Settle();
-    EXPECT_EQ(Table()->model()->rowCount(), 1) << "late and foreign answers are dropped";
+    EXPECT_EQ(Table()->model()->rowCount(), 1) << "a new search begins with an empty list";
     Close();
-    EXPECT_EQ(m_host.remote.vecStopped.size(), 2U) << "closing stops the search";
+    EXPECT_EQ(m_host.server.Count<wire::CancelJob>(), 2) << "closing stops the search";
     Report(LastSearch(), {MakeFound(21)}, true);
+}
+
+TEST_F(SearchPanel, ASearchIsStoppedAlsoBeforeTheServerHasNamedIt)
+{
+    Open();
+    m_host.server.Hold<wire::SearchOnlineDevice>();
+    Click("btnAutoSearch");
+    Click("btnAutoSearch");
+    EXPECT_EQ(m_host.server.Count<wire::CancelJob>(), 0) << "nobody knows yet what to cancel";
+    m_host.server.AnswerLast<wire::SearchOnlineDevice>({"job-7"});
+    EXPECT_EQ(m_host.server.LastRequest<wire::CancelJob>().sJob, "job-7");
+    m_host.server.ReportJob("job-7", MakeReport(FoundVec(), true, UICommonMdl::ErrorCancelled));
+    PageDriver::Settle();
+    EXPECT_TRUE(m_listNotices.isEmpty());
 }
 
 TEST_F(SearchPanel, FailuresAndNothingFoundLookDifferent)
@@ -132,7 +139,7 @@ TEST_F(SearchPanel, FailuresAndNothingFoundLookDifferent)
     Report(LastSearch(), {}, true, UICommonMdl::ErrorDisconnected);
     EXPECT_EQ(StateTitle(), QStringLiteral("Failed to search device"));
     EXPECT_EQ(LastNotice(), "Failed to search device: The server cannot be reached.");
-    m_host.remote.devices.Refuse("SearchOnlineDevice");
+    m_host.server.Refuse<wire::SearchOnlineDevice>();
     Click("btnStateAction");
     EXPECT_EQ(LastNotice(), "Failed to search device: The request could not be sent to the server.");
     EXPECT_EQ(

@@ -26,7 +26,7 @@ protected:
     void ClickOk() { QTest::mouseClick(Ok(), Qt::LeftButton); }
     void Connect(bool bConnected)
     {
-        m_host.remote.PushConnected(bConnected);
+        m_host.PushConnected(bConnected);
         PageDriver::Settle();
     }
     void Screenshot(const char* pszName) const

@@ -23,13 +23,11 @@ namespace {
 class ImportDialog : public DialogFixture<CDevImport>
 {
 protected:
-    using GroupParam = FakeGroupManager::Param;
-
     void SetUp() override
     {
         m_features = {true, "cloud.example", "/template?kind=1", "/template?kind=2", "/upload?x=1"};
-        m_host.remote.system.AnswerAlways("QueryFeatures",
-            [this](const FakeCall&, ISystemConfigObserver::Param& param) { param.features = m_features; });
+        m_host.server.AnswerAlways<wire::GetFeatures>(
+            [this](const auto&, auto& answer) { answer = m_features; });
         m_pDialog = new CDevImport(&m_host.interfaceSet, &m_window);
         QObject::connect(m_pDialog, &CDevImport::SignalShowNotify, &m_window,
             [this](const QString& sText) { m_listNotices << sText; });
@@ -67,7 +65,7 @@ protected:
     {
         Browse(sPath);
         PageDriver::WaitFor([this] {
-            return m_host.group.Count("ImportDevice") > 0 || Page() != QStringLiteral("pageProgress");
+            return m_host.server.Count<wire::BeginImport>() > 0 || Page() != QStringLiteral("pageProgress");
         });
     }
     QString Page()
@@ -78,13 +76,10 @@ protected:
     }
     QString Notice() { return VxGUI::VxNotification::CurrentText(m_pDialog); }
     QString Label(const char* pszName) { return TextOf<QLabel>(pszName); }
-    void Report(const char* pszOperation, bool bFinal, const ImportState_t& state, int nErrorCode = 0)
+    void Report(bool bFinal, const ImportState_t& state, int nErrorCode = 0)
     {
-        m_host.group.Answer(m_host.group.Last(pszOperation), [&](const FakeCall&, GroupParam& param) {
-            param.bFinal = bFinal;
-            param.importState = state;
-            param.nErrorCode = nErrorCode;
-        });
+        const std::string sJob = m_host.server.LastRequest<wire::RunImport>().sJob;
+        m_host.server.ReportJob(sJob, MakeImportReport(state, bFinal, nErrorCode));
         PageDriver::Settle();
     }
     QAbstractItemModel* Result() { return m_driver.Find<QTreeView>(QStringLiteral("treeResult"))->model(); }
@@ -108,7 +103,7 @@ TEST_F(ImportDialog, XmlFileIsImportedAsItStands)
     BrowseXml(WriteDevices(3));
     EXPECT_EQ(
         m_dialogs.Shown().last(), QStringLiteral("Select a XML or Excel file: Files (*.xml *.xlsx *.xls)"));
-    const auto request = m_host.group.LastArgument<ImportRequest_t>("ImportDevice");
+    const auto request = m_host.server.LastImport();
     ASSERT_EQ(request.vecRows.size(), 3U);
     EXPECT_EQ(request.vecRows[1].sName, "Camera 2");
     EXPECT_EQ(request.vecRows[1].nLine, 3);
@@ -116,11 +111,11 @@ TEST_F(ImportDialog, XmlFileIsImportedAsItStands)
     EXPECT_EQ(request.sSource, "xml");
     EXPECT_FALSE(request.bAllOrNothing);
     EXPECT_EQ(m_vecStatues, std::vector<bool>{true});
-    Report("ImportDevice", false, {3, 1, 0, 1, {}, {}, {}});
+    Report(false, {3, 1, 0, 0, {}, {}, {}});
     EXPECT_EQ(Label("lbPercent"), QStringLiteral("33%"));
-    EXPECT_EQ(Label("lbLiveFail"), QStringLiteral("1"));
+    EXPECT_EQ(Label("lbLiveSuccess"), QStringLiteral("1"));
     Screenshot("import-running");
-    Report("ImportDevice", true, AllGood);
+    Report(true, AllGood);
     EXPECT_EQ(Label("lbResult"), QStringLiteral("Imported successfully"));
     EXPECT_EQ(Label("lbPercent"), QStringLiteral("100%"));
     EXPECT_EQ(Label("lbResultSuccess"), QStringLiteral("3"));
@@ -149,10 +144,10 @@ TEST_F(ImportDialog, FilesThatCannotBeImportedAreRefusedWithTheReason)
         PageDriver::WaitFor([&] { return Notice() == QLatin1String(testCase.pszNotice); });
         EXPECT_EQ(Page(), QStringLiteral("pageChoose"));
     }
-    EXPECT_EQ(m_host.group.Count("ImportDevice"), 0);
+    EXPECT_EQ(m_host.server.Count<wire::BeginImport>(), 0);
     EXPECT_TRUE(m_host.transfer.vecTransfers.empty());
 
-    m_host.group.Refuse("ImportDevice");
+    m_host.server.Refuse<wire::BeginImport>();
     Browse(WriteDevices(1));
     PageDriver::WaitFor([this] { return Notice() == QStringLiteral("Failed to import device!"); });
     EXPECT_EQ(Page(), QStringLiteral("pageChoose"));
@@ -162,10 +157,12 @@ TEST_F(ImportDialog, FilesThatCannotBeImportedAreRefusedWithTheReason)
 TEST_F(ImportDialog, PartOfTheRowsSaysSoAndListsTheOthers)
 {
     BrowseXml(WriteDevices(3, "<Camera name=\"odd\"/>\n"));
-    EXPECT_EQ(m_host.group.LastArgument<ImportRequest_t>("ImportDevice").vecRows.size(), 3U);
-    Report("ImportDevice", false,
+    EXPECT_EQ(m_host.server.LastImport().vecRows.size(), 3U);
+    Report(false,
         {3, 2, 0, 1, {{3, "Camera 2", "10.0.0.2", "Address", UICommonMdl::ErrorAddressExists, {}}}, {}, {}});
-    Report("ImportDevice", true, {3, 3, 2, 1, {}, "/faillist?job=1", "faillist_1.xml"});
+    EXPECT_EQ(Label("lbLiveSuccess"), QStringLiteral("1"));
+    EXPECT_EQ(Label("lbLiveFail"), QStringLiteral("2")) << "one row was refused, one could not be read";
+    Report(true, {3, 3, 2, 1, {}, "/faillist?job=1", "faillist_1.xml"});
     EXPECT_EQ(Label("lbResult"), QStringLiteral("Partly imported"));
     EXPECT_EQ(Label("lbResultText"), QStringLiteral("2 of 4 devices were imported, 2 were not."));
     EXPECT_EQ(Label("lbResultFail"), QStringLiteral("2"));
@@ -193,8 +190,8 @@ TEST_F(ImportDialog, AllOrNothingImportsNothing)
 {
     m_driver.Click(QStringLiteral("rbAllOrNothing"));
     BrowseXml(WriteDevices(2));
-    EXPECT_TRUE(m_host.group.LastArgument<ImportRequest_t>("ImportDevice").bAllOrNothing);
-    Report("ImportDevice", true,
+    EXPECT_TRUE(m_host.server.LastImport().bAllOrNothing);
+    Report(true,
         {2, 2, 0, 1, {{3, "Camera 2", "10.0.0.2", "Port", UICommonMdl::ErrorInvalidInput, {}}}, {}, {}},
         UICommonMdl::ErrorImportAborted);
     EXPECT_EQ(Label("lbResult"), QStringLiteral("Import Failed"));
@@ -207,16 +204,18 @@ TEST_F(ImportDialog, AllOrNothingImportsNothing)
     m_driver.Click(QStringLiteral("btnAgain"));
     Browse(WriteDevices(2, "<Camera/>"));
     PageDriver::WaitFor([this] { return Page() == QStringLiteral("pageResult"); });
-    EXPECT_EQ(m_host.group.Count("ImportDevice"), 1);
+    EXPECT_EQ(m_host.server.Count<wire::BeginImport>(), 1);
     EXPECT_EQ(Label("lbResultFail"), QStringLiteral("3"));
 }
 
 TEST_F(ImportDialog, LostConnectionLeavesTheOutcomeOpen)
 {
     BrowseXml(WriteDevices(3));
-    Report("ImportDevice", false, {3, 2, 0, 0, {}, {}, {}});
+    Report(false, {3, 2, 0, 0, {}, {}, {}});
     Connect(false);
-    Report("ImportDevice", true, {}, UICommonMdl::ErrorDisconnected);
+    m_host.server.FailAlways<wire::WaitJob>(UICommonMdl::ErrorDisconnected);
+    m_host.server.FailLast<wire::WaitJob>(UICommonMdl::ErrorDisconnected);
+    PageDriver::Settle();
     EXPECT_EQ(Label("lbResult"), QStringLiteral("Import Failed"));
     EXPECT_TRUE(Label("lbResultText").contains(QStringLiteral("The server may go on with the import")));
     EXPECT_EQ(Result()->rowCount(), 0) << "nothing is claimed of any row";
@@ -231,15 +230,14 @@ TEST_F(ImportDialog, LostConnectionLeavesTheOutcomeOpen)
 TEST_F(ImportDialog, ClosingHidesARunningImportAndOpeningShowsIt)
 {
     BrowseXml(WriteDevices(3));
-    const FakeCall first = m_host.group.Last("ImportDevice");
     m_driver.Click(QStringLiteral("btnClose"));
     EXPECT_FALSE(m_pDialog->isVisible());
     EXPECT_EQ(m_vecStatues, std::vector<bool>{true});
-    Report("ImportDevice", false, {3, 2, 0, 0, {}, {}, {}});
+    Report(false, {3, 2, 0, 0, {}, {}, {}});
     Open();
     EXPECT_EQ(Label("lbPercent"), QStringLiteral("66%"));
     m_driver.Click(QStringLiteral("btnClose"));
-    Report("ImportDevice", true, AllGood);
+    Report(true, AllGood);
     EXPECT_EQ(m_vecStatues, (std::vector<bool>{true, false}));
     ASSERT_EQ(m_listNotices.size(), 1);
     EXPECT_TRUE(m_listNotices.first().startsWith(QStringLiteral("Imported successfully")));
@@ -248,9 +246,6 @@ TEST_F(ImportDialog, ClosingHidesARunningImportAndOpeningShowsIt)
     m_driver.Click(QStringLiteral("btnClose"));
     Open();
     EXPECT_EQ(Page(), QStringLiteral("pageChoose"));
-    m_host.group.Fail(first, UICommonMdl::ErrorTimeOut);
-    PageDriver::Settle();
-    EXPECT_EQ(Page(), QStringLiteral("pageChoose")) << "a late answer changes nothing";
 }
 
 TEST_F(ImportDialog, DestroyedInTheMiddleItTakesNothingAlong)
@@ -263,13 +258,11 @@ TEST_F(ImportDialog, DestroyedInTheMiddleItTakesNothingAlong)
     const int nUpload = m_host.transfer.vecTransfers.back().nTransfer;
     delete m_pDialog;
     EXPECT_EQ(m_host.transfer.vecCancelled, std::vector<int>{nUpload});
-    EXPECT_EQ(m_host.group.ObserverCount(), 0U);
+    EXPECT_EQ(m_host.CountObservers(), 0);
     SetUp();
     BrowseXml(WriteDevices(3));
-    const FakeCall call = m_host.group.Last("ImportDevice");
     delete m_pDialog;
-    m_host.group.Fail(call, UICommonMdl::ErrorTimeOut);
-    PageDriver::Settle();
+    Report(true, {}, UICommonMdl::ErrorTimeOut);
 }
 
 TEST_F(ImportDialog, SheetIsUploadedAndImported)
@@ -280,11 +273,12 @@ TEST_F(ImportDialog, SheetIsUploadedAndImported)
     EXPECT_EQ(Label("m_pUploadRate"), QStringLiteral("45%"));
     Screenshot("import-uploading");
     m_host.transfer.Finish(0, R"({"sJob":"j7","nRows":2,"nExisting":1,"bIntercom":false})");
-    EXPECT_EQ(m_host.group.Count("ImportUploaded"), 1);
-    EXPECT_EQ((m_host.group.LastArgument<std::tuple<std::string, bool, bool>>("ImportUploaded")),
-        std::tuple("j7", false, false))
+    EXPECT_EQ(m_host.server.Count<wire::RunImport>(), 1);
+    const auto run = m_host.server.LastRequest<wire::RunImport>();
+    EXPECT_EQ(run.sJob, "j7");
+    EXPECT_FALSE(run.bAllOrNothing || run.bOverwrite)
         << "only intercom devices are overwritten, and only when asked";
-    Report("ImportUploaded", true, {2, 2, 2, 0, {}, {}, {}});
+    Report(true, {2, 2, 2, 0, {}, {}, {}});
     EXPECT_EQ(Label("lbResult"), QStringLiteral("Imported successfully"));
 }
 
@@ -314,7 +308,7 @@ TEST_F(ImportDialog, UploadFailuresNameTheirReason)
     m_host.transfer.bRefuse = true;
     Browse(sSheet);
     EXPECT_EQ(Label("lbUpload"), QStringLiteral("Failed to upload file"));
-    EXPECT_EQ(m_host.group.Count("ImportUploaded"), 0);
+    EXPECT_EQ(m_host.server.Count<wire::RunImport>(), 0);
 }
 
 TEST_F(ImportDialog, IntercomDevicesAreOverwrittenOnlyWhenTheUserSaysSo)
@@ -327,7 +321,7 @@ TEST_F(ImportDialog, IntercomDevicesAreOverwrittenOnlyWhenTheUserSaysSo)
     EXPECT_EQ(m_dialogs.Shown().last(),
         QStringLiteral("Prompt: Import intercom device result: 2 devices already exist. Are you sure to "
                        "overwrite these devices?"));
-    EXPECT_EQ(m_host.group.Count("ImportUploaded"), 0);
+    EXPECT_EQ(m_host.server.Count<wire::RunImport>(), 0);
     EXPECT_EQ(Page(), QStringLiteral("pageChoose"));
 
     Browse(sSheet);
@@ -335,9 +329,8 @@ TEST_F(ImportDialog, IntercomDevicesAreOverwrittenOnlyWhenTheUserSaysSo)
     m_dialogs.AnswerNext(true);
     m_host.transfer.Finish(0, baExisting);
     EXPECT_TRUE(m_pDialog->isVisible()) << "a question brings its window back";
-    EXPECT_EQ((m_host.group.LastArgument<std::tuple<std::string, bool, bool>>("ImportUploaded")),
-        std::tuple("j", false, true));
-    Report("ImportUploaded", true, {5, 5, 5, 0, {}, {}, {}});
+    EXPECT_TRUE(m_host.server.LastRequest<wire::RunImport>().bOverwrite);
+    Report(true, {5, 5, 5, 0, {}, {}, {}});
     m_driver.Click(QStringLiteral("btnAgain"));
 
     const std::pair<const char*, const char*> empties[] = {
@@ -392,14 +385,12 @@ TEST_F(ImportDialog, CheckedDevicesOfTheAccountAreImported)
     EXPECT_EQ(Notice(), QStringLiteral("Please enter user name and password!"));
     m_driver.Type(QStringLiteral("leP2PPassword"), QStringLiteral("a<b"));
     m_driver.Click(QStringLiteral("btnP2PQuery"));
-    EXPECT_EQ(m_host.remote.devices.Count("QueryP2PDeviceList"), 0);
+    EXPECT_EQ(m_host.server.Count<wire::QueryCloudDevices>(), 0);
     m_driver.Type(QStringLiteral("leP2PPassword"), QStringLiteral("secret"));
     m_driver.Key(QStringLiteral("leP2PPassword"), Qt::Key_Return);
     EXPECT_FALSE(m_driver.IsUsable(QStringLiteral("btnP2PQuery")));
-    m_host.remote.devices.Answer(m_host.remote.devices.Last("QueryP2PDeviceList"),
-        [](const FakeCall&, IRemoteDeviceObserver::Param& param) {
-            param.vecP2PDevices = {{"SN1", "Gate", "M1", 1}, {"SN2", "", "", 0}, {"SN3", "Yard", "M3", 0}};
-        });
+    m_host.server.AnswerLast<wire::QueryCloudDevices>(
+        {0, {{"SN1", "Gate", "M1", 1}, {"SN2", "", "", 0}, {"SN3", "Yard", "M3", 0}}});
     PageDriver::Settle();
     auto* const pTree = m_driver.Find<QTreeView>(QStringLiteral("treeP2P"));
     ASSERT_EQ(pTree->model()->rowCount(), 3);
@@ -407,13 +398,13 @@ TEST_F(ImportDialog, CheckedDevicesOfTheAccountAreImported)
     EXPECT_EQ(Label("lbP2PCount"), QStringLiteral("2 of 3 selected"));
     Screenshot("import-account");
     m_driver.Click(QStringLiteral("btnP2PImport"));
-    const auto request = m_host.group.LastArgument<ImportRequest_t>("ImportDevice");
+    const auto request = m_host.server.LastImport();
     ASSERT_EQ(request.vecRows.size(), 2U);
     EXPECT_EQ(request.sSource, "p2p");
     EXPECT_EQ(request.vecRows[0].sName, "SN2") << "a device without a name gets its serial number";
     EXPECT_EQ(request.vecRows[0].sConnect, "5");
     EXPECT_EQ(request.vecRows[1].sSerialNumber, "SN3");
-    Report("ImportDevice", true, {2, 2, 2, 0, {}, {}, {}});
+    Report(true, {2, 2, 2, 0, {}, {}, {}});
     EXPECT_EQ(Label("lbResult"), QStringLiteral("Imported successfully"));
 }
 
@@ -422,22 +413,17 @@ TEST_F(ImportDialog, AccountFailuresReleaseTheSection)
     ShowTab(1);
     m_driver.Type(QStringLiteral("leP2PUser"), QStringLiteral("me"));
     m_driver.Type(QStringLiteral("leP2PPassword"), QStringLiteral("secret"));
-    const auto ask = [this](int nErrorCode, int nCloudCode) {
+    const auto ask = [this](int nCloudCode) {
         m_driver.Click(QStringLiteral("btnP2PQuery"));
-        m_host.remote.devices.Answer(m_host.remote.devices.Last("QueryP2PDeviceList"),
-            [&](const FakeCall&, IRemoteDeviceObserver::Param& param) {
-                param.nErrorCode = nErrorCode;
-                param.nCloudCode = nCloudCode;
-            });
+        m_host.server.AnswerLast<wire::QueryCloudDevices>({nCloudCode, {}});
         PageDriver::Settle();
         EXPECT_TRUE(m_driver.IsUsable(QStringLiteral("btnP2PQuery")));
         EXPECT_FALSE(m_driver.IsUsable(QStringLiteral("btnP2PImport")));
         return Notice();
     };
-    EXPECT_EQ(ask(UICommonMdl::ErrorCloudRefused, 2),
-        QStringLiteral("Failed to get P2P device list: 2 Password error"));
-    EXPECT_EQ(ask(UICommonMdl::ErrorNone, 0), QStringLiteral("Import P2P device list is empty."));
-    m_host.remote.devices.Refuse("QueryP2PDeviceList");
+    EXPECT_EQ(ask(2), QStringLiteral("Failed to get P2P device list: 2 Password error"));
+    EXPECT_EQ(ask(0), QStringLiteral("Import P2P device list is empty."));
+    m_host.server.Refuse<wire::QueryCloudDevices>();
     m_driver.Click(QStringLiteral("btnP2PQuery"));
     EXPECT_EQ(Notice(),
         QStringLiteral("Failed to get P2P device list. The request could not be sent to the server."));
@@ -454,12 +440,11 @@ TEST_F(ImportDialog, WithoutAnAccountServiceTheSectionSaysSo)
     EXPECT_FALSE(m_driver.IsShown(QStringLiteral("leP2PUser")));
 
     m_driver.Click(QStringLiteral("btnClose"));
-    m_host.remote.system.FailAlways("QueryFeatures", UICommonMdl::ErrorTimeOut);
+    m_host.server.FailAlways<wire::GetFeatures>(UICommonMdl::ErrorTimeOut);
     Open();
     EXPECT_TRUE(Notice().startsWith(QStringLiteral("Failed to query features.")));
     m_features.bCloudAccount = true;
-    m_host.remote.system.AnswerAlways("QueryFeatures",
-        [this](const FakeCall&, ISystemConfigObserver::Param& param) { param.features = m_features; });
+    m_host.server.AnswerAlways<wire::GetFeatures>([this](const auto&, auto& answer) { answer = m_features; });
     Q_EMIT m_driver.Find<VxGUI::VxEmptyState>(QStringLiteral("wgtP2PState"))->SignalAction();
     PageDriver::Settle();
     EXPECT_TRUE(m_driver.IsShown(QStringLiteral("leP2PUser")));

@@ -17,8 +17,6 @@ namespace {
 class PasswordDialog : public DialogFixture<CBulkResetPassword>
 {
 protected:
-    using Sent = std::tuple<std::vector<std::string>, std::string, std::string>;
-
     void SetUp() override
     {
         m_pDialog = new CBulkResetPassword(
@@ -36,15 +34,19 @@ protected:
     }
     void Report(bool bFinal, const ModifyDevicePasswordResultInfoVec& vecResults, int nErrorCode = 0)
     {
-        m_host.remote.devices.Answer(m_host.remote.devices.Last("ModifyDevicePassword"),
-            [&](const FakeCall&, IRemoteDeviceObserver::Param& param) {
-                param.bFinal = bFinal;
-                param.vecResults = vecResults;
-                param.nErrorCode = nErrorCode;
-            });
+        m_host.server.ReportLast<wire::ModifyDevicePassword>(MakeReport(vecResults, bFinal, nErrorCode));
         PageDriver::Settle();
     }
-    int Requests() { return m_host.remote.devices.Count("ModifyDevicePassword"); }
+    /// The devices, the old and the new password of the last request.
+    QString LastSent()
+    {
+        const auto request = m_host.server.LastRequest<wire::ModifyDevicePassword>();
+        std::string sSent;
+        for (const std::string& sId : request.vecDeviceIds)
+            sSent += sId + ' ';
+        return QString::fromStdString(sSent + request.sOldPassword + ' ' + request.sNewPassword);
+    }
+    int Requests() { return m_host.server.Count<wire::ModifyDevicePassword>(); }
     QString Field(const char* pszName) { return TextOf<VxGUI::VxLineEdit>(pszName); }
 };
 
@@ -96,8 +98,7 @@ TEST_F(PasswordDialog, ClosesWhenEveryDeviceIsDone)
     m_driver.Key(QStringLiteral("m_leInputOldPwd"), Qt::Key_Return);
     EXPECT_EQ(Requests(), 0) << "Enter goes to the next field first";
     m_driver.Key(QStringLiteral("m_leConfirmPwd"), Qt::Key_Return);
-    EXPECT_EQ(m_host.remote.devices.LastArgument<Sent>("ModifyDevicePassword"),
-        Sent({"1001", "1002"}, "old", "Secret#1"));
+    EXPECT_EQ(LastSent(), QStringLiteral("1001 1002 old Secret#1"));
     Report(false, {{"1001", "Gate", 0, {}}});
     EXPECT_EQ(TextOf<QLabel>("lbProgress"), QStringLiteral("1 of 2 devices are done."));
     EXPECT_FALSE(m_driver.IsUsable(QStringLiteral("m_leInputPwd")));
@@ -122,8 +123,7 @@ TEST_F(PasswordDialog, FailedDevicesAreListedAndTriedAgainAlone)
     Screenshot("password-failed");
     m_driver.Type(QStringLiteral("m_leInputOldPwd"), QStringLiteral("other"));
     ClickOk();
-    EXPECT_EQ(m_host.remote.devices.LastArgument<Sent>("ModifyDevicePassword"),
-        Sent({"1002"}, "other", "Secret#1"));
+    EXPECT_EQ(LastSent(), QStringLiteral("1002 other Secret#1"));
     Report(true, {{"1002", "Yard", 0, {}}});
     EXPECT_FALSE(m_pDialog);
 }
@@ -135,7 +135,7 @@ TEST_F(PasswordDialog, FailureOfTheWholeIsToldAndReleasesTheDialog)
     Report(true, {}, UICommonMdl::ErrorNoRight);
     EXPECT_EQ(m_listNotices.last(),
         QStringLiteral("Failed to modify device password: You do not have the right to do this."));
-    m_host.remote.devices.Refuse("ModifyDevicePassword");
+    m_host.server.Refuse<wire::ModifyDevicePassword>();
     ClickOk();
     PageDriver::Settle();
     EXPECT_EQ(m_listNotices.last(),

@@ -43,20 +43,12 @@ TEST(TimeZoneRules, DateReadsHourMonthWeekWeekday)
 class TimeZoneDialog : public DialogFixture<CDevTimeZone>
 {
 protected:
-    using Sent = std::pair<std::vector<std::string>, TimeZoneSetting_t>;
-
     void SetUp() override
     {
-        m_host.remote.system.AnswerAlways(
-            "QueryVideoServers", [](const FakeCall&, ISystemConfigObserver::Param& param) {
-                param.vecServers = {{"s1", "Server 1"}, {"s2", "Server 2"}};
-            });
-        m_host.remote.system.AnswerAlways(
-            "QueryTimeZone", [](const FakeCall&, ISystemConfigObserver::Param& param) {
-                param.platformTime = {Berlin,
-                    {{"(UTC) UTC", Utc}, {"(UTC+01:00) Europe/Berlin", {"Europe/Berlin", 60, false, {}, {}}},
-                        {"(UTC+09:00) Asia/Tokyo", Tokyo}}};
-            });
+        m_host.server.AnswerAlways<wire::QueryVideoServers>({{{"s1", "Server 1"}, {"s2", "Server 2"}}});
+        m_host.server.AnswerAlways<wire::GetTimeZone>({Berlin,
+            {{"(UTC) UTC", Utc}, {"(UTC+01:00) Europe/Berlin", {"Europe/Berlin", 60, false, {}, {}}},
+                {"(UTC+09:00) Asia/Tokyo", Tokyo}}});
     }
     void Open()
     {
@@ -69,15 +61,10 @@ protected:
         m_pDialog->Start();
         PageDriver::Settle();
     }
-    Sent LastSent() { return m_host.remote.devices.LastArgument<Sent>("SetDeviceTimeZone"); }
+    wire::SetTimeZoneRequest LastSent() { return m_host.server.LastRequest<wire::SetDeviceTimeZone>(); }
     void Report(bool bFinal, const std::vector<TimeZoneResult_t>& vecResults, int nErrorCode = 0)
     {
-        m_host.remote.devices.Answer(m_host.remote.devices.Last("SetDeviceTimeZone"),
-            [&](const FakeCall&, IRemoteDeviceObserver::Param& param) {
-                param.bFinal = bFinal;
-                param.vecTimeZones = vecResults;
-                param.nErrorCode = nErrorCode;
-            });
+        m_host.server.ReportLast<wire::SetDeviceTimeZone>(MakeReport(vecResults, bFinal, nErrorCode));
         PageDriver::Settle();
     }
     /// Status and tool tip of the marks, as they are shown.
@@ -103,7 +90,8 @@ TEST_F(TimeZoneDialog, PlatformZoneAndRuleArePresetAndPushed)
     EXPECT_EQ(m_driver.Find<QComboBox>(QStringLiteral("cbxHomeSvrSel"))->count(), 2);
     EXPECT_EQ(Mark("1"), QStringLiteral("Normal|"));
     ClickOk();
-    EXPECT_EQ(LastSent(), Sent({"1", "2", "3"}, Berlin));
+    EXPECT_EQ(LastSent().vecDeviceIds, (std::vector<std::string>{"1", "2", "3"}));
+    EXPECT_EQ(LastSent().setting, Berlin);
     for (const char* const pszId : {"1", "2", "3"})
         EXPECT_EQ(Mark(pszId), QStringLiteral("Failed|Sending...")) << pszId;
     EXPECT_FALSE(Ok()->isEnabled());
@@ -115,10 +103,10 @@ TEST_F(TimeZoneDialog, PlatformZoneAndRuleArePresetAndPushed)
     EXPECT_EQ(State("3"), TimeZoneFailed) << "no word of it came";
     Screenshot("time-zone-mixed");
     ClickOk();
-    EXPECT_EQ(LastSent(), Sent({"1", "3"}, Berlin)) << "what has it is left alone";
+    EXPECT_EQ(LastSent().vecDeviceIds, (std::vector<std::string>{"1", "3"})) << "what has it is left alone";
     Report(true, {{"1", TimeZoneDone, 0}, {"3", TimeZoneDone, 0}});
     ClickOk();
-    EXPECT_EQ(LastSent().first.size(), 3U);
+    EXPECT_EQ(LastSent().vecDeviceIds.size(), 3U);
 }
 
 TEST_F(TimeZoneDialog, ChosenZoneBringsItsRuleAndCanBeEdited)
@@ -129,7 +117,7 @@ TEST_F(TimeZoneDialog, ChosenZoneBringsItsRuleAndCanBeEdited)
     EXPECT_FALSE(m_driver.IsUsable(QStringLiteral("cmbEndMonth"))) << "no daylight saving there";
     m_driver.Click(QStringLiteral("chkDst"));
     ClickOk();
-    EXPECT_EQ(m_host.remote.devices.Count("SetDeviceTimeZone"), 0) << "start and end are the same day";
+    EXPECT_EQ(m_host.server.Count<wire::SetDeviceTimeZone>(), 0) << "start and end are the same day";
     EXPECT_TRUE(m_driver.IsShown(QStringLiteral("lbHint")));
     m_driver.Choose(QStringLiteral("cmbEndMonth"), QStringLiteral("Nov"));
     m_driver.Choose(QStringLiteral("cmbEndWeek"), QStringLiteral("Last week"));
@@ -140,19 +128,19 @@ TEST_F(TimeZoneDialog, ChosenZoneBringsItsRuleAndCanBeEdited)
     TimeZoneSetting_t expected = Tokyo;
     expected.bDst = true;
     expected.dstEnd = {11, 5, 5, 4};
-    EXPECT_EQ(LastSent().second, expected) << "the list alone changed, the rule stays";
+    EXPECT_EQ(LastSent().setting, expected) << "the list alone changed, the rule stays";
     Screenshot("time-zone-sending");
 }
 
 TEST_F(TimeZoneDialog, PlatformZoneThatCannotBeReadIsToldToThePage)
 {
-    m_host.remote.system.FailAlways("QueryTimeZone", UICommonMdl::ErrorNoRight);
+    m_host.server.FailAlways<wire::GetTimeZone>(UICommonMdl::ErrorNoRight);
     Open();
     EXPECT_FALSE(m_pDialog);
     EXPECT_EQ(m_listNotices,
         QStringList{
             QStringLiteral("Failed to get service time zone. You do not have the right to do this.")});
-    m_host.remote.system.Refuse("QueryTimeZone");
+    m_host.server.Refuse<wire::GetTimeZone>();
     Open();
     EXPECT_FALSE(m_pDialog);
     EXPECT_EQ(m_listNotices.size(), 2);
@@ -169,7 +157,7 @@ TEST_F(TimeZoneDialog, FailedPushReleasesTheDialog)
     Connect(false);
     EXPECT_FALSE(Ok()->isEnabled());
     Connect(true);
-    m_host.remote.devices.Refuse("SetDeviceTimeZone");
+    m_host.server.Refuse<wire::SetDeviceTimeZone>();
     ClickOk();
     PageDriver::Settle();
     EXPECT_EQ(State("2"), TimeZoneFailed);
@@ -183,20 +171,19 @@ TEST_F(TimeZoneDialog, ServerChoiceReadsTheZoneAgain)
     m_driver.Click(QStringLiteral("chkDst"));
     m_driver.Key(QStringLiteral("cbxHomeSvrSel"), Qt::Key_Down);
     PageDriver::Settle();
-    EXPECT_EQ(m_host.remote.system.Count("QueryTimeZone"), 2);
+    EXPECT_EQ(m_host.server.Count<wire::GetTimeZone>(), 2);
     ClickOk();
-    EXPECT_EQ(LastSent().second, Berlin);
+    EXPECT_EQ(LastSent().setting, Berlin);
 }
 
 TEST_F(TimeZoneDialog, ClosingInTheMiddleIsSafe)
 {
     Open();
     ClickOk();
-    const FakeCall call = m_host.remote.devices.Last("SetDeviceTimeZone");
     m_pDialog->reject();
     PageDriver::Settle();
     EXPECT_FALSE(m_pDialog);
-    m_host.remote.devices.Fail(call, UICommonMdl::ErrorTimeOut);
+    Report(true, {}, UICommonMdl::ErrorTimeOut);
     EXPECT_TRUE(m_listNotices.isEmpty());
 }
 

@@ -20,7 +20,6 @@ namespace {
 struct Heard
 {
     int nSequence;
-    int nResultCode;
     int nErrorCode;
 };
 
@@ -61,7 +60,7 @@ private:
     void Keep(const Param& param)
     {
         const std::lock_guard lock(m_mutex);
-        m_vecHeard.push_back({param.nSequence, int(param.nResultCode), param.nErrorCode});
+        m_vecHeard.push_back({param.nSequence, param.nErrorCode});
     }
 
     std::mutex m_mutex;
@@ -168,59 +167,4 @@ TEST_F(ManagerTest, EachCallIsRefusedWithoutASessionAndElseAnsweredOnce)
     EXPECT_TRUE(Find<IUserManager>()->GetMenuRights().empty());
     EXPECT_EQ(Find<IUserManager>()->GetToken(), "");
     EXPECT_THAT(CallAll(), testing::Each(testing::Le(0)));
-}
-
-TEST_F(ManagerTest, EachPushIsHeardOnceByWhomItConcerns)
-{
-    SignIn();
-    const std::pair<const char*, int> pushes[] = {
-        {"device-states", RemoteConfigLogical::IRemoteDeviceObserver::ResultDeviceState},
-        {"departments-changed", AccessControlLogical::IDepartmentManagerObserver::ResultDepartmentsChanged},
-        {"persons-changed", AccessControlLogical::IPersonManagerObserver::ResultPersonsChanged},
-        {"users-changed", UserLogical::IUserManagerObserve::ResultUsersChanged},
-        {"roles-changed", UserLogical::IUserManagerObserve::ResultRolesChanged}};
-    std::vector<int> vecExpected;
-    for (const auto& [pszEvent, nResultCode] : pushes) {
-        m_pStream->write(QByteArray("event: ") + pszEvent + "\ndata: {}\n\n");
-        vecExpected.push_back(nResultCode);
-    }
-    WaitFor([&] { return m_listener.All().size() >= vecExpected.size(); });
-    std::vector<int> vecHeard;
-    for (const Heard& heard : m_listener.All()) {
-        EXPECT_EQ(heard.nSequence, 0);
-        vecHeard.push_back(heard.nResultCode);
-    }
-    EXPECT_EQ(vecHeard, vecExpected);
-}
-
-TEST_F(ManagerTest, ASearchIsStoppedAlsoBeforeTheServerHasNamedIt)
-{
-    const QString sSearch = QStringLiteral("/api/v1/discovery/search");
-    const QString sWait = QStringLiteral("/api/v1/job/wait");
-    const QString sCancel = QStringLiteral("/api/v1/job/cancel");
-    SignIn();
-    m_server.SetScript(sSearch, ScriptedServer::Answer(R"({"code":0,"data":{"sJob":"job-7"}})"));
-    QPointer<QTcpSocket> pWaiting;
-    m_server.SetScript(sWait, [&](QTcpSocket& socket, const QByteArray&) { pWaiting = &socket; });
-    QByteArray baCancelled;
-    m_server.SetScript(sCancel, [&](QTcpSocket& socket, const QByteArray& body) {
-        baCancelled = body;
-        ScriptedServer::Answer(R"({"code":0,"data":{}})")(socket, body);
-    });
-    for (int nRound = 1; nRound <= 2; ++nRound) {
-        const bool bNamed = nRound == 2;
-        pWaiting.clear();
-        const int nSearch = Find<IRemoteConfigManager>()->SearchOnlineDevice("10.0.0.1", "10.0.0.9");
-        if (bNamed)
-            WaitFor([&] { return !pWaiting.isNull(); });
-        EXPECT_EQ(m_server.RequestCount(sCancel), nRound - 1) << "nobody has stopped it";
-        Find<IRemoteConfigManager>()->StopSearch(nSearch);
-        WaitFor([&] { return m_server.RequestCount(sCancel) == nRound && !pWaiting.isNull(); });
-        EXPECT_TRUE(baCancelled.contains("job-7"));
-        ScriptedServer::Answer(R"({"code":0,"data":{"bFinished":true}})")(*pWaiting, {});
-        WaitFor([&] { return m_pClient->GetOpenRequestCount() == 0; });
-        ASSERT_FALSE(m_listener.All().empty());
-        EXPECT_EQ(m_listener.All().back().nSequence, nSearch);
-        EXPECT_EQ(m_listener.All().back().nErrorCode, UICommonMdl::ErrorNone);
-    }
 }

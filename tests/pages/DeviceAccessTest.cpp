@@ -18,8 +18,6 @@ const QString Action = QStringLiteral("Who Has Access");
 class DeviceAccess : public DevicePageFixture
 {
 protected:
-    using UserParam = FakeUserManager::Param;
-
     void TearDown() override
     {
         m_pDialogDriver.reset();
@@ -41,13 +39,11 @@ protected:
     }
     void Answer(int nErrorCode)
     {
-        m_host.user.users.Answer(
-            m_host.user.users.Last("QueryDeviceAccess"), [nErrorCode](const FakeCall&, UserParam& param) {
-                param.nErrorCode = nErrorCode;
-                if (nErrorCode == UICommonMdl::ErrorNone)
-                    param.vecAccess = {{"alice", {"Guard", "Reception"}, true}, {"bob", {"Guard"}, false},
-                        {"system", {"Administrator"}, true}};
-            });
+        if (nErrorCode == UICommonMdl::ErrorNone)
+            m_host.server.AnswerLast<wire::QueryDeviceAccess>({{{"alice", {"Guard", "Reception"}, true},
+                {"bob", {"Guard"}, false}, {"system", {"Administrator"}, true}}});
+        else
+            m_host.server.FailLast<wire::QueryDeviceAccess>(nErrorCode);
         PageDriver::Settle();
     }
     QStringList Users()
@@ -75,7 +71,7 @@ TEST_F(DeviceAccess, ListsUsersWithTheirRolesAndFindsByBoth)
     Open();
     OpenDialog();
     EXPECT_EQ(
-        m_host.user.users.LastArgument<std::string>("QueryDeviceAccess"), Model()->GetId(0).toStdString());
+        m_host.server.LastRequest<wire::QueryDeviceAccess>().sDeviceId, Model()->GetId(0).toStdString());
     EXPECT_EQ(State(), QStringLiteral("Loading users"));
     Answer(UICommonMdl::ErrorNone);
     EXPECT_EQ(Users(),
@@ -102,18 +98,15 @@ TEST_F(DeviceAccess, FailuresAreShownAndCanBeTriedAgain)
     Answer(UICommonMdl::ErrorNoRight);
     EXPECT_EQ(State(), QStringLiteral("You have no permission to see who has access."));
 
-    FakeRemoteConfigManager::SystemObserver::Param param;
-    param.nResultCode = FakeRemoteConfigManager::SystemObserver::ResultServerDisconnected;
-    m_host.remote.system.Send(param);
+    m_host.PushConnected(false);
     PageDriver::Settle();
     EXPECT_TRUE(m_pDialogDriver->IsShown(QStringLiteral("lbConnection")));
-    param.nResultCode = FakeRemoteConfigManager::SystemObserver::ResultServerReconnected;
-    m_host.remote.system.Send(param);
+    m_host.PushConnected(true);
     PageDriver::Settle();
-    m_host.user.users.Answer(m_host.user.users.Last("QueryDeviceAccess"), nullptr);
+    m_host.server.AnswerLast<wire::QueryDeviceAccess>();
     PageDriver::Settle();
     EXPECT_EQ(State(), QStringLiteral("No user has access to this device."));
-    EXPECT_EQ(m_host.user.users.Count("QueryDeviceAccess"), 3);
+    EXPECT_EQ(m_host.server.Count<wire::QueryDeviceAccess>(), 3);
 }
 
 TEST_F(DeviceAccess, IsOfferedToWhoSeesUsersOnly)
@@ -121,7 +114,7 @@ TEST_F(DeviceAccess, IsOfferedToWhoSeesUsersOnly)
     const ExpectWarning popUp(PopUpWarning);
     for (const bool bMay : {true, false}) {
         if (!bMay)
-            m_host.user.setMissing = {"001002"};
+            m_host.SetMissingRights({"001002"});
         Open();
         OpenMenu();
         auto* const pMenu = m_pPage->findChild<QMenu*>(QStringLiteral("menuDevice"));
@@ -137,7 +130,7 @@ TEST_F(DeviceAccess, IsOfferedToWhoSeesUsersOnly)
         EXPECT_EQ(m_pDriver->IsUsable(QStringLiteral("btnAccess")), bMay);
         if (bMay) {
             m_pDriver->Click(QStringLiteral("btnAccess"));
-            EXPECT_EQ(m_host.user.users.LastArgument<std::string>("QueryDeviceAccess"),
+            EXPECT_EQ(m_host.server.LastRequest<wire::QueryDeviceAccess>().sDeviceId,
                 Model()->GetId(1).toStdString());
             m_pDriver->Screenshot(QStringLiteral("device-details"));
             delete FindDialog<CDeviceAccessDlg>();

@@ -11,8 +11,6 @@ using namespace ResourceManagerUI;
 class DeviceDeletion : public DevicePageFixture
 {
 protected:
-    using Deleted = std::pair<FakeGroupManager::Ids, int>;
-
     void DeleteChecked(int nRows)
     {
         Open();
@@ -23,8 +21,7 @@ protected:
     /// Answers the last delete request with those failures.
     void AnswerLast(std::vector<GroupLogical::FailedItem_t> vecFailed = {})
     {
-        m_host.group.Answer(m_host.group.Last("DeleteDevice"),
-            [&](const FakeCall&, GroupParam& param) { param.vecFailed = vecFailed; });
+        m_host.server.AnswerLast<wire::DeleteDevice>({std::move(vecFailed)});
         PageDriver::Settle();
     }
     QString Label(const char* pszName)
@@ -47,7 +44,7 @@ TEST_F(DeviceDeletion, QuestionCountsTheDevices)
         EXPECT_FALSE(FindDialog<CBatchDeleteDeviceDlg>()) << "only OK goes on";
         Close();
     }
-    EXPECT_EQ(m_host.group.Count("DeleteDevice"), 0);
+    EXPECT_EQ(m_host.server.Count<wire::DeleteDevice>(), 0);
 }
 
 TEST_F(DeviceDeletion, NamesAndDeletesWhatIsCheckedOnTwoPagesAndForgetsWhatIsGone)
@@ -57,8 +54,7 @@ TEST_F(DeviceDeletion, NamesAndDeletesWhatIsCheckedOnTwoPagesAndForgetsWhatIsGon
     m_pDriver->Click(QStringLiteral("btnDelete"));
     EXPECT_EQ(m_dialogs.LastText(), QStringLiteral("Are you sure to delete these devices?"));
     EXPECT_EQ(m_dialogs.LastDetails(), QStringLiteral("Door 1\nCamera 1\nCamera 2"));
-    EXPECT_EQ(m_host.group.LastArgument<Deleted>("DeleteDevice").first,
-        (FakeGroupManager::Ids{"2001", "1001", "1002"}));
+    EXPECT_EQ(m_host.server.LastRequest<wire::DeleteDevice>().vecDeviceIds, (Ids{"2001", "1001", "1002"}));
     AnswerLast({{"1001", "Camera 1", UICommonMdl::ErrorDeviceUpdating, {}},
         {"1002", {}, UICommonMdl::ErrorNotFound, {}}});
     EXPECT_EQ(Model()->GetCheckedIds(), QStringList{QStringLiteral("1001")})
@@ -69,22 +65,22 @@ TEST_F(DeviceDeletion, NamesAndDeletesWhatIsCheckedOnTwoPagesAndForgetsWhatIsGon
 TEST_F(DeviceDeletion, TwelveDevicesGoInThreeBatchesOneAfterTheOther)
 {
     DeleteChecked(12);
-    EXPECT_EQ(m_host.group.Count("DeleteDevice"), 1);
+    EXPECT_EQ(m_host.server.Count<wire::DeleteDevice>(), 1);
     EXPECT_EQ(Label("lbProgress"), QStringLiteral("0% 0/12"));
     std::vector<std::size_t> vecSizes;
     for (int nBatch = 1; nBatch <= 3; ++nBatch) {
-        ASSERT_EQ(m_host.group.Count("DeleteDevice"), nBatch);
-        const auto deleted = m_host.group.LastArgument<Deleted>("DeleteDevice");
-        vecSizes.push_back(deleted.first.size());
-        EXPECT_EQ(deleted.second, GroupLogical::DeleteNormal);
+        ASSERT_EQ(m_host.server.Count<wire::DeleteDevice>(), nBatch);
+        const auto deleted = m_host.server.LastRequest<wire::DeleteDevice>();
+        vecSizes.push_back(deleted.vecDeviceIds.size());
+        EXPECT_EQ(deleted.nMode, GroupLogical::DeleteNormal);
         AnswerLast();
     }
     EXPECT_EQ(vecSizes, (std::vector<std::size_t>{5, 5, 2}));
     EXPECT_EQ(Label("lbProgress"), QStringLiteral("100% 12/12"));
     EXPECT_EQ(Label("lbResult"), QStringLiteral("Delete device complete!"));
-    const int nQueries = m_host.group.Count("QueryDevicePage");
+    const int nQueries = m_host.server.Count<wire::QueryDevicePage>();
     FindDialog<CBatchDeleteDeviceDlg>()->reject();
-    EXPECT_EQ(m_host.group.Count("QueryDevicePage"), nQueries + 1);
+    EXPECT_EQ(m_host.server.Count<wire::QueryDevicePage>(), nQueries + 1);
 }
 
 TEST_F(DeviceDeletion, RefusedDevicesAreListedAndCanBeForced)
@@ -100,7 +96,7 @@ TEST_F(DeviceDeletion, RefusedDevicesAreListedAndCanBeForced)
         QStringLiteral("The platform is updating device. Please delete later."));
 
     pFailures->setCurrentIndex(pFailures->model()->index(0, 0));
-    EXPECT_EQ(m_host.group.LastArgument<std::string>("QueryDeviceReferences"), "1001");
+    EXPECT_EQ(m_host.server.LastRequest<wire::QueryDeviceReferences>().sDeviceId, "1001");
 
     const QModelIndex operation = pFailures->model()->index(0, 2);
     auto* pButtons = qobject_cast<Common::CRowButtonDelegate*>(pFailures->itemDelegateForColumn(2));
@@ -108,11 +104,12 @@ TEST_F(DeviceDeletion, RefusedDevicesAreListedAndCanBeForced)
         pButtons->GetButtonRect(pFailures->visualRect(operation), pFailures->fontMetrics(), 0).center();
     m_dialogs.AnswerNext(false);
     QTest::mouseClick(pFailures->viewport(), Qt::LeftButton, {}, place);
-    EXPECT_EQ(m_host.group.Count("DeleteDevice"), 1) << "only OK goes on";
+    EXPECT_EQ(m_host.server.Count<wire::DeleteDevice>(), 1) << "only OK goes on";
     m_dialogs.AnswerNext(true);
     QTest::mouseClick(pFailures->viewport(), Qt::LeftButton, {}, place);
-    EXPECT_EQ(
-        m_host.group.LastArgument<Deleted>("DeleteDevice"), Deleted({"1001"}, GroupLogical::DeleteForced));
+    const auto forced = m_host.server.LastRequest<wire::DeleteDevice>();
+    EXPECT_EQ(forced.vecDeviceIds, Ids{"1001"});
+    EXPECT_EQ(forced.nMode, GroupLogical::DeleteForced);
     AnswerLast();
     EXPECT_EQ(pFailures->model()->rowCount(), 1);
 }
@@ -121,8 +118,8 @@ TEST_F(DeviceDeletion, ServerGoneInTheMiddleFailsTheRest)
 {
     DeleteChecked(12);
     AnswerLast();
-    m_host.group.Refuse("DeleteDevice");
-    m_host.group.Fail(m_host.group.Last("DeleteDevice"), UICommonMdl::ErrorDisconnected);
+    m_host.server.Refuse<wire::DeleteDevice>();
+    m_host.server.FailLast<wire::DeleteDevice>(UICommonMdl::ErrorDisconnected);
     PageDriver::Settle();
     EXPECT_EQ(Failures()->model()->rowCount(), 7);
     EXPECT_EQ(Label("lbProgress"), QStringLiteral("100% 12/12"));
@@ -137,12 +134,12 @@ TEST_F(DeviceDeletion, ClosingWhileItDeletesAsksAndStopsTheRest)
     pDialog->reject();
     EXPECT_TRUE(pDialog->isVisible());
     EXPECT_EQ(m_dialogs.LastText(), QStringLiteral("Deleting device. Are you sure to close it?"));
-    const int nQueries = m_host.group.Count("QueryDevicePage");
+    const int nQueries = m_host.server.Count<wire::QueryDevicePage>();
     m_dialogs.AnswerNext(true);
     pDialog->reject();
     AnswerLast();
-    EXPECT_EQ(m_host.group.Count("DeleteDevice"), 1);
-    EXPECT_EQ(m_host.group.Count("QueryDevicePage"), nQueries + 1);
+    EXPECT_EQ(m_host.server.Count<wire::DeleteDevice>(), 1);
+    EXPECT_EQ(m_host.server.Count<wire::QueryDevicePage>(), nQueries + 1);
 }
 
 TEST_F(DeviceDeletion, RowButtonDeletesThatOneDevice)
@@ -154,6 +151,6 @@ TEST_F(DeviceDeletion, RowButtonDeletesThatOneDevice)
         pButtons->GetButtonRect(Table()->visualRect(operation), Table()->fontMetrics(), 3).center();
     m_dialogs.AnswerNext(true);
     m_pDriver->ClickAt(Table(), place);
-    EXPECT_EQ(m_host.group.LastArgument<Deleted>("DeleteDevice").first, FakeGroupManager::Ids{"1004"});
+    EXPECT_EQ(m_host.server.LastRequest<wire::DeleteDevice>().vecDeviceIds, Ids{"1004"});
     AnswerLast();
 }

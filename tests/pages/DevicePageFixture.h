@@ -14,14 +14,14 @@
 
 #include <memory>
 
-/// The device page over fakes that serve a small site.
+/// The device page of a host that serves a small site.
 class DevicePageFixture : public testing::Test
 {
 protected:
     using Request = GroupLogical::DevicePageRequest_t;
-    using GroupParam = FakeGroupManager::Param;
+    using Ids = std::vector<std::string>;
 
-    void SetUp() override { m_host.group.ServeSite(); }
+    void SetUp() override { m_host.site.ServeDevices(); }
     void TearDown() override { Close(); }
 
     void Open()
@@ -38,16 +38,15 @@ protected:
     /// From now on the second page holds other devices than the first one.
     void ServeTwoPages()
     {
-        m_host.group.AnswerAlways("QueryDevicePage", [this](const FakeCall& call, GroupParam& param) {
-            const int nPage = std::any_cast<Request>(call.argument).nPage;
-            std::vector<GroupLogical::DeviceInfo_t> vecDevices = m_host.group.vecDevices;
+        m_host.server.AnswerAlways<wire::QueryDevicePage>([this](const auto& request, auto& page) {
+            std::vector<GroupLogical::DeviceInfo_t> vecDevices = m_host.site.vecDevices;
             for (GroupLogical::DeviceInfo_t& device : vecDevices) {
-                if (nPage != 2)
+                if (request.nPage != 2)
                     break;
                 device.sDeviceId[0] = '2';
                 device.sName = "Door" + device.sName.substr(device.sName.find(' '));
             }
-            param.devicePage = {vecDevices, 40, nPage};
+            page = {vecDevices, 40, request.nPage};
         });
     }
     /// Checks the first two devices of the first page and the first of the second one, which is shown then.
@@ -74,7 +73,7 @@ protected:
             EXPECT_EQ(index.data(Qt::CheckStateRole).toInt(), Qt::Checked);
         }
     }
-    Request LastRequest() { return m_host.group.LastArgument<Request>("QueryDevicePage"); }
+    Request LastRequest() { return m_host.server.LastRequest<wire::QueryDevicePage>(); }
     QString Notice() { return VxGUI::VxNotification::CurrentText(m_pPage.get()); }
     template <class Dialog>
     Dialog* FindDialog()

@@ -27,9 +27,9 @@ class DevicePage : public DevicePageFixture
 TEST_F(DevicePage, FirstQueryAsksForTheFirstPageByDescendingAddress)
 {
     Open();
-    const Request request = m_host.group.Calls("QueryDevicePage").empty()
-        ? Request{}
-        : std::any_cast<Request>(m_host.group.Calls("QueryDevicePage").front().argument);
+    const auto vecCalls = m_host.server.Calls<wire::QueryDevicePage>();
+    ASSERT_FALSE(vecCalls.empty());
+    const auto request = vecCalls.front().Request<wire::QueryDevicePage>();
     EXPECT_EQ(request.nPage, 1);
     EXPECT_FALSE(request.bAscending);
     EXPECT_EQ(request.nSortField, GroupLogical::SortByIp);
@@ -88,33 +88,27 @@ TEST_F(DevicePage, AddressAndNameSortOnTheServer)
     EXPECT_EQ(LastRequest().nSortField, GroupLogical::SortByName);
     EXPECT_TRUE(LastRequest().bAscending);
     EXPECT_EQ(pHeader->sortIndicatorSection(), int(ColumnOrganization));
-    const int nQueries = m_host.group.Count("QueryDevicePage");
+    const int nQueries = m_host.server.Count<wire::QueryDevicePage>();
     click(ColumnOperation);
-    EXPECT_EQ(m_host.group.Count("QueryDevicePage"), nQueries);
+    EXPECT_EQ(m_host.server.Count<wire::QueryDevicePage>(), nQueries);
     EXPECT_EQ(pHeader->sortIndicatorSection(), int(ColumnOrganization));
 }
 
 TEST_F(DevicePage, AnswersThatAreNotPendingAreDropped)
 {
     Open();
-    m_host.group.Hold("QueryDevicePage");
+    m_host.server.Hold<wire::QueryDevicePage>();
     m_pDriver->Click(QStringLiteral("btnEncodeDevice"));
-    const FakeCall first = m_host.group.Last("QueryDevicePage");
+    const FakeCall first = m_host.server.Last<wire::QueryDevicePage>();
     m_pDriver->Click(QStringLiteral("btnAccessDevice"));
-    const FakeCall second = m_host.group.Last("QueryDevicePage");
-    const auto answerWith = [](const char* pszName) {
-        return [pszName](const FakeCall&, GroupParam& param) {
-            GroupLogical::DeviceInfo_t device;
-            device.sDeviceId = device.sName = pszName;
-            param.devicePage = {{device}, 1, 1};
-        };
+    const FakeCall second = m_host.server.Last<wire::QueryDevicePage>();
+    const auto answer = [this](const FakeCall& call, const char* pszName) {
+        GroupLogical::DeviceInfo_t device;
+        device.sDeviceId = device.sName = pszName;
+        m_host.server.Answer<wire::QueryDevicePage>(call, {{device}, 1, 1});
     };
-    m_host.group.Answer(second, answerWith("second"));
-    m_host.group.Answer(first, answerWith("late"));
-    m_host.group.Answer(second, answerWith("twice"));
-    FakeCall unknown = second;
-    unknown.nSequence = 4711;
-    m_host.group.Answer(unknown, answerWith("unknown"));
+    answer(second, "second");
+    answer(first, "late");
     PageDriver::Settle();
     ASSERT_EQ(Model()->rowCount(), 1);
     EXPECT_EQ(Cell(0, ColumnName), QStringLiteral("second"));
@@ -124,34 +118,32 @@ TEST_F(DevicePage, PushesAreGatheredIntoOneQuery)
 {
     Open();
     CheckRows(2);
-    m_host.group.vecDevices.erase(m_host.group.vecDevices.begin());
-    m_host.group.vecOrganizations.pop_back();
-    const int nQueries = m_host.group.Count("QueryDevicePage");
-    GroupParam push;
-    push.nResultCode = FakeGroupManager::Observer::ResultDevicesChanged;
-    m_host.group.Send(push);
-    push.nResultCode = FakeGroupManager::Observer::ResultOrganizationsChanged;
-    m_host.group.Send(push);
-    m_host.group.Send(push);
+    m_host.site.vecDevices.erase(m_host.site.vecDevices.begin());
+    m_host.site.vecOrganizations.pop_back();
+    const int nQueries = m_host.server.Count<wire::QueryDevicePage>();
+    m_host.server.Push(wire::event::DevicesChanged);
+    m_host.server.Push(wire::event::OrganizationsChanged);
+    m_host.server.Push(wire::event::OrganizationsChanged);
     EXPECT_TRUE(PageDriver::WaitFor([&] { return Model()->rowCount() == 11; }));
     PageDriver::Settle();
-    EXPECT_EQ(m_host.group.Count("QueryDevicePage"), nQueries + 1);
-    EXPECT_EQ(m_host.group.Count("QueryOrganizations"), 2);
+    EXPECT_EQ(m_host.server.Count<wire::QueryDevicePage>(), nQueries + 1);
+    EXPECT_EQ(m_host.server.Count<wire::QueryOrganizations>(), 2);
     EXPECT_EQ(Model()->GetCheckedCount(), 2);
 }
 
 TEST_F(DevicePage, StatePushChangesTheRowInPlace)
 {
     Open();
-    const int nQueries = m_host.group.Count("QueryDevicePage");
-    m_host.remote.PushState({{"1001", GroupLogical::StateOffline, GroupLogical::ReasonTimeOut},
-        {"1003", GroupLogical::StateOnline, GroupLogical::ReasonNone}, {"9999", 1, 0}});
+    const int nQueries = m_host.server.Count<wire::QueryDevicePage>();
+    m_host.server.Push(wire::event::DeviceStates,
+        wire::DeviceStates{{{"1001", GroupLogical::StateOffline, GroupLogical::ReasonTimeOut},
+            {"1003", GroupLogical::StateOnline, GroupLogical::ReasonNone}, {"9999", 1, 0}}});
     PageDriver::Settle();
     EXPECT_EQ(Cell(0, ColumnOnline), QStringLiteral("Offline"));
     EXPECT_EQ(Cell(0, ColumnOfflineReason), QStringLiteral("Connection timed out"));
     EXPECT_EQ(Cell(2, ColumnOnline), QStringLiteral("Online"));
     EXPECT_EQ(Cell(2, ColumnOfflineReason), QString());
-    EXPECT_EQ(m_host.group.Count("QueryDevicePage"), nQueries);
+    EXPECT_EQ(m_host.server.Count<wire::QueryDevicePage>(), nQueries);
 }
 
 TEST_F(DevicePage, FailedQueriesShowTheirState)
@@ -160,13 +152,13 @@ TEST_F(DevicePage, FailedQueriesShowTheirState)
     const std::pair<int, Kind> cases[] = {{UICommonMdl::ErrorNoRight, Kind::NoPermission},
         {UICommonMdl::ErrorDatabaseBusy, Kind::Failed}, {UICommonMdl::ErrorTimeOut, Kind::Failed}};
     for (const auto& [nErrorCode, kind] : cases) {
-        m_host.group.FailAlways("QueryDevicePage", nErrorCode);
+        m_host.server.FailAlways<wire::QueryDevicePage>(nErrorCode);
         Open();
         EXPECT_EQ(m_pDriver->Find<VxGUI::VxEmptyState>(QStringLiteral("wgtTableState"))->GetKind(), kind);
         EXPECT_TRUE(m_pDriver->IsShown(QStringLiteral("wgtTableState"))) << nErrorCode;
         Close();
     }
-    m_host.group.Refuse("QueryDevicePage");
+    m_host.server.Refuse<wire::QueryDevicePage>();
     Open();
     EXPECT_EQ(
         Notice(), QStringLiteral("Failed to get device list: The request could not be sent to the server."));
@@ -182,12 +174,10 @@ TEST_F(DevicePage, MoveSendsTheCheckedDevicesOfAllPagesAndListsFailures)
     pTree->setCurrentIndex(pTree->model()->index(0, 0, pTree->model()->index(0, 0)));
     auto* pButtons = pDialog->findChild<QDialogButtonBox*>();
     QTest::mouseClick(pButtons->button(QDialogButtonBox::Ok), Qt::LeftButton);
-    const auto moved = m_host.group.LastArgument<std::pair<FakeGroupManager::Ids, std::string>>("MoveDevice");
-    EXPECT_EQ(moved.first, (FakeGroupManager::Ids{"2001", "1001", "1002"}));
-    EXPECT_EQ(moved.second, "001001");
-    m_host.group.Answer(m_host.group.Last("MoveDevice"), [](const FakeCall&, GroupParam& param) {
-        param.vecFailed = {{"1002", {}, UICommonMdl::ErrorNotFound, {}}};
-    });
+    const auto moved = m_host.server.LastRequest<wire::MoveDevice>();
+    EXPECT_EQ(moved.vecDeviceIds, (Ids{"2001", "1001", "1002"}));
+    EXPECT_EQ(moved.sOrgCode, "001001");
+    m_host.server.AnswerLast<wire::MoveDevice>({{{"1002", {}, UICommonMdl::ErrorNotFound, {}}}});
     PageDriver::Settle();
     EXPECT_TRUE(m_dialogs.LastText().contains(QStringLiteral("Result of failure is shown below:")));
     EXPECT_TRUE(m_dialogs.LastDetails().startsWith(QStringLiteral("Camera 2: ")))
@@ -217,15 +207,12 @@ TEST_F(DevicePage, PasswordsAndTimeZonesAreSetOnAllPages)
 
 TEST_F(DevicePage, WithoutTheRightExportSaysWhyItCannotBeUsed)
 {
-    m_host.user.setMissing = {"004002"};
+    m_host.SetMissingRights({"004002"});
     Open();
     const auto* const pExport = m_pDriver->Find(QStringLiteral("btnExport"));
     EXPECT_FALSE(pExport->isEnabled());
     EXPECT_EQ(pExport->toolTip(), QStringLiteral("You have no permission to export devices."));
-    m_host.user.setMissing.clear();
-    UserLogical::ILoginManagerObserver::Param push;
-    push.nResultCode = UserLogical::ILoginManagerObserver::ResultRightsChanged;
-    m_host.user.login.Send(push);
+    m_host.SetMissingRights({});
     PageDriver::Settle();
     EXPECT_TRUE(pExport->isEnabled());
 }
@@ -261,20 +248,16 @@ TEST_F(DevicePage, TabGoesAsTheEyeDoes)
     EXPECT_EQ(listSeen.join(QLatin1Char(' ')).toStdString(), listWay.join(QLatin1Char(' ')).toStdString());
 }
 
-TEST_F(DevicePage, PageGoneWhileAnswersComeFromAnotherThread)
+TEST_F(DevicePage, PageGoneWhilePushesComeFromAnotherThread)
 {
-    m_host.group.Hold("QueryDevicePage");
+    m_host.server.Hold<wire::QueryDevicePage>();
     for (int n = 0; n < 20; ++n) {
         Open();
-        GroupParam param;
-        param.nResultCode = FakeGroupManager::Observer::ResultQueryDevicePage;
-        param.nSequence = m_host.group.Last("QueryDevicePage").nSequence;
-        param.devicePage = {m_host.group.vecDevices, 12, 1};
-        m_host.group.SendUntilJoin(param);
+        m_host.server.PushUntilJoin(wire::event::DevicesChanged);
         PageDriver::Settle();
         Close();
-        EXPECT_EQ(m_host.group.ObserverCount(), 0U);
-        m_host.group.Join();
+        EXPECT_EQ(m_host.CountObservers(), 0);
+        m_host.server.Join();
     }
     PageDriver::Settle();
 }

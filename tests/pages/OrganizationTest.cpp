@@ -53,23 +53,22 @@ TEST_F(OrganizationTree, AddingChecksTheInputAndShowsTheNewNode)
     m_pDriver->Type(QStringLiteral("editName"), QStringLiteral("<b>"));
     m_pDriver->Click(QStringLiteral("btnOk"));
     EXPECT_EQ(NameHint(), QStringLiteral("Special characters < and > are not allowed."));
-    EXPECT_EQ(m_host.group.Count("AddOrganization"), 0);
+    EXPECT_EQ(m_host.server.Count<wire::AddOrganization>(), 0);
 
     m_pDriver->Type(QStringLiteral("editName"), QStringLiteral("Yard"));
     m_pDriver->Click(QStringLiteral("btnOk"));
-    const auto sent = m_host.group.LastArgument<Organization_t>("AddOrganization");
+    const auto sent = m_host.server.LastRequest<wire::AddOrganization>();
     EXPECT_EQ(sent.sName, "Yard");
     EXPECT_EQ(sent.sParentCode, "001001");
-    m_host.group.Fail(m_host.group.Last("AddOrganization"), UICommonMdl::ErrorNameExists);
+    m_host.server.FailLast<wire::AddOrganization>(UICommonMdl::ErrorNameExists);
     PageDriver::Settle();
     EXPECT_TRUE(Notice().startsWith(QStringLiteral("Failed to add organization")));
     EXPECT_TRUE(m_pDriver->IsShown(QStringLiteral("pageOrg"))) << "the input stays";
 
     m_pDriver->Click(QStringLiteral("btnOk"));
     const Organization_t added{"001001002", "001001", "Yard", "", 1, 1};
-    m_host.group.vecOrganizations.push_back(added);
-    m_host.group.Answer(m_host.group.Last("AddOrganization"),
-        [&](const FakeCall&, GroupParam& param) { param.vecOrganizations = {added}; });
+    m_host.site.vecOrganizations.push_back(added);
+    m_host.server.AnswerLast<wire::AddOrganization>(added);
     PageDriver::Settle();
     EXPECT_TRUE(m_pDriver->IsShown(QStringLiteral("pageDevice")));
     EXPECT_EQ(Tree()->currentIndex().data().toString(), QStringLiteral("Yard"));
@@ -82,7 +81,7 @@ TEST_F(OrganizationTree, RenamingSendsTheRecordWithItsVersion)
     m_pDriver->Key(QStringLiteral("treeOrg"), Qt::Key_F2);
     m_pDriver->Type(QStringLiteral("editName"), QStringLiteral("East"));
     m_pDriver->Key(QStringLiteral("editName"), Qt::Key_Return);
-    EXPECT_EQ(m_host.group.LastArgument<Organization_t>("ModifyOrganization"),
+    EXPECT_EQ(m_host.server.LastRequest<wire::ModifyOrganization>(),
         (Organization_t{"001001", "001", "East", "gate", 0, 4}));
     m_dialogs.AnswerNext(true);
     m_pDriver->Click(QStringLiteral("btnCancel"));
@@ -125,7 +124,8 @@ TEST_F(OrganizationTree, LeavingAsksOnlyWhenSomethingWasChanged)
 
 TEST_F(OrganizationTree, LevelLimitIsSaid)
 {
-    m_host.group.nLevelLimit = 3;
+    m_host.session.nOrganizationLevelLimit = 3;
+    m_host.ApplySession();
     Open();
     Select("001001001");
     m_pDriver->Click(QStringLiteral("btnAddOrg"));
@@ -142,8 +142,8 @@ TEST_F(OrganizationTree, DeletingAsksAndSparesTheRoot)
     m_dialogs.AnswerNext(true);
     m_pDriver->Key(QStringLiteral("treeOrg"), Qt::Key_Delete);
     EXPECT_EQ(m_dialogs.LastText(), QStringLiteral("Are you sure to delete organization?"));
-    EXPECT_EQ(m_host.group.LastArgument<std::string>("DeleteOrganization"), "001002");
-    m_host.group.Fail(m_host.group.Last("DeleteOrganization"), UICommonMdl::ErrorOrganizationNotEmpty);
+    EXPECT_EQ(m_host.server.LastRequest<wire::DeleteOrganization>().sCode, "001002");
+    m_host.server.FailLast<wire::DeleteOrganization>(UICommonMdl::ErrorOrganizationNotEmpty);
     PageDriver::Settle();
     EXPECT_TRUE(Notice().startsWith(QStringLiteral("Failed to delete the organization ")));
 }
@@ -160,8 +160,8 @@ TEST_F(OrganizationTree, DropsAskForTheMove)
         << "not below itself";
     EXPECT_FALSE(Organizations()->canDropMimeData(pNorth.get(), Qt::MoveAction, -1, -1, QModelIndex()));
     Organizations()->dropMimeData(pNorth.get(), Qt::MoveAction, -1, -1, south);
-    EXPECT_EQ((m_host.group.LastArgument<std::pair<std::string, std::string>>("MoveOrganization")),
-        (std::pair<std::string, std::string>("001001", "001002")));
+    const auto sent = m_host.server.LastRequest<wire::MoveOrganization>();
+    EXPECT_EQ(sent.sCode + ' ' + sent.sNewParentCode, "001001 001002");
 
     CheckRows(2);
     const std::unique_ptr<QMimeData> pDevices(Model()->mimeData({Model()->index(1, ColumnName)}));
@@ -172,9 +172,9 @@ TEST_F(OrganizationTree, DropsAskForTheMove)
     QApplication::sendEvent(Tree()->viewport(), &move);
     QDropEvent drop(place, Qt::MoveAction, pDevices.get(), Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(Tree()->viewport(), &drop);
-    const auto moved = m_host.group.LastArgument<std::pair<FakeGroupManager::Ids, std::string>>("MoveDevice");
-    EXPECT_EQ(moved.first, (FakeGroupManager::Ids{"1001", "1002"}));
-    EXPECT_EQ(moved.second, "001002");
+    const auto moved = m_host.server.LastRequest<wire::MoveDevice>();
+    EXPECT_EQ(moved.vecDeviceIds, (Ids{"1001", "1002"}));
+    EXPECT_EQ(moved.sOrgCode, "001002");
 }
 
 TEST_F(OrganizationTree, FilterKeepsTheWayToAMatch)

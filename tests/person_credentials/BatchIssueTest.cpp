@@ -16,18 +16,16 @@ namespace {
 class BatchIssue : public CredentialFixture<CBatchIssueCard>
 {
 protected:
-    using Sent = std::tuple<std::vector<IssueCard_t>, std::int64_t, std::int64_t>;
-
     void SetUp() override
     {
-        m_host.access.ServeSite();
+        m_host.site.ServePersons();
         m_host.config.mapValues[QStringLiteral("AuthenCard/type")] = 2;
         Simulation::StopOwnCards();
         ShowPersons(3);
     }
     void ShowPersons(int nCount)
     {
-        const auto& vecAll = m_host.access.vecPersons;
+        const auto& vecAll = m_host.site.vecPersons;
         m_page.SetPersons({vecAll.begin(), vecAll.begin() + nCount});
         PageDriver::Settle();
     }
@@ -53,14 +51,11 @@ protected:
         m_driver.Click(QStringLiteral("m_pBtnSaveBatch"));
         PageDriver::Settle();
     }
-    int Requests() { return m_host.access.persons.Count("IssueCards"); }
+    wire::IssueCardsRequest Sent() { return m_host.server.LastRequest<wire::IssueCards>(); }
+    int Requests() { return m_host.server.Count<wire::IssueCards>(); }
     void Answer(int nErrorCode, const std::vector<PersonClash_t>& vecClashes = {})
     {
-        m_host.access.persons.Answer(m_host.access.persons.Last("IssueCards"),
-            [&](const FakeCall&, IPersonManagerObserver::Param& param) {
-                param.nErrorCode = nErrorCode;
-                param.vecClashes = vecClashes;
-            });
+        m_host.server.FailLast<wire::IssueCards>(nErrorCode, wire::ClashText(vecClashes));
         PageDriver::Settle();
     }
 };
@@ -80,7 +75,8 @@ TEST_F(BatchIssue, TypedNumbersAreCheckedAndSentWithThePeriodThatWasChosen)
     Type(2, "0123456789abcdef0");
     Save();
     const std::vector<IssueCard_t> vecCards{{"101", "A1"}, {"102", "B2"}, {"103", "0123456789ABCDEF"}};
-    EXPECT_EQ(m_host.access.persons.LastArgument<Sent>("IssueCards"), Sent(vecCards, 0, 0));
+    EXPECT_EQ(Sent().vecCards, vecCards);
+    EXPECT_EQ(Sent().nValidFrom + Sent().nValidTo, 0);
     Answer(ErrorCode::ErrorTimeOut);
     EXPECT_TRUE(Notice().startsWith(QLatin1String("Failed to batch issue card. ")));
 
@@ -93,7 +89,8 @@ TEST_F(BatchIssue, TypedNumbersAreCheckedAndSentWithThePeriodThatWasChosen)
     pTo->setDateTime(pFrom->dateTime().addSecs(60));
     Save();
     const std::int64_t nFrom = pFrom->dateTime().toSecsSinceEpoch();
-    EXPECT_EQ(m_host.access.persons.LastArgument<Sent>("IssueCards"), Sent(vecCards, nFrom, nFrom + 60));
+    EXPECT_EQ(Sent().nValidFrom, nFrom);
+    EXPECT_EQ(Sent().nValidTo, nFrom + 60);
 }
 
 TEST_F(BatchIssue, ServersClashesAreNamedMarkedAndCanBeMended)
@@ -136,23 +133,23 @@ TEST_F(BatchIssue, PersonsAreTakenOffAndNumbersAreNotLeftBehindUnasked)
     QSignalSpy back(&m_page, &CBatchIssueCard::SignalBack);
     TypeAll({"A1", "B2"});
     PressRowButton(Table(), QStringLiteral("Person 3"), 0);
-    m_host.access.persons.Hold("IssueCards");
+    m_host.server.Hold<wire::IssueCards>();
     m_dialogs.AnswerNext(false);
     m_driver.Click(QStringLiteral("m_pBtnCancelBatch"));
     EXPECT_EQ(back.count(), 0);
-    m_host.remote.PushConnected(false);
+    m_host.PushConnected(false);
     PageDriver::Settle();
     EXPECT_FALSE(m_driver.IsUsable(QStringLiteral("m_pBtnSaveBatch")));
     EXPECT_EQ(CardNo(0), "A1");
-    m_host.remote.PushConnected(true);
+    m_host.PushConnected(true);
     PageDriver::Settle();
     Save();
-    EXPECT_EQ(std::get<0>(m_host.access.persons.LastArgument<Sent>("IssueCards")).size(), 2u);
+    EXPECT_EQ(Sent().vecCards.size(), 2u);
     // The answer to other persons' cards comes after the page has got new persons.
     ShowPersons(2);
     Answer(ErrorCode::ErrorNone);
     EXPECT_EQ(back.count(), 0);
-    m_host.access.persons.Refuse("IssueCards");
+    m_host.server.Refuse<wire::IssueCards>();
     TypeAll({"A1", "B2"});
     Save();
     EXPECT_EQ(Notice(), "Failed to batch issue card. The request could not be sent to the server.");

@@ -35,7 +35,7 @@ class FingerprintSection : public CredentialFixture<CPersonAuthenticationInfo>
 protected:
     void SetUp() override
     {
-        m_host.group.ServeSite();
+        m_host.site.ServeDevices();
         Simulation::SetFingerAtOnce();
         m_page.SetPerson({});
     }
@@ -75,11 +75,8 @@ protected:
     }
     void AnswerCapture(const std::string& sData, int nErrorCode = ErrorCode::ErrorNone)
     {
-        m_host.access.persons.Answer(m_host.access.persons.Last("CaptureFingerprint"),
-            [&](const FakeCall&, IPersonManagerObserver::Param& param) {
-                param.sFingerprintData = sData;
-                param.nErrorCode = nErrorCode;
-            });
+        m_host.server.ReportLast<wire::CaptureFingerprint>(
+            MakeEnd(wire::CapturedFingerprint{sData}, nErrorCode));
         PageDriver::Settle();
     }
 };
@@ -144,7 +141,6 @@ TEST_F(FingerprintSection, DialogThatIsClosedInTheMiddleLeavesNothing)
 
 TEST_F(FingerprintSection, DeviceCapturesOnceAndLateCapturesAreDropped)
 {
-    m_host.access.persons.Hold("CaptureFingerprint");
     Open(CInputFinger::ReaderDevice);
     auto* const pDevices = m_driver.Find<QComboBox>(QStringLiteral("m_pCmbFingerDevice"));
     EXPECT_EQ(pDevices->count(), 6) << "devices of other categories are offered";
@@ -159,26 +155,23 @@ TEST_F(FingerprintSection, DeviceCapturesOnceAndLateCapturesAreDropped)
         AnswerCapture(answer.first, answer.second);
         EXPECT_EQ(Tip(), sTip);
     }
-    EXPECT_EQ(m_host.access.persons.LastArgument<std::string>("CaptureFingerprint"), "1004");
+    EXPECT_EQ(m_host.server.LastRequest<wire::CaptureFingerprint>().sDeviceId, "1004");
 
     Dialog()->SetCaptureTimeOut(std::chrono::milliseconds(1));
     Start();
     ASSERT_TRUE(PageDriver::WaitFor([this] { return m_driver.IsUsable(QStringLiteral("m_pBtnStart")); }));
     EXPECT_EQ(Tip(), "Fingerprint collection timeout.");
-    const FakeCall late = m_host.access.persons.Last("CaptureFingerprint");
+    const FakeCall late = m_host.server.Last<wire::CaptureFingerprint>();
     Dialog()->SetCaptureTimeOut(std::chrono::seconds(30));
     Start();
-    const auto deliver = [](const FakeCall&, IPersonManagerObserver::Param& param) {
-        param.sFingerprintData = Template;
-    };
-    m_host.access.persons.Answer(late, deliver);
+    m_host.server.Report(late, MakeEnd(wire::CapturedFingerprint{Template}));
     PageDriver::Settle();
     EXPECT_FALSE(m_driver.IsUsable(QStringLiteral("m_pBtnStart"))) << "the late capture ended the new one";
     AnswerCapture(Template);
     Name();
     EXPECT_EQ(Fingerprints().front().sTemplate, Template);
 
-    m_host.access.persons.Refuse("CaptureFingerprint");
+    m_host.server.Refuse<wire::CaptureFingerprint>();
     Open(CInputFinger::ReaderDevice);
     Start();
     EXPECT_EQ(Tip(), "Failed to collect fingerprint: The request could not be sent to the server.");
@@ -186,7 +179,6 @@ TEST_F(FingerprintSection, DeviceCapturesOnceAndLateCapturesAreDropped)
 
 TEST_F(FingerprintSection, LostConnectionEndsADeviceCaptureAndKeepsTheUsbReader)
 {
-    m_host.access.persons.Hold("CaptureFingerprint");
     Open(CInputFinger::ReaderDevice);
     Start();
     m_page.SetConnected(false);
@@ -201,12 +193,12 @@ TEST_F(FingerprintSection, LostConnectionEndsADeviceCaptureAndKeepsTheUsbReader)
 
 TEST_F(FingerprintSection, DevicesThatCannotBeQueriedAreToldAndAskedForAgain)
 {
-    m_host.group.FailAlways("QueryDevicePage", ErrorCode::ErrorNoRight);
+    m_host.server.FailAlways<wire::QueryDevicePage>(ErrorCode::ErrorNoRight);
     Open(CInputFinger::ReaderDevice);
     EXPECT_TRUE(m_driver.Find<QLabel>(QStringLiteral("lbDeviceState"))
                     ->text()
                     .startsWith(QLatin1String("Failed to query devices: ")));
-    m_host.group.AnswerAlways("QueryDevicePage", {});
+    m_host.server.AnswerAlways<wire::QueryDevicePage>({});
     m_driver.Click(QStringLiteral("btnRefreshDevices"));
     PageDriver::Settle();
     EXPECT_EQ(

@@ -23,7 +23,7 @@ protected:
 
 TEST_P(CredentialLooks, SectionAndItsDialogs)
 {
-    m_host.group.ServeSite();
+    m_host.site.ServeDevices();
     QDialog window;
     CPersonAuthenticationInfo section(&m_host.interfaceSet, &window);
     (new QVBoxLayout(&window))->addWidget(&section);
@@ -64,12 +64,12 @@ TEST_P(CredentialLooks, SectionAndItsDialogs)
 
 TEST_P(CredentialLooks, BatchPage)
 {
-    m_host.access.ServeSite();
+    m_host.site.ServePersons();
     CBatchIssueCard page(&m_host.interfaceSet);
     PageDriver driver(page, m_look.Scaled({1000, 560}));
     ExpectReadable(page, "batch-empty");
-    page.SetPersons(m_host.access.vecPersons);
-    m_host.remote.PushConnected(false);
+    page.SetPersons(m_host.site.vecPersons);
+    m_host.PushConnected(false);
     PageDriver::Settle();
     PageDriver::Settle();
     auto* const pTable = driver.Find<QTreeView>(QStringLiteral("tableIssueCard"));

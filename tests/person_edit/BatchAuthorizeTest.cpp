@@ -13,7 +13,6 @@ class BatchAuthorize : public PersonPageFixture<CPersonnelBatchAuthorizeUI>
 {
 protected:
     using Ids = std::vector<std::string>;
-    using Sent = std::tuple<Ids, Ids, Ids>;
 
     void Open(int nPersons)
     {
@@ -38,15 +37,18 @@ protected:
         Choose("m_pCmbFaceGroup", "Staff");
         ClickInDialog("CAddFaceGroupDlg", QDialogButtonBox::Ok);
     }
-    Sent LastSent() { return m_host.access.persons.LastArgument<Sent>("AuthorizePersons"); }
-    int Requests() { return m_host.access.persons.Count("AuthorizePersons"); }
-    void Answer(const std::function<void(Param&)>& fill = {})
+    Ids LastPersons() { return m_host.server.LastRequest<wire::AuthorizePersons>().vecPersonIds; }
+    Ids LastGroups()
     {
-        m_host.access.persons.Answer(
-            m_host.access.persons.Last("AuthorizePersons"), [&](const FakeCall&, Param& param) {
-                if (fill)
-                    fill(param);
-            });
+        const auto request = m_host.server.LastRequest<wire::AuthorizePersons>();
+        Ids vecGroups = request.vecAccessGroups;
+        vecGroups.insert(vecGroups.end(), request.vecFaceGroups.begin(), request.vecFaceGroups.end());
+        return vecGroups;
+    }
+    int Requests() { return m_host.server.Count<wire::AuthorizePersons>(); }
+    void Answer(const wire::PersonBatchAnswer& answer = {})
+    {
+        m_host.server.AnswerLast<wire::AuthorizePersons>(answer);
         PageDriver::Settle();
     }
 
@@ -63,7 +65,8 @@ TEST_F(BatchAuthorize, ChosenPermissionsGoToThePersonsThatAreLeft)
     ChooseGroups();
     EXPECT_TRUE(m_pPage->IsDirty());
     Click("m_pBtnOk");
-    EXPECT_EQ(LastSent(), Sent({"100", "102"}, {"1", "2"}, {"1"}));
+    EXPECT_EQ(LastPersons(), (Ids{"100", "102"}));
+    EXPECT_EQ(LastGroups(), (Ids{"1", "2", "1"}));
     EXPECT_FALSE(IsUsable("m_pBtnOk"));
     Answer();
     EXPECT_EQ(Notice(), "Batch authorize person succeed");
@@ -77,7 +80,7 @@ TEST_F(BatchAuthorize, ManyPersonsGoOneBatchAfterTheOther)
     ChooseGroups();
     Click("m_pBtnOk");
     for (const std::size_t nExpected : {1000U, 1000U, 500U}) {
-        EXPECT_EQ(std::get<0>(LastSent()).size(), nExpected);
+        EXPECT_EQ(LastPersons().size(), nExpected);
         EXPECT_TRUE(m_vecBack.empty());
         Answer();
     }
@@ -90,11 +93,8 @@ TEST_F(BatchAuthorize, PartialFailuresAreListedAndTriedAgainAlone)
     Open(3);
     ChooseGroups();
     Click("m_pBtnOk");
-    Answer([](Param& param) {
-        param.vecFailed = {{"101", "Person 1", UICommonMdl::ErrorNotFound, ""},
-            {"102", "Person 2", UICommonMdl::ErrorPersonDuplicate, ""}};
-        param.vecClashes = {{ClashPlate, "AB 1"}};
-    });
+    Answer({{{"101", "Person 1", UICommonMdl::ErrorNotFound, ""},
+        {"102", "Person 2", UICommonMdl::ErrorPersonDuplicate, wire::ClashText({{ClashPlate, "AB 1"}})}}});
     ASSERT_EQ(m_dialogs.Shown().size(), 2);
     EXPECT_TRUE(m_dialogs.Shown()[0].contains(
         QStringLiteral("License plate number already exists.\nExisted Plate:\nAB 1")));
@@ -105,7 +105,7 @@ TEST_F(BatchAuthorize, PartialFailuresAreListedAndTriedAgainAlone)
         m_dialogs.Shown()[1].endsWith(QStringLiteral("Failed to authorize some plate number of Person 2.")));
     EXPECT_EQ(LabelText("lbSelectedCount"), "(2)");
     Click("m_pBtnOk");
-    EXPECT_EQ(LastSent(), Sent({"101", "102"}, {"1", "2"}, {"1"}));
+    EXPECT_EQ(LastPersons(), (Ids{"101", "102"}));
     m_dialogs.AnswerNext(true);
     Click("m_pBtnCancel");
     EXPECT_EQ(m_vecBack, std::vector<bool>{true}) << "the first person has new permissions";
@@ -116,16 +116,17 @@ TEST_F(BatchAuthorize, FailureReleasesThePage)
     Open(2);
     ChooseGroups();
     Click("m_pBtnOk");
-    Answer([](Param& param) { param.nErrorCode = UICommonMdl::ErrorTimeOut; });
+    m_host.server.FailLast<wire::AuthorizePersons>(UICommonMdl::ErrorTimeOut);
+    PageDriver::Settle();
     EXPECT_EQ(Notice().rfind("Batch authorize person failed: ", 0), 0U);
     EXPECT_TRUE(m_pPage->IsDirty());
-    m_host.access.persons.Refuse("AuthorizePersons");
+    m_host.server.Refuse<wire::AuthorizePersons>();
     Click("m_pBtnOk");
     EXPECT_EQ(Notice(), "Batch authorize person failed: The request could not be sent to the server.");
-    m_host.remote.PushConnected(false);
+    m_host.PushConnected(false);
     PageDriver::Settle();
     EXPECT_FALSE(IsUsable("m_pBtnOk"));
-    m_host.remote.PushConnected(true);
+    m_host.PushConnected(true);
     PageDriver::Settle();
     EXPECT_TRUE(IsUsable("m_pBtnOk"));
     EXPECT_TRUE(m_vecBack.empty());
@@ -147,10 +148,10 @@ TEST_F(BatchAuthorize, NothingSelectedOrNothingChosenIsNotSentUnasked)
 
 TEST_F(BatchAuthorize, ChoicesThatFailAreAskedForAgain)
 {
-    m_host.access.persons.FailAlways("QueryPermissionChoices", UICommonMdl::ErrorServerBusy);
+    m_host.server.FailAlways<wire::QueryPermissionChoices>(UICommonMdl::ErrorServerBusy);
     Open(1);
     EXPECT_TRUE(IsShown("wgtChoicesFailed"));
-    m_host.access.ServeSite();
+    m_host.site.ServePersons();
     Click("btnChoicesAgain");
     EXPECT_FALSE(IsShown("wgtChoicesFailed"));
     ChooseGroups();

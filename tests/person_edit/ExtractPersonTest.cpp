@@ -14,13 +14,12 @@ protected:
     void SetUp() override
     {
         PersonEditorFixture::SetUp();
-        m_host.group.AnswerAlways("QueryDevicePage", [](const FakeCall&, FakeGroupManager::Param& param) {
-            param.devicePage.vecDevices.resize(2);
-            param.devicePage.vecDevices[0].sDeviceId = "d1";
-            param.devicePage.vecDevices[0].sName = "Front door";
-            param.devicePage.vecDevices[1].sDeviceId = "d2";
-            param.devicePage.vecDevices[1].sName = "Back door";
-        });
+        GroupLogical::DevicePage_t page{std::vector<GroupLogical::DeviceInfo_t>(2), 2, 1};
+        page.vecDevices[0].sDeviceId = "d1";
+        page.vecDevices[0].sName = "Front door";
+        page.vecDevices[1].sDeviceId = "d2";
+        page.vecDevices[1].sName = "Back door";
+        m_host.server.AnswerAlways<wire::QueryDevicePage>(page);
     }
     QString State()
     {
@@ -29,11 +28,7 @@ protected:
     }
     void Deliver(const std::vector<Person>& vecPersons, int nErrorCode = 0)
     {
-        m_host.access.persons.Answer(
-            m_host.access.persons.Last("ExtractPersons"), [&](const FakeCall&, Param& param) {
-                param.vecPersons = vecPersons;
-                param.nErrorCode = nErrorCode;
-            });
+        m_host.server.ReportLast<wire::ExtractPersons>(MakeEnd(wire::DevicePersons{vecPersons}, nErrorCode));
         PageDriver::Settle();
     }
     static std::vector<Person> MakeHeld()
@@ -52,11 +47,11 @@ TEST_F(ExtractPerson, ChosenPersonFillsTheFormOfANewOne)
 {
     OpenAdd();
     Click("m_pBtnExtract");
-    const auto request = m_host.group.LastArgument<GroupLogical::DevicePageRequest_t>("QueryDevicePage");
+    const auto request = m_host.server.LastRequest<wire::QueryDevicePage>();
     EXPECT_EQ(request.nCategory, 8);
     Choose("m_pCmbExtractDevice", "Back door");
     Click("btnQueryDevice");
-    EXPECT_EQ(m_host.access.persons.LastArgument<std::string>("ExtractPersons"), "d2");
+    EXPECT_EQ(m_host.server.LastRequest<wire::ExtractPersons>().sDeviceId, "d2");
     EXPECT_FALSE(IsUsable("btnQueryDevice"));
     Deliver(MakeHeld());
     Type("editExtractSearch", "two");
@@ -68,8 +63,8 @@ TEST_F(ExtractPerson, ChosenPersonFillsTheFormOfANewOne)
     EXPECT_EQ(Content("m_pEditName"), "Held Two");
     EXPECT_TRUE(m_pPage->IsDirty());
     Click("m_pBtnOk");
-    EXPECT_EQ(Sent("AddPerson").nPersonType, PersonGuest);
-    EXPECT_EQ(Sent("AddPerson").sGroupCode, "1001");
+    EXPECT_EQ(Sent<wire::AddPerson>().nPersonType, PersonGuest);
+    EXPECT_EQ(Sent<wire::AddPerson>().sGroupCode, "1001");
 }
 
 TEST_F(ExtractPerson, EditedPersonKeepsItsIdAndTypedText)
@@ -83,19 +78,19 @@ TEST_F(ExtractPerson, EditedPersonKeepsItsIdAndTypedText)
     m_pDriver->ClickIndex(pView, pView->model()->index(0, 2));
     ClickInDialog("CExtractPersonDlg", QDialogButtonBox::Ok);
     Click("m_pBtnOk");
-    EXPECT_EQ(Sent("ModifyPerson").sPersonId, "4711");
-    EXPECT_EQ(Sent("ModifyPerson").sName, "Held One");
-    EXPECT_EQ(Sent("ModifyPerson").sRemark, "typed");
-    EXPECT_EQ(Sent("ModifyPerson").nVersion, 8);
+    EXPECT_EQ(Sent<wire::ModifyPerson>().sPersonId, "4711");
+    EXPECT_EQ(Sent<wire::ModifyPerson>().sName, "Held One");
+    EXPECT_EQ(Sent<wire::ModifyPerson>().sRemark, "typed");
+    EXPECT_EQ(Sent<wire::ModifyPerson>().nVersion, 8);
 }
 
 TEST_F(ExtractPerson, FailuresAreToldAndTriedAgain)
 {
     OpenAdd();
-    m_host.group.FailAlways("QueryDevicePage", UICommonMdl::ErrorServerBusy);
+    m_host.server.FailAlways<wire::QueryDevicePage>(UICommonMdl::ErrorServerBusy);
     Click("m_pBtnExtract");
     EXPECT_EQ(State(), QStringLiteral("Failed to get devices"));
-    m_host.group.AnswerAlways("QueryDevicePage", {});
+    m_host.server.AnswerAlways<wire::QueryDevicePage>({});
     auto* const pDialog = m_pDriver->Find<QDialog>(QStringLiteral("CExtractPersonDlg"));
     auto* const pAgain = pDialog->findChild<QPushButton*>(QStringLiteral("btnStateAction"));
     QTest::mouseClick(pAgain, Qt::LeftButton);
@@ -110,10 +105,10 @@ TEST_F(ExtractPerson, FailuresAreToldAndTriedAgain)
     Deliver({}, UICommonMdl::ErrorDeviceUnreachable);
     EXPECT_EQ(State(), QStringLiteral("Failed to extract persons"));
     Screenshot("extract-failed-page");
-    m_host.access.persons.Refuse("ExtractPersons");
+    m_host.server.Refuse<wire::ExtractPersons>();
     Click("btnQueryDevice");
     EXPECT_EQ(State(), QStringLiteral("Failed to extract persons"));
-    m_host.remote.PushConnected(false);
+    m_host.PushConnected(false);
     PageDriver::Settle();
     EXPECT_FALSE(IsUsable("btnQueryDevice"));
     ClickInDialog("CExtractPersonDlg", QDialogButtonBox::Cancel);

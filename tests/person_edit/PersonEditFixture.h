@@ -21,15 +21,14 @@
 
 #include <memory>
 
-/// A page of the persons over fakes that serve a small site.
+/// A page of the persons of a host that serves a small site.
 template <class Page>
 class PersonPageFixture : public testing::Test
 {
 protected:
     using Person = AccessControlLogical::Person_t;
-    using Param = FakeAccessControlManager::PersonObserver::Param;
 
-    void SetUp() override { m_host.access.ServeSite(); }
+    void SetUp() override { m_host.site.ServePersons(); }
     void TearDown() override
     {
         m_pDriver.reset();
@@ -171,7 +170,7 @@ protected:
     }
     void OpenEdit(const Person& person)
     {
-        m_host.access.vecDetails = {person};
+        m_host.site.vecDetails = {person};
         Open().EditPerson(QString::fromStdString(person.sPersonId));
         PageDriver::Settle();
     }
@@ -180,12 +179,16 @@ protected:
         Type("m_pEditId", "12");
         Type("m_pEditName", "Grace");
     }
-    Person Sent(const char* pszOperation) { return m_host.access.persons.LastArgument<Person>(pszOperation); }
-    /// Answers the save that is under way.
-    void AnswerSave(const char* pszOperation,
-        const FakeManager<FakeAccessControlManager::PersonObserver, Param>::Maker& maker = {})
+    template <class Save>
+    Person Sent()
     {
-        m_host.access.persons.Answer(m_host.access.persons.Last(pszOperation), maker);
+        return m_host.server.LastRequest<Save>();
+    }
+    /// Answers the save that is under way.
+    template <class Save>
+    void AnswerSave(int nErrorCode = 0, const std::string& sDetail = {})
+    {
+        m_host.server.FailLast<Save>(nErrorCode, sDetail);
         PageDriver::Settle();
     }
     bool HasFocus(const char* pszField) { return Field(pszField)->GetLineEdit()->hasFocus(); }

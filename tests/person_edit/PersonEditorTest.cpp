@@ -39,7 +39,7 @@ TEST_F(PersonEditor, NewPersonGoesToTheServerAsItWasEntered)
     EXPECT_TRUE(m_pPage->IsDirty());
     Click("m_pBtnOk");
 
-    const Person sent = Sent("AddPerson");
+    const Person sent = Sent<wire::AddPerson>();
     EXPECT_EQ(sent.sPersonId, "12");
     EXPECT_EQ(sent.sName, "Grace");
     EXPECT_EQ(sent.nGender, GenderMale);
@@ -47,7 +47,7 @@ TEST_F(PersonEditor, NewPersonGoesToTheServerAsItWasEntered)
     EXPECT_EQ(sent.nPersonType, PersonPatrol);
     EXPECT_EQ(sent.vecPlates, (std::vector<std::string>{"B-1", "B-2"})) << "typed but not added counts too";
     EXPECT_FALSE(IsUsable("m_pBtnOk")) << "waits for its answer";
-    AnswerSave("AddPerson");
+    AnswerSave<wire::AddPerson>();
     EXPECT_EQ(m_vecSaved, std::vector<std::string>{"12"});
     EXPECT_EQ(m_nBack, 1);
     EXPECT_EQ(Notice(), "Person 12 was added.");
@@ -65,8 +65,8 @@ TEST_F(PersonEditor, LoadedPersonComesBackAsItWasExceptWhatWasChanged)
     Type("m_pEditName", "Ada Writer");
     Click("m_pBtnOk");
     person.sName = "Ada Writer";
-    EXPECT_EQ(Sent("ModifyPerson"), person);
-    AnswerSave("ModifyPerson");
+    EXPECT_EQ(Sent<wire::ModifyPerson>(), person);
+    AnswerSave<wire::ModifyPerson>();
     EXPECT_EQ(m_nBack, 1);
 }
 
@@ -89,7 +89,7 @@ TEST_F(PersonEditor, FirstFailureStopsTheSaveAndIsScrolledTo)
     EXPECT_EQ(m_pDriver->Find<CSectionNavigator>(QStringLiteral("wgtNavPage"))->GetCurrentTitle(),
         QStringLiteral("Access Control Permission"));
     EXPECT_FALSE(Field("m_pEditExtendTime")->visibleRegion().isEmpty());
-    EXPECT_EQ(m_host.access.persons.Count("AddPerson"), 0);
+    EXPECT_EQ(m_host.server.Count<wire::AddPerson>(), 0);
 }
 
 TEST_F(PersonEditor, AddAndContinueEmptiesTheFormForTheSameGroup)
@@ -98,7 +98,7 @@ TEST_F(PersonEditor, AddAndContinueEmptiesTheFormForTheSameGroup)
     FillRequired();
     Type("m_pEditPlate", "B-1");
     Click("m_pAddAndContinue");
-    AnswerSave("AddPerson");
+    AnswerSave<wire::AddPerson>();
     EXPECT_EQ(m_vecSaved.size(), 1U);
     EXPECT_EQ(m_nBack, 0);
     EXPECT_EQ(Content("m_pEditId"), "");
@@ -107,7 +107,7 @@ TEST_F(PersonEditor, AddAndContinueEmptiesTheFormForTheSameGroup)
     EXPECT_TRUE(HasFocus("m_pEditId"));
     FillRequired();
     Click("m_pBtnOk");
-    EXPECT_EQ(Sent("AddPerson").sGroupCode, "1001");
+    EXPECT_EQ(Sent<wire::AddPerson>().sGroupCode, "1001");
 }
 
 TEST_F(PersonEditor, RefusalsKeepTheInputAndAreToldWhereTheyBelong)
@@ -125,10 +125,7 @@ TEST_F(PersonEditor, RefusalsKeepTheInputAndAreToldWhereTheyBelong)
     Type("m_pEditName", "Changed");
     for (const auto& testCase : cases) {
         Click("m_pBtnOk");
-        AnswerSave("ModifyPerson", [&](const FakeCall&, Param& param) {
-            param.nErrorCode = testCase.nErrorCode;
-            param.sErrorDetail = testCase.pszDetail;
-        });
+        AnswerSave<wire::ModifyPerson>(testCase.nErrorCode, testCase.pszDetail);
         EXPECT_EQ(Notice().rfind("Failed to modify user: ", 0), 0U) << Notice();
         if (testCase.pszField) {
             EXPECT_FALSE(Hint(testCase.pszField).empty()) << testCase.pszField;
@@ -138,7 +135,7 @@ TEST_F(PersonEditor, RefusalsKeepTheInputAndAreToldWhereTheyBelong)
         EXPECT_TRUE(IsUsable("m_pBtnOk"));
     }
     EXPECT_EQ(m_nBack, 0);
-    m_host.access.persons.Refuse("ModifyPerson");
+    m_host.server.Refuse<wire::ModifyPerson>();
     Click("m_pBtnOk");
     EXPECT_EQ(Notice(), "Failed to modify user: The request could not be sent to the server.");
     EXPECT_TRUE(IsUsable("m_pBtnOk"));
@@ -150,10 +147,8 @@ TEST_F(PersonEditor, ClashesListIdsCardsAndPlates)
     FillRequired();
     Type("m_pEditPlate", "b-1");
     Click("m_pBtnOk");
-    AnswerSave("AddPerson", [](const FakeCall&, Param& param) {
-        param.nErrorCode = UICommonMdl::ErrorPersonDuplicate;
-        param.vecClashes = {{ClashPersonId, "12"}, {ClashCardNo, "AB"}, {ClashPlate, "B-1"}};
-    });
+    AnswerSave<wire::AddPerson>(UICommonMdl::ErrorPersonDuplicate,
+        wire::ClashText({{ClashPersonId, "12"}, {ClashCardNo, "AB"}, {ClashPlate, "B-1"}}));
     ASSERT_EQ(m_dialogs.Shown().size(), 2);
     EXPECT_EQ(m_dialogs.Shown()[0],
         QStringLiteral("Prompt: Person IDor card number is repeated:\nID: 12\nCard Number: AB"));
@@ -186,7 +181,7 @@ TEST_F(PersonEditor, LeavingWithChangesAsks)
 
 TEST_F(PersonEditor, DetailsAreReadOnlyUntilEditing)
 {
-    m_host.access.vecDetails = {MakePerson()};
+    m_host.site.vecDetails = {MakePerson()};
     Open().ShowPerson(QStringLiteral("4711"));
     PageDriver::Settle();
     EXPECT_EQ(LabelText("lbPersonTitle"), "Person Details");
@@ -201,70 +196,67 @@ TEST_F(PersonEditor, DetailsAreReadOnlyUntilEditing)
     EXPECT_EQ(LabelText("lbPersonTitle"), "Edit Person");
     Type("m_pEditName", "Yes");
     m_pDriver->Key(QStringLiteral("m_pEditName"), Qt::Key_Return);
-    EXPECT_EQ(Sent("ModifyPerson").sName, "Yes");
-    EXPECT_EQ(Sent("ModifyPerson").nVersion, 8);
+    EXPECT_EQ(Sent<wire::ModifyPerson>().sName, "Yes");
+    EXPECT_EQ(Sent<wire::ModifyPerson>().nVersion, 8);
 }
 
 TEST_F(PersonEditor, FailedDetailIsToldAndAskedForAgain)
 {
-    m_host.access.persons.FailAlways("QueryPersonDetail", UICommonMdl::ErrorNotFound);
+    m_host.server.FailAlways<wire::QueryPersonDetail>(UICommonMdl::ErrorNotFound);
     Open().EditPerson(QStringLiteral("4711"));
     PageDriver::Settle();
     EXPECT_EQ(State()->GetKind(), VxGUI::VxEmptyState::Kind::Failed);
     EXPECT_EQ(State()->GetTitle(), QStringLiteral("Failed to search user detail"));
     EXPECT_FALSE(IsUsable("m_pBtnOk"));
     Screenshot("editor-failed");
-    m_host.access.persons.Refuse("QueryPersonDetail");
+    m_host.server.Refuse<wire::QueryPersonDetail>();
     Click("btnStateAction");
     EXPECT_EQ(Notice(), "Failed to search user detail: The request could not be sent to the server.");
 }
 
 TEST_F(PersonEditor, LateAnswersOfAnotherPersonAreDropped)
 {
-    m_host.access.persons.Hold("QueryPersonDetail");
+    m_host.server.Hold<wire::QueryPersonDetail>();
     Open().EditPerson(QStringLiteral("4711"));
     EXPECT_EQ(State()->GetKind(), VxGUI::VxEmptyState::Kind::Loading);
-    const FakeCall first = m_host.access.persons.Last("QueryPersonDetail");
+    const FakeCall first = m_host.server.Last<wire::QueryPersonDetail>();
     m_pPage->AddPerson(QStringLiteral("1002"));
-    m_host.access.persons.Answer(
-        first, [](const FakeCall&, Param& param) { param.optPerson = MakePerson(); });
+    m_host.server.Answer<wire::QueryPersonDetail>(first, MakePerson());
     PageDriver::Settle();
     EXPECT_EQ(Content("m_pEditName"), "");
 
     FillRequired();
     Click("m_pBtnOk");
-    const FakeCall save = m_host.access.persons.Last("AddPerson");
+    const FakeCall save = m_host.server.Last<wire::AddPerson>();
     m_dialogs.AnswerNext(true);
     Click("m_pBtnCancel");
-    m_host.access.persons.Answer(save, {});
+    m_host.server.Answer<wire::AddPerson>(save);
     m_pPage->AddPerson(QStringLiteral("1002"));
     PageDriver::Settle();
     EXPECT_TRUE(m_vecSaved.empty());
     FillRequired();
     Click("m_pBtnOk");
-    const FakeCall last = m_host.access.persons.Last("AddPerson");
+    const FakeCall last = m_host.server.Last<wire::AddPerson>();
     TearDown();
-    m_host.access.persons.Answer(last, {}); // the editor is gone
+    m_host.server.Answer<wire::AddPerson>(last); // the editor is gone
     EXPECT_TRUE(m_vecSaved.empty());
 }
 
 TEST_F(PersonEditor, LostConnectionKeepsTheInputAndAsksAgainAfterwards)
 {
-    m_host.access.persons.FailAlways("QueryPermissionChoices", UICommonMdl::ErrorDisconnected);
-    m_host.access.persons.FailAlways("QueryResidenceScenario", UICommonMdl::ErrorDisconnected);
+    m_host.server.FailAlways<wire::QueryPermissionChoices>(UICommonMdl::ErrorDisconnected);
+    m_host.server.FailAlways<wire::QueryResidenceScenario>(UICommonMdl::ErrorDisconnected);
     OpenAdd();
     FillRequired();
     EXPECT_NE(LabelText("lbChoicesFailed").find("Failed to get residence scenario"), std::string::npos);
-    m_host.remote.PushConnected(false);
+    m_host.PushConnected(false);
     PageDriver::Settle();
     EXPECT_FALSE(IsUsable("m_pBtnOk"));
     EXPECT_FALSE(IsUsable("btnChoicesAgain"));
     Screenshot("editor-choices-failed");
-    m_host.access.persons.AnswerAlways("QueryPermissionChoices", [](const FakeCall&, Param& param) {
-        param.choices.vecAccessGroups = {{"1", "Day shift"}};
-    });
-    m_host.access.persons.AnswerAlways("QueryResidenceScenario", {});
-    m_host.remote.PushConnected(true);
+    m_host.server.AnswerAlways<wire::QueryPermissionChoices>({{{"1", "Day shift"}}, {}, {}});
+    m_host.server.AnswerAlways<wire::QueryResidenceScenario>({});
+    m_host.PushConnected(true);
     PageDriver::Settle();
     PageDriver::Settle();
     EXPECT_FALSE(IsShown("wgtChoicesFailed"));
@@ -319,17 +311,14 @@ TEST_F(PersonEditor, GroupIsChosenInTheTreeAndSurvivesANewTree)
     m_pDriver->ClickIndex(pTree, m_pDriver->FindRow(pTree, 0, QStringLiteral("Sales")));
     EXPECT_EQ(pCombo->currentText(), QStringLiteral("Sales"));
     EXPECT_FALSE(pTree->isVisible());
-    m_host.access.vecDepartments.erase(m_host.access.vecDepartments.begin() + 2);
-    m_host.access.vecDepartments[1].sName = "Research";
+    m_host.site.vecDepartments.erase(m_host.site.vecDepartments.begin() + 2);
+    m_host.site.vecDepartments[1].sName = "Research";
     m_host.access.QueryDepartmentTree();
     PageDriver::Settle();
     EXPECT_EQ(pCombo->GetCode(), QStringLiteral("1002")) << "the group is gone, the choice is not";
     FillRequired();
     Click("m_pBtnOk");
-    AnswerSave("AddPerson", [](const FakeCall&, Param& param) {
-        param.nErrorCode = UICommonMdl::ErrorNotFound;
-        param.sErrorDetail = "sGroupCode";
-    });
+    AnswerSave<wire::AddPerson>(UICommonMdl::ErrorNotFound, "sGroupCode");
     EXPECT_TRUE(IsShown("lbGroupHint"));
     QTest::keyClick(pCombo, Qt::Key_Down);
     pTree->setCurrentIndex(m_pDriver->FindRow(pTree, 0, QStringLiteral("Research")));

@@ -69,7 +69,7 @@ TEST_P(PersonLook, DialogsShowTheirTextsWhole)
 TEST_P(PersonLook, BatchPageShowsItsTextsWhole)
 {
     CPersonnelBatchAuthorizeUI page(&m_host.interfaceSet);
-    page.SetPersons(m_host.access.vecPersons);
+    page.SetPersons(m_host.site.vecPersons);
     const PageDriver driver(page, m_look.Scaled({1200, 760}));
     ExpectReadable(page, "batch");
 }

@@ -84,7 +84,7 @@ protected:
         FillRequired();
         Click("m_pBtnOk");
         return QImage::fromData(
-            QByteArray::fromBase64(QByteArray::fromStdString(Sent("AddPerson").sPhotoData)), "jpg");
+            QByteArray::fromBase64(QByteArray::fromStdString(Sent<wire::AddPerson>().sPhotoData)), "jpg");
     }
 
     QTemporaryDir m_folder;
@@ -197,15 +197,14 @@ TEST_F(PersonPhoto, StoredPhotoIsKeptReplacedOrDeleted)
     ASSERT_TRUE(PageDriver::WaitFor([&] { return Status() == "Normal"; }));
     Type("m_pEditRemark", "x");
     Click("m_pBtnOk");
-    EXPECT_EQ(Sent("ModifyPerson").sPhotoUrl, person.sPhotoUrl);
-    EXPECT_EQ(Sent("ModifyPerson").sPhotoData, "");
-    AnswerSave(
-        "ModifyPerson", [](const FakeCall&, Param& param) { param.nErrorCode = UICommonMdl::ErrorPhoto; });
+    EXPECT_EQ(Sent<wire::ModifyPerson>().sPhotoUrl, person.sPhotoUrl);
+    EXPECT_EQ(Sent<wire::ModifyPerson>().sPhotoData, "");
+    AnswerSave<wire::ModifyPerson>(UICommonMdl::ErrorPhoto);
     EXPECT_NE(Status(), "Normal");
     Click("m_pBtnDeletePhoto");
     EXPECT_FALSE(IsUsable("m_pBtnDeletePhoto"));
     Click("m_pBtnOk");
-    EXPECT_EQ(Sent("ModifyPerson").sPhotoUrl, "");
+    EXPECT_EQ(Sent<wire::ModifyPerson>().sPhotoUrl, "");
 }
 
 TEST_F(PersonPhoto, StoredPhotoThatCannotBeFetchedIsTold)
@@ -218,12 +217,12 @@ TEST_F(PersonPhoto, StoredPhotoThatCannotBeFetchedIsTold)
     UICommonMdl::CGlobalPhotoManager::GetPhotoManager()->SetSource(
         &m_host.transfer, [] { return QStringLiteral("token"); }, m_folder.path());
     for (const bool bConnected : {false, true}) {
-        m_host.remote.PushConnected(bConnected);
+        m_host.PushConnected(bConnected);
         PageDriver::Settle();
     }
     EXPECT_TRUE(PageDriver::WaitFor([&] { return !m_host.transfer.vecTransfers.empty(); }));
     Click("m_pBtnOk");
-    EXPECT_EQ(Sent("ModifyPerson").sPhotoUrl, person.sPhotoUrl);
+    EXPECT_EQ(Sent<wire::ModifyPerson>().sPhotoUrl, person.sPhotoUrl);
 }
 
 TEST(SystemCamera, SaysThatThereIsNone)

@@ -34,7 +34,7 @@ TEST_F(PersonSections, AccessTypeKeepsACodeThatItDoesNotOffer)
         else
             Type("m_pEditRemark", "changed");
         Click("m_pBtnOk");
-        EXPECT_EQ(Sent("ModifyPerson").nPersonType, testCase.nSent) << testCase.nLoaded;
+        EXPECT_EQ(Sent<wire::ModifyPerson>().nPersonType, testCase.nSent) << testCase.nLoaded;
         TearDown();
     }
 }
@@ -59,7 +59,7 @@ TEST_F(PersonSections, AccessGroupsAreAddedFromThoseThatAreLeftAndRemoved)
     EXPECT_EQ(
         Rows("m_pAccessGroups"), (std::vector<std::string>{"Night shift", "Day shift", "Laboratories"}));
     Click("m_pBtnOk");
-    EXPECT_EQ(Sent("ModifyPerson").vecAccessGroups, (std::vector<std::string>{"2", "1", "3"}));
+    EXPECT_EQ(Sent<wire::ModifyPerson>().vecAccessGroups, (std::vector<std::string>{"2", "1", "3"}));
 }
 
 TEST_F(PersonSections, LiftFloorsAreChosenByDeviceChannelAndFloor)
@@ -73,7 +73,7 @@ TEST_F(PersonSections, LiftFloorsAreChosenByDeviceChannelAndFloor)
     EXPECT_EQ(Rows("m_pLiftFloors").size(), 2U);
     RemoveRow("m_pLiftFloors", 0);
     Click("m_pBtnOk");
-    EXPECT_EQ(Sent("ModifyPerson").vecLiftFloors, std::vector<std::string>{"2"});
+    EXPECT_EQ(Sent<wire::ModifyPerson>().vecLiftFloors, std::vector<std::string>{"2"});
 }
 
 TEST_F(PersonSections, FaceGroupMustBeChosen)
@@ -92,7 +92,7 @@ TEST_F(PersonSections, FaceGroupMustBeChosen)
     m_pDriver->ClickIndex(pView, pView->model()->index(0, 1));
     QTest::keyClick(pView, Qt::Key_Delete);
     Click("m_pBtnOk");
-    EXPECT_EQ(Sent("ModifyPerson").vecFaceGroups, std::vector<std::string>{"2"});
+    EXPECT_EQ(Sent<wire::ModifyPerson>().vecFaceGroups, std::vector<std::string>{"2"});
 }
 
 TEST_F(PersonSections, RoomBelongsToTheResidenceScenario)
@@ -103,15 +103,15 @@ TEST_F(PersonSections, RoomBelongsToTheResidenceScenario)
     EXPECT_EQ(Combo("m_pCmbRoom")->currentText(), QStringLiteral("999")) << "gone, but still the person's";
     Choose("m_pCmbRoom", "201");
     Click("m_pBtnOk");
-    EXPECT_EQ(Sent("ModifyPerson").sRoomNo, "201");
+    EXPECT_EQ(Sent<wire::ModifyPerson>().sRoomNo, "201");
     TearDown();
 
-    m_host.access.persons.AnswerAlways("QueryResidenceScenario", {});
+    m_host.server.AnswerAlways<wire::QueryResidenceScenario>({});
     OpenEdit(person);
     EXPECT_FALSE(IsShown("m_pCmbRoom"));
     Type("m_pEditRemark", "x");
     Click("m_pBtnOk");
-    EXPECT_EQ(Sent("ModifyPerson").sRoomNo, "999") << "hidden is not emptied";
+    EXPECT_EQ(Sent<wire::ModifyPerson>().sRoomNo, "999") << "hidden is not emptied";
 }
 
 TEST_F(PersonSections, PlatesAreAddedOnceAndRemoved)
@@ -123,12 +123,12 @@ TEST_F(PersonSections, PlatesAreAddedOnceAndRemoved)
     m_pDriver->Key(QStringLiteral("m_pEditPlate"), Qt::Key_Return);
     EXPECT_EQ(Hint("m_pEditPlate"), "Plate Number is repeated.");
     Click("m_pBtnOk");
-    EXPECT_EQ(m_host.access.persons.Count("ModifyPerson"), 0) << "what stands in the field counts";
+    EXPECT_EQ(m_host.server.Count<wire::ModifyPerson>(), 0) << "what stands in the field counts";
     Type("m_pEditPlate", "CD 456");
     m_pDriver->Key(QStringLiteral("m_pEditPlate"), Qt::Key_Return);
     RemoveRow("m_pPlates", 0);
     Click("m_pBtnOk");
-    EXPECT_EQ(Sent("ModifyPerson").vecPlates, std::vector<std::string>{"CD 456"});
+    EXPECT_EQ(Sent<wire::ModifyPerson>().vecPlates, std::vector<std::string>{"CD 456"});
 }
 
 TEST_F(PersonSections, DatesMayBeLeftOpen)
@@ -146,13 +146,13 @@ TEST_F(PersonSections, DatesMayBeLeftOpen)
     date("m_pValidTo")->setDateTime(QDateTime::fromSecsSinceEpoch(person.nValidFrom - 1));
     Click("m_pBtnOk");
     EXPECT_EQ(Notice(), "The end time must be later than the start time.");
-    EXPECT_EQ(m_host.access.persons.Count("ModifyPerson"), 0);
+    EXPECT_EQ(m_host.server.Count<wire::ModifyPerson>(), 0);
     clickBox("m_pValidTo");
     clickBox("m_pBirthday");
     clickBox("m_pEntryDate");
     date("m_pEntryDate")->setDate(QDate(2020, 2, 29));
     Click("m_pBtnOk");
-    const Person sent = Sent("ModifyPerson");
+    const Person sent = Sent<wire::ModifyPerson>();
     EXPECT_EQ(sent.nValidFrom, person.nValidFrom);
     EXPECT_EQ(sent.nValidTo, 0);
     EXPECT_EQ(sent.sBirthday, "");

@@ -11,8 +11,6 @@ using namespace AccessControlLogical;
 class History : public PersonPageTest::Fixture
 {
 protected:
-    using RecordParam = FakeAccessControlManager::RecordObserver::Param;
-
     void OpenHistory()
     {
         Open();
@@ -45,23 +43,17 @@ protected:
     }
     void Serve(int nTotal)
     {
-        m_host.access.records.AnswerAlways(
-            "QueryRecordTotal", [nTotal](const FakeCall&, RecordParam& param) { param.nTotal = nTotal; });
-        m_host.access.records.AnswerAlways(
-            "QueryRecords", [nTotal](const FakeCall& call, RecordParam& param) {
-                const auto request = std::any_cast<AccessRecordRequest_t>(call.argument);
-                param.vecRecords = MakeRecords(qMin(nTotal, request.nPageSize));
-            });
+        m_host.server.AnswerAlways<wire::QueryRecordTotal>({nTotal});
+        m_host.server.AnswerAlways<wire::QueryRecords>([nTotal](const auto& request, auto& answer) {
+            answer.vecRecords = MakeRecords(qMin(nTotal, request.nPageSize));
+        });
     }
     void Press(const char* pszName)
     {
         m_pDialogDriver->Click(QLatin1String(pszName));
         PageDriver::Settle();
     }
-    AccessRecordRequest_t LastRecords()
-    {
-        return m_host.access.records.LastArgument<AccessRecordRequest_t>("QueryRecords");
-    }
+    AccessRecordRequest_t LastRecords() { return m_host.server.LastRequest<wire::QueryRecords>(); }
     QString DialogNotice() { return VxGUI::VxNotification::CurrentText(m_pDialog); }
     CTrackView* View() { return m_pDialogDriver->Find<CTrackView>(QStringLiteral("m_pTrackView")); }
 
@@ -84,27 +76,26 @@ TEST_F(History, AsksForThePeriodPageByPage)
 
     auto* pFrom = m_pDialogDriver->Find<QDateTimeEdit>(QStringLiteral("m_dtFrom"));
     auto* pTo = m_pDialogDriver->Find<QDateTimeEdit>(QStringLiteral("m_dtTo"));
-    const int nQueries = m_host.access.records.Count("QueryRecords");
+    const int nQueries = m_host.server.Count<wire::QueryRecords>();
     pFrom->setDateTime(pTo->dateTime().addSecs(1));
     Press("btnSearch");
     EXPECT_EQ(DialogNotice(), QStringLiteral("The start time must be before the end time."));
-    EXPECT_EQ(m_host.access.records.Count("QueryRecords"), nQueries);
+    EXPECT_EQ(m_host.server.Count<wire::QueryRecords>(), nQueries);
     pFrom->setDateTime(pTo->dateTime().addDays(-30));
     Press("btnSearch");
     EXPECT_EQ(LastRecords().nPage, 1);
     EXPECT_EQ(LastRecords().nTo - LastRecords().nFrom, 30 * 86400);
-    EXPECT_EQ(m_host.access.records.LastArgument<AccessRecordRequest_t>("QueryRecordTotal").nFrom,
-        LastRecords().nFrom);
+    EXPECT_EQ(m_host.server.LastRequest<wire::QueryRecordTotal>().nFrom, LastRecords().nFrom);
 }
 
 TEST_F(History, FailuresAreTold)
 {
     Serve(5);
-    m_host.access.records.FailAlways("QueryRecordTotal", UICommonMdl::ErrorServerBusy);
+    m_host.server.FailAlways<wire::QueryRecordTotal>(UICommonMdl::ErrorServerBusy);
     OpenHistory();
     PageDriver::Settle();
     EXPECT_TRUE(DialogNotice().startsWith(QStringLiteral("Failed to search total record(s): ")));
-    m_host.access.records.FailAlways("QueryRecords", UICommonMdl::ErrorTimeOut);
+    m_host.server.FailAlways<wire::QueryRecords>(UICommonMdl::ErrorTimeOut);
     Press("btnSearch");
     EXPECT_TRUE(DialogNotice().startsWith(QStringLiteral("Failed to search log: ")));
     EXPECT_FALSE(m_pDialogDriver->IsUsable(QStringLiteral("btnTrack")));
@@ -112,7 +103,7 @@ TEST_F(History, FailuresAreTold)
     Press("btnSearch");
     EXPECT_EQ(m_pDialogDriver->Find<VxGUI::VxEmptyState>(QStringLiteral("wgtRecordState"))->GetTitle(),
         QStringLiteral("There is no record in this period."));
-    m_host.access.records.Refuse("QueryRecords");
+    m_host.server.Refuse<wire::QueryRecords>();
     Press("btnSearch");
     EXPECT_EQ(
         DialogNotice(), QStringLiteral("Failed to search log: The request could not be sent to the server."));
@@ -123,13 +114,12 @@ TEST_F(History, TheTrackHoldsAtMostAThousandRecords)
     Serve(1200);
     OpenHistory();
     PageDriver::Settle();
-    m_host.access.records.Hold("QueryRecords");
+    m_host.server.Hold<wire::QueryRecords>();
     Press("btnTrack");
     EXPECT_EQ(LastRecords().nPageSize, 1000);
     EXPECT_EQ(LastRecords().nPage, 1);
     EXPECT_FALSE(m_pDialogDriver->IsUsable(QStringLiteral("btnTrack"))) << "one track at a time";
-    m_host.access.records.Answer(m_host.access.records.Last("QueryRecords"),
-        [](const FakeCall&, RecordParam& param) { param.vecRecords = MakeRecords(1000); });
+    m_host.server.AnswerLast<wire::QueryRecords>({MakeRecords(1000), 0});
     PageDriver::Settle();
     EXPECT_EQ(DialogNotice(), QStringLiteral("Support up to 1000 records generate tracks"));
     EXPECT_EQ(View()->GetTrack().vecStops.size(), 1000);
@@ -160,12 +150,13 @@ TEST_F(History, TheTrackIsWalkedStopByStop)
 TEST_F(History, AnswersAfterItIsClosedAreDropped)
 {
     OpenHistory();
-    const FakeCall call = m_host.access.records.Last("QueryRecords");
+    const FakeCall call = m_host.server.Last<wire::QueryRecords>();
+    const int nObservers = m_host.CountObservers();
     m_pDialogDriver.reset();
     m_pDialog->reject();
     PageDriver::Settle();
     EXPECT_FALSE(m_pDialog);
-    m_host.access.records.Fail(call, UICommonMdl::ErrorInternal);
+    m_host.server.Fail(call, UICommonMdl::ErrorInternal);
     PageDriver::Settle();
-    EXPECT_EQ(m_host.access.records.ObserverCount(), 0u);
+    EXPECT_EQ(m_host.CountObservers(), nObservers - 1);
 }

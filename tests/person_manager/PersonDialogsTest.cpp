@@ -32,7 +32,7 @@ protected:
     }
     void Connect(bool bConnected)
     {
-        m_host.remote.PushConnected(bConnected);
+        m_host.PushConnected(bConnected);
         PageDriver::Settle();
     }
     QString DialogNotice() { return VxGUI::VxNotification::CurrentText(m_pDialog); }
@@ -43,15 +43,10 @@ protected:
 class QrCode : public PersonDialog<CDisplayQRcodeDlg>
 {
 protected:
-    void Serve(const char* pszText)
-    {
-        m_host.access.persons.AnswerAlways("QueryQrCode", [pszText](const FakeCall&, PersonParam& param) {
-            param.qrCode = {pszText, 1750000000};
-        });
-    }
+    void Serve(const char* pszText) { m_host.server.AnswerAlways<wire::QueryQrCode>({pszText, 1750000000}); }
     qint64 Picture() { return Part<QLabel>("lbQrCode")->pixmap(Qt::ReturnByValue).cacheKey(); }
     VxGUI::VxEmptyState* State() { return Part<VxGUI::VxEmptyState>("wgtQrState"); }
-    int Queries() { return m_host.access.persons.Count("QueryQrCode"); }
+    int Queries() { return m_host.server.Count<wire::QueryQrCode>(); }
 };
 
 TEST_F(QrCode, AFreshOneComesEveryTwoMinutes)
@@ -77,7 +72,7 @@ TEST_F(QrCode, FailureCanBeTriedAgain)
 {
     OpenDialog("103", 4);
     EXPECT_EQ(State()->GetKind(), VxGUI::VxEmptyState::Kind::Loading);
-    m_host.access.persons.Fail(m_host.access.persons.Last("QueryQrCode"), UICommonMdl::ErrorServerBusy);
+    m_host.server.FailLast<wire::QueryQrCode>(UICommonMdl::ErrorServerBusy);
     PageDriver::Settle();
     EXPECT_EQ(State()->GetKind(), VxGUI::VxEmptyState::Kind::Failed);
     PersonPageTest::Screenshot(m_pDialog, QStringLiteral("person-qr-code-failed"));
@@ -90,7 +85,7 @@ TEST_F(QrCode, FailureCanBeTriedAgain)
     EXPECT_TRUE(Part("lbQrCode")->isVisible()) << "it is still good";
     Connect(true);
     EXPECT_EQ(Queries(), nQueries + 1);
-    m_host.access.persons.Refuse("QueryQrCode");
+    m_host.server.Refuse<wire::QueryQrCode>();
     Connect(false);
     Connect(true);
     EXPECT_EQ(State()->GetTitle(), QStringLiteral("Failed to get the QR code"));
@@ -106,16 +101,11 @@ protected:
     }
     void Serve(const std::vector<AuthorizeException_t>& vecExceptions)
     {
-        m_host.access.persons.AnswerAlways("QueryAuthorizeException",
-            [vecExceptions](const FakeCall&, PersonParam& param) { param.vecExceptions = vecExceptions; });
+        m_host.server.AnswerAlways<wire::QueryAuthorizeException>({vecExceptions});
     }
     void AnswerResend(int nErrorCode, const std::vector<AuthorizeException_t>& vecLeft)
     {
-        m_host.access.persons.Answer(
-            m_host.access.persons.Last("ReissuePersonRight"), [&](const FakeCall&, PersonParam& param) {
-                param.nErrorCode = nErrorCode;
-                param.vecExceptions = vecLeft;
-            });
+        m_host.server.ReportLast<wire::ReissuePersonRight>(MakeReport(vecLeft, true, nErrorCode));
         PageDriver::Settle();
     }
     QTabWidget* Tabs() { return Part<QTabWidget>("m_pTabs"); }
@@ -154,7 +144,7 @@ TEST_F(Abnormal, ResendingTellsWhatIsLeft)
     OpenDialog("102", 5);
     PageDriver::Settle();
     Press("m_pBtnResend");
-    EXPECT_EQ(m_host.access.persons.LastArgument<std::string>("ReissuePersonRight"), "102");
+    EXPECT_EQ(m_host.server.LastRequest<wire::ReissuePersonRight>().sPersonId, "102");
     EXPECT_FALSE(Part("m_pBtnResend")->isEnabled());
     EXPECT_FALSE(Part("m_pBtnUpdate")->isEnabled());
     AnswerResend(UICommonMdl::ErrorServerBusy, {});
@@ -171,14 +161,14 @@ TEST_F(Abnormal, ResendingTellsWhatIsLeft)
     AnswerResend(0, {});
     EXPECT_EQ(DialogNotice(), QStringLiteral("Information updated. No exceptions found."));
     EXPECT_FALSE(Part("m_pBtnResend")->isEnabled());
-    const int nQueries = m_host.access.persons.Count("QueryPersonList");
+    const int nQueries = m_host.server.Count<wire::QueryPersonList>();
     Press("m_pBtnCancel");
-    EXPECT_EQ(m_host.access.persons.Count("QueryPersonList"), nQueries + 1) << "the row's mark may be gone";
+    EXPECT_EQ(m_host.server.Count<wire::QueryPersonList>(), nQueries + 1) << "the row's mark may be gone";
 }
 
 TEST_F(Abnormal, QueryFailureKeepsWhatWasRead)
 {
-    m_host.access.persons.FailAlways("QueryAuthorizeException", UICommonMdl::ErrorTimeOut);
+    m_host.server.FailAlways<wire::QueryAuthorizeException>(UICommonMdl::ErrorTimeOut);
     OpenDialog("102", 5);
     PageDriver::Settle();
     const QString sFailed =

@@ -32,20 +32,27 @@ protected:
         QTest::mouseClick(Field(pszButton), Qt::LeftButton);
         PageDriver::Settle();
     }
-    void Answer(const char* pszOperation, int nErrorCode, const std::vector<Department_t>& vecGroups = {})
+    template <class Op>
+    void Fail(int nErrorCode)
     {
-        m_host.access.departments.Answer(
-            m_host.access.departments.Last(pszOperation), [&](const FakeCall&, DepartmentParam& param) {
-                param.nErrorCode = nErrorCode;
-                param.vecDepartments = vecGroups;
-            });
+        m_host.server.FailLast<Op>(nErrorCode);
+        PageDriver::Settle();
+    }
+    void AnswerAdd(const Department_t& group)
+    {
+        m_host.server.AnswerLast<wire::AddDepartment>(group);
         PageDriver::Settle();
     }
     QString DialogNotice() { return VxGUI::VxNotification::CurrentText(Dialog()); }
-    int Sent(const char* pszOperation) { return m_host.access.departments.Count(pszOperation); }
-    Department_t Last(const char* pszOperation)
+    template <class Op>
+    int Sent()
     {
-        return m_host.access.departments.LastArgument<Department_t>(pszOperation);
+        return m_host.server.Count<Op>();
+    }
+    template <class Op>
+    Department_t Last()
+    {
+        return m_host.server.LastRequest<Op>();
     }
 };
 
@@ -81,20 +88,20 @@ TEST_F(PersonGroups, AddingChecksTheInputAndSelectsTheNewGroup)
         EXPECT_EQ(Hint(c.pszField), c.sHint);
         if (!c.sText.startsWith(QLatin1Char('r'))) {
             Press("m_pBtnAdd");
-            EXPECT_EQ(Sent("AddDepartment"), 0);
+            EXPECT_EQ(Sent<wire::AddDepartment>(), 0);
         }
     }
     Type("m_pEditRemark", QStringLiteral("a/b"));
     Press("m_pBtnAdd");
-    EXPECT_EQ(Last("AddDepartment"), (Department_t{"", "1001", "Welding", "a/b", 0}));
+    EXPECT_EQ(Last<wire::AddDepartment>(), (Department_t{"", "1001", "Welding", "a/b", 0}));
     EXPECT_FALSE(Field("m_pBtnAdd")->isEnabled()) << "one save at a time";
-    Answer("AddDepartment", UICommonMdl::ErrorNameExists);
+    Fail<wire::AddDepartment>(UICommonMdl::ErrorNameExists);
     EXPECT_EQ(Hint("m_pEditGroupName"), QStringLiteral("The person group name already exists."));
 
     Press("m_pBtnAdd");
     const Department_t added{"1004", "1001", "Welding", "a/b", 1};
-    m_host.access.vecDepartments.push_back(added);
-    Answer("AddDepartment", 0, {added});
+    m_host.site.vecDepartments.push_back(added);
+    AnswerAdd(added);
     EXPECT_FALSE(Dialog());
     EXPECT_EQ(Tree()->GetCurrentCode(), QStringLiteral("1004"));
     EXPECT_EQ(LastRequest().sGroupCode, "1004");
@@ -107,16 +114,16 @@ TEST_F(PersonGroups, TheNewGroupMayGetItsFirstPersonAtOnce)
     Click("m_btnAddOrg");
     Type("m_pEditGroupName", QStringLiteral("Abroad"));
     Press("m_pAddAndPerson");
-    m_host.access.vecDepartments.push_back({"1005", "1002", "Abroad", "", 1});
-    Answer("AddDepartment", 0, {m_host.access.vecDepartments.back()});
+    m_host.site.vecDepartments.push_back({"1005", "1002", "Abroad", "", 1});
+    AnswerAdd(m_host.site.vecDepartments.back());
     EXPECT_TRUE(qobject_cast<CPersonnelInfoUI*>(CurrentPage()));
 }
 
 TEST_F(PersonGroups, TheLevelLimitIsKept)
 {
-    m_host.access.vecDepartments.resize(1);
+    m_host.site.vecDepartments.resize(1);
     for (int n = 2; n <= 10; ++n)
-        m_host.access.vecDepartments.push_back(
+        m_host.site.vecDepartments.push_back(
             {"L" + std::to_string(n), n == 2 ? "001" : "L" + std::to_string(n - 1), "Level", "", 1});
     Open();
     SelectGroup("L10");
@@ -152,14 +159,15 @@ TEST_F(PersonGroups, EditingMovesTheGroupButNotUnderItself)
     EXPECT_FALSE(pChoice->isVisible());
     EXPECT_EQ(pParent->currentText(), QStringLiteral("Sales"));
     Press("m_pBtnAdd");
-    EXPECT_EQ(Last("ModifyDepartment"), (Department_t{"1001", "1002", "Engineering", "second floor", 3}));
+    EXPECT_EQ(
+        Last<wire::ModifyDepartment>(), (Department_t{"1001", "1002", "Engineering", "second floor", 3}));
 
-    const int nTrees = Sent("QueryDepartmentTree");
+    const int nTrees = Sent<wire::QueryDepartmentTree>();
     m_dialogs.ClickNext(QStringLiteral("btnGoOn"));
-    Answer("ModifyDepartment", UICommonMdl::ErrorVersionConflict);
+    Fail<wire::ModifyDepartment>(UICommonMdl::ErrorVersionConflict);
     EXPECT_TRUE(m_dialogs.LastDetails().startsWith(QStringLiteral("Parent Group: All Persons | Sales")));
     EXPECT_EQ(pParent->GetCode(), QStringLiteral("1002")) << "the input stays";
-    EXPECT_EQ(Sent("QueryDepartmentTree"), nTrees + 1);
+    EXPECT_EQ(Sent<wire::QueryDepartmentTree>(), nTrees + 1);
 }
 
 TEST_F(PersonGroups, CancelAsksOnlyWhenSomethingWasChanged)
@@ -202,11 +210,11 @@ TEST_F(PersonGroups, AParentThatIsGoneMustBeChosenAnew)
     SelectGroup("1002");
     Click("m_btnAddOrg");
     Type("m_pEditGroupName", QStringLiteral("Abroad"));
-    m_host.access.vecDepartments.erase(m_host.access.vecDepartments.begin() + 2);
+    m_host.site.vecDepartments.erase(m_host.site.vecDepartments.begin() + 2);
     Click("btnRefresh");
     Press("m_pBtnAdd");
     EXPECT_EQ(Field<QLabel>("lbParentHint")->text(), QStringLiteral("Please enter parent group name."));
-    EXPECT_EQ(Sent("AddDepartment"), 0);
+    EXPECT_EQ(Sent<wire::AddDepartment>(), 0);
     EXPECT_EQ(Tree()->GetCurrentCode(), QString());
     EXPECT_EQ(LastRequest().sGroupCode, "");
 }
@@ -220,7 +228,7 @@ TEST_F(PersonGroups, TheRootIsRenamedWithoutAParent)
     EXPECT_FALSE(Field("m_pCmbParent")->isVisible());
     Type("m_pEditGroupName", QStringLiteral("Everybody"));
     QTest::keyClick(Field<VxGUI::VxLineEdit>("m_pEditGroupName")->GetLineEdit(), Qt::Key_Return);
-    EXPECT_EQ(Last("ModifyDepartment"), (Department_t{"001", "", "Everybody", "", 1}));
+    EXPECT_EQ(Last<wire::ModifyDepartment>(), (Department_t{"001", "", "Everybody", "", 1}));
 }
 
 TEST_F(PersonGroups, TimeOutAndLostConnectionEndTheWait)
@@ -230,17 +238,17 @@ TEST_F(PersonGroups, TimeOutAndLostConnectionEndTheWait)
     Click("m_btnAddOrg");
     Type("m_pEditGroupName", QStringLiteral("Welding"));
     Press("m_pBtnAdd");
-    Answer("AddDepartment", UICommonMdl::ErrorTimeOut);
+    Fail<wire::AddDepartment>(UICommonMdl::ErrorTimeOut);
     EXPECT_TRUE(Field("m_pBtnAdd")->isEnabled());
     EXPECT_TRUE(DialogNotice().startsWith(QStringLiteral("Failed to add person group: ")));
-    m_host.remote.PushConnected(false);
+    m_host.PushConnected(false);
     PageDriver::Settle();
     EXPECT_FALSE(Field("m_pBtnAdd")->isEnabled());
     EXPECT_TRUE(Field("m_pEditGroupName")->isEnabled()) << "the tree is disabled, not its dialog";
     EXPECT_EQ(Field<VxGUI::VxLineEdit>("m_pEditGroupName")->text(), QStringLiteral("Welding"));
-    m_host.remote.PushConnected(true);
+    m_host.PushConnected(true);
     PageDriver::Settle();
-    m_host.access.departments.Refuse("AddDepartment");
+    m_host.server.Refuse<wire::AddDepartment>();
     Press("m_pBtnAdd");
     EXPECT_EQ(DialogNotice(),
         QStringLiteral("Failed to add person group: The request could not be sent to the server."));
@@ -261,16 +269,16 @@ TEST_F(PersonGroups, DeletingAsksAndGoesToTheParent)
         QStringLiteral("Are you sure you want to delete the person group? After deletion, the people in this "
                        "group and sub group(s) will be deleted."));
     EXPECT_EQ(m_dialogs.LastDetails(), QStringLiteral("Testing"));
-    EXPECT_EQ(m_host.access.departments.LastArgument<std::string>("DeleteDepartment"), "1003");
-    Answer("DeleteDepartment", UICommonMdl::ErrorServerBusy);
+    EXPECT_EQ(m_host.server.LastRequest<wire::DeleteDepartment>().sCode, "1003");
+    Fail<wire::DeleteDepartment>(UICommonMdl::ErrorServerBusy);
     EXPECT_EQ(
         Notice(), QStringLiteral("Failed to delete person group: The server is busy. Please try again."));
     EXPECT_EQ(Tree()->GetCurrentCode(), QStringLiteral("1003"));
 
     m_dialogs.AnswerNext(true);
     Click("m_btnDelOrg");
-    m_host.access.vecDepartments.pop_back();
-    Answer("DeleteDepartment", 0);
+    m_host.site.vecDepartments.pop_back();
+    Fail<wire::DeleteDepartment>(0);
     EXPECT_EQ(Tree()->GetCurrentCode(), QStringLiteral("1001"));
     EXPECT_EQ(LastRequest().sGroupCode, "1001");
 }
@@ -289,14 +297,11 @@ TEST_F(PersonGroups, SearchNarrowsTheTreeAndNotTheList)
 
 TEST_F(PersonGroups, AFailedTreeIsToldAndTriedAgain)
 {
-    m_host.access.departments.FailAlways("QueryDepartmentTree", UICommonMdl::ErrorServerBusy);
+    m_host.server.FailAlways<wire::QueryDepartmentTree>(UICommonMdl::ErrorServerBusy);
     Open();
     auto* pState = m_pDriver->Find<VxGUI::VxEmptyState>(QStringLiteral("wgtTreeState"));
     EXPECT_EQ(pState->GetKind(), VxGUI::VxEmptyState::Kind::Failed);
-    m_host.access.departments.AnswerAlways(
-        "QueryDepartmentTree", [this](const FakeCall&, DepartmentParam& param) {
-            param.vecDepartments = m_host.access.vecDepartments;
-        });
+    m_host.server.AnswerAlways<wire::QueryDepartmentTree>({m_host.site.vecDepartments});
     QTest::mouseClick(pState->findChild<QPushButton*>(), Qt::LeftButton);
     PageDriver::Settle();
     EXPECT_TRUE(Tree()->isVisible());

@@ -37,17 +37,15 @@ inline void Screenshot(QWidget* pWidget, const QString& sName)
     EXPECT_TRUE(pWidget->grab().save(sFolder + QLatin1Char('/') + sName + QStringLiteral(".png")));
 }
 
-/// The person page over fakes that serve a small site.
+/// The person page of a host that serves a small site.
 class Fixture : public testing::Test
 {
 protected:
-    using PersonParam = FakeAccessControlManager::PersonObserver::Param;
-    using DepartmentParam = FakeAccessControlManager::DepartmentObserver::Param;
     using Request = AccessControlLogical::PersonPageRequest_t;
-    using Ids = FakeAccessControlManager::Ids;
+    using Ids = std::vector<std::string>;
     using View = BasicInfoManagerUI::CPersonnelListView;
 
-    void SetUp() override { m_host.access.ServeSite(); }
+    void SetUp() override { m_host.site.ServePersons(); }
     void TearDown() override { Close(); }
 
     void Open(QSize size = QSize(1400, 760))
@@ -135,8 +133,8 @@ protected:
         }
         FAIL() << qPrintable(sText);
     }
-    Request LastRequest() { return m_host.access.persons.LastArgument<Request>("QueryPersonList"); }
-    int Queries() { return m_host.access.persons.Count("QueryPersonList"); }
+    Request LastRequest() { return m_host.server.LastRequest<wire::QueryPersonList>(); }
+    int Queries() { return m_host.server.Count<wire::QueryPersonList>(); }
     QString Notice() { return VxGUI::VxNotification::CurrentText(m_pPage.get()); }
     QString ListState()
     {
@@ -148,9 +146,7 @@ protected:
     }
     void PushDepartments()
     {
-        DepartmentParam param;
-        param.nResultCode = FakeAccessControlManager::DepartmentObserver::ResultDepartmentsChanged;
-        m_host.access.departments.Send(param);
+        m_host.server.Push(wire::event::DepartmentsChanged);
         PageDriver::Settle();
     }
 

@@ -11,8 +11,8 @@ class PersonPageLook : public PersonPageTest::Fixture, public testing::WithParam
 TEST_P(PersonPageLook, EverythingCanBeReadInASmallAndInALargeWindow)
 {
     const LookScope look(GetParam());
-    m_host.access.vecPersons[0].sName = "Maximiliane Charlotte von Hohenstein-Waldburg";
-    m_host.access.vecPersons[0].sPlates = "B AB 1234,HH XY 987";
+    m_host.site.vecPersons[0].sName = "Maximiliane Charlotte von Hohenstein-Waldburg";
+    m_host.site.vecPersons[0].sPlates = "B AB 1234,HH XY 987";
     Open(QSize(1024, 700));
     SelectGroup("1001");
     Check("102");
@@ -20,10 +20,7 @@ TEST_P(PersonPageLook, EverythingCanBeReadInASmallAndInALargeWindow)
     m_pPage->resize(1600, 900);
     PageDriver::Settle();
     look.ExpectReadable(*m_pPage, "persons-large");
-    m_host.user.setMissing = {"002003001"};
-    FakeUserManager::LoginObserver::Param param;
-    param.nResultCode = FakeUserManager::LoginObserver::ResultRightsChanged;
-    m_host.user.login.Send(param);
+    m_host.SetMissingRights({"002003001"});
     PageDriver::Settle();
     look.ExpectReadable(*m_pPage, "persons-no-right");
 }

@@ -57,24 +57,19 @@ TEST_F(PersonPage, FirstPageIsThatOfTheRootUntilAGroupIsChosen)
 TEST_F(PersonPage, OnlyTheAnswerToTheLastQueryIsShown)
 {
     Open();
-    m_host.access.persons.Hold("QueryPersonList");
+    m_host.server.Hold<wire::QueryPersonList>();
     SelectGroup("1001");
-    const FakeCall stale = m_host.access.persons.Last("QueryPersonList");
+    const FakeCall stale = m_host.server.Last<wire::QueryPersonList>();
     SelectGroup("1002");
     const auto answer = [&](const FakeCall& call, const char* pszName) {
-        m_host.access.persons.Answer(call, [pszName](const FakeCall&, PersonParam& param) {
-            PersonInfo_t person;
-            person.sPersonId = "900";
-            person.sName = pszName;
-            param.personPage = {{person}, 1, 1};
-        });
+        PersonInfo_t person;
+        person.sPersonId = "900";
+        person.sName = pszName;
+        m_host.server.Answer<wire::QueryPersonList>(call, {{person}, 1, 1});
         PageDriver::Settle();
     };
-    answer(m_host.access.persons.Last("QueryPersonList"), "Right");
+    answer(m_host.server.Last<wire::QueryPersonList>(), "Right");
     answer(stale, "Wrong");
-    FakeCall foreign = stale;
-    foreign.nSequence = 4711;
-    answer(foreign, "Wrong");
     ASSERT_EQ(List()->model()->rowCount(), 1);
     EXPECT_EQ(Cell(0, PersonColumnName), QStringLiteral("Right"));
 }
@@ -89,19 +84,18 @@ TEST_F(PersonPage, ListStatesAreTold)
         {UICommonMdl::ErrorServerBusy, VxGUI::VxEmptyState::Kind::Failed},
         {UICommonMdl::ErrorTimeOut, VxGUI::VxEmptyState::Kind::Failed}};
     for (const auto& c : cases) {
-        m_host.access.persons.FailAlways("QueryPersonList", c.nErrorCode);
+        m_host.server.FailAlways<wire::QueryPersonList>(c.nErrorCode);
         Open();
         EXPECT_EQ(m_pDriver->Find<VxGUI::VxEmptyState>(QStringLiteral("wgtListState"))->GetKind(), c.kind);
         EXPECT_TRUE(Notice().startsWith(QStringLiteral("Failed to search for people list: ")));
         EXPECT_FALSE(IsUsable("m_btnDel"));
         Close();
     }
-    m_host.access.vecPersons.clear();
-    m_host.access.ServeSite();
-    m_host.access.vecPersons.clear();
+    m_host.site.ServePersons();
+    m_host.site.vecPersons.clear();
     Open();
     EXPECT_EQ(ListState(), QStringLiteral("There is no person in this group."));
-    m_host.access.persons.Refuse("QueryPersonList");
+    m_host.server.Refuse<wire::QueryPersonList>();
     Click("btnRefresh");
     EXPECT_EQ(Notice(),
         QStringLiteral("Failed to search for people list: The request could not be sent to the server."));
@@ -112,7 +106,7 @@ TEST_F(PersonPage, DeletingTakesTheCheckedOnesAfterTheQuestion)
     Open();
     Click("m_btnDel");
     EXPECT_EQ(Notice(), QStringLiteral("Please select at least one person."));
-    EXPECT_EQ(m_host.access.persons.Count("DeletePersons"), 0);
+    EXPECT_EQ(m_host.server.Count<wire::DeletePersons>(), 0);
     EXPECT_FALSE(IsUsable("btnMoveTo"));
 
     Check("101");
@@ -124,18 +118,15 @@ TEST_F(PersonPage, DeletingTakesTheCheckedOnesAfterTheQuestion)
         QStringLiteral(
             "Are you sure you want to delete the selected person(s)? After deletion, the person(s) "
             "in the group and the related permissions will be deleted."));
-    EXPECT_EQ(m_host.access.persons.Count("DeletePersons"), 0);
+    EXPECT_EQ(m_host.server.Count<wire::DeletePersons>(), 0);
 
     EXPECT_EQ(m_dialogs.LastDetails(), QStringLiteral("Person 1\nPerson 4"));
 
     m_dialogs.AnswerNext(true);
     Click("m_btnDel");
-    EXPECT_EQ(m_host.access.persons.LastArgument<Ids>("DeletePersons"), (Ids{"101", "104"}));
+    EXPECT_EQ(m_host.server.LastRequest<wire::DeletePersons>().vecPersonIds, (Ids{"101", "104"}));
     const int nQueries = Queries();
-    m_host.access.persons.Answer(
-        m_host.access.persons.Last("DeletePersons"), [](const FakeCall&, PersonParam& param) {
-            param.vecFailed = {{"104", "Person 4", UICommonMdl::ErrorReferenced, {}}};
-        });
+    m_host.server.AnswerLast<wire::DeletePersons>({{{"104", "Person 4", UICommonMdl::ErrorReferenced, {}}}});
     PageDriver::Settle();
     EXPECT_TRUE(m_dialogs.Shown().last().contains(QStringLiteral("Failed to delete person")));
     EXPECT_EQ(Queries(), nQueries + 1);
@@ -148,7 +139,7 @@ TEST_F(PersonPage, ABatchReachesTheCheckedOnesOfAllPagesAndNamesThem)
     Open();
     Check("101");
     for (int n = 0; n < 6; ++n)
-        m_host.access.vecPersons[std::size_t(n)].sPersonId = std::to_string(201 + n);
+        m_host.site.vecPersons[std::size_t(n)].sPersonId = std::to_string(201 + n);
     Click("btnNextPage");
     Check("203");
     SelectGroup("1002");
@@ -159,8 +150,8 @@ TEST_F(PersonPage, ABatchReachesTheCheckedOnesOfAllPagesAndNamesThem)
     auto* const pGroups = MoveTree()->findChild<Common::CTreeChoice*>()->GetTree();
     m_pDriver->ClickIndex(pGroups, pGroups->FindCode(QStringLiteral("1003")));
     Confirm(MoveTree());
-    EXPECT_EQ((m_host.access.persons.LastArgument<std::pair<Ids, std::string>>("MovePersons")),
-        (std::pair<Ids, std::string>(Ids{"203", "101"}, "1003")));
+    EXPECT_EQ(m_host.server.LastRequest<wire::MovePersons>().vecPersonIds, (Ids{"203", "101"}));
+    EXPECT_EQ(m_host.server.LastRequest<wire::MovePersons>().sGroupCode, "1003");
     Click("m_btnBatchIssuCard");
     const auto* const pCards =
         CurrentPage()->findChild<QTreeView*>(QStringLiteral("tableIssueCard"))->model();
@@ -172,40 +163,33 @@ TEST_F(PersonPage, ABatchReachesTheCheckedOnesOfAllPagesAndNamesThem)
 
 TEST_F(PersonPage, WhatIsTooMuchForOneRequestGoesInPieces)
 {
-    m_host.access.vecPersons.clear();
+    m_host.site.vecPersons.clear();
     for (int n = 0; n < 1200; ++n) {
         PersonInfo_t person;
         person.sPersonId = std::to_string(5000 + n);
-        m_host.access.vecPersons.push_back(person);
+        m_host.site.vecPersons.push_back(person);
     }
     Open();
-    m_host.access.vecPersons.erase(m_host.access.vecPersons.begin() + 6, m_host.access.vecPersons.end());
+    m_host.site.vecPersons.erase(m_host.site.vecPersons.begin() + 6, m_host.site.vecPersons.end());
     List()->GetPersons()->SetAllChecked(true);
-    const auto answer = [&](int nErrorCode, const char* pszFailed) {
-        m_host.access.persons.Answer(
-            m_host.access.persons.Last("DeletePersons"), [&](const FakeCall&, PersonParam& param) {
-                param.nErrorCode = nErrorCode;
-                if (pszFailed)
-                    param.vecFailed = {{pszFailed, "Somebody", UICommonMdl::ErrorReferenced, {}}};
-            });
-        PageDriver::Settle();
-    };
     m_dialogs.AnswerNext(true);
     Click("m_btnDel");
-    EXPECT_EQ(m_host.access.persons.LastArgument<Ids>("DeletePersons").size(), PersonBatchLimit);
-    answer(UICommonMdl::ErrorNone, "5003");
-    EXPECT_EQ(m_host.access.persons.LastArgument<Ids>("DeletePersons").size(), 200u);
+    EXPECT_EQ(m_host.server.LastRequest<wire::DeletePersons>().vecPersonIds.size(), PersonBatchLimit);
+    m_host.server.AnswerLast<wire::DeletePersons>({{{"5003", "Somebody", UICommonMdl::ErrorReferenced, {}}}});
+    PageDriver::Settle();
+    EXPECT_EQ(m_host.server.LastRequest<wire::DeletePersons>().vecPersonIds.size(), 200u);
     EXPECT_EQ(m_dialogs.Shown().size(), 1) << "told at the end";
-    answer(UICommonMdl::ErrorServerBusy, nullptr);
+    m_host.server.FailLast<wire::DeletePersons>(UICommonMdl::ErrorServerBusy);
+    PageDriver::Settle();
     EXPECT_TRUE(Notice().startsWith(QStringLiteral("Failed to delete person: ")));
     EXPECT_TRUE(m_dialogs.LastDetails().startsWith(QStringLiteral("Somebody (5003): ")));
     EXPECT_EQ(List()->GetPersons()->GetCheckedCount(), 201) << "what was not deleted can be tried again";
-    EXPECT_EQ(m_host.access.persons.Count("DeletePersons"), 2);
+    EXPECT_EQ(m_host.server.Count<wire::DeletePersons>(), 2);
 }
 
 TEST_F(PersonPage, WithoutTheRightPersonsAndGroupsAreLookedAtOnly)
 {
-    m_host.user.setMissing = {"002003001"};
+    m_host.SetMissingRights({"002003001"});
     Open();
     SelectGroup("1001");
     Check("102");
@@ -230,10 +214,7 @@ TEST_F(PersonPage, WithoutTheRightPersonsAndGroupsAreLookedAtOnly)
     const auto* const pEdit = CurrentPage()->findChild<QPushButton*>(QStringLiteral("m_pBtnEdit"));
     EXPECT_TRUE(pEdit->isVisible() && !pEdit->isEnabled()) << "its details";
     // The right comes while the page is open.
-    m_host.user.setMissing.clear();
-    FakeUserManager::LoginObserver::Param param;
-    param.nResultCode = FakeUserManager::LoginObserver::ResultRightsChanged;
-    m_host.user.login.Send(param);
+    m_host.SetMissingRights({});
     PageDriver::Settle();
     EXPECT_TRUE(pEdit->isEnabled());
     QTest::keyClick(m_pPage.get(), Qt::Key_Escape);
@@ -248,8 +229,8 @@ TEST_F(PersonPage, DeleteAllTakesTheGroupAndWhetherItsSubGroupsToo)
     EXPECT_EQ(pMenu->height(), 34);
     Trigger(QStringLiteral("menuDelete"), QStringLiteral("Delete All"));
     EXPECT_EQ(Notice(), QStringLiteral("Please select a person group."));
-    m_host.access.vecPersons[5].sGroupCode = "1002";
-    m_host.access.vecPersons[4].sGroupCode = "1003";
+    m_host.site.vecPersons[5].sGroupCode = "1002";
+    m_host.site.vecPersons[4].sGroupCode = "1003";
     SelectGroup("1001");
     for (const char* const pszId : {"101", "105", "106"})
         Check(pszId);
@@ -260,15 +241,15 @@ TEST_F(PersonPage, DeleteAllTakesTheGroupAndWhetherItsSubGroupsToo)
         QStringLiteral(
             "Prompt: Are you sure you want to delete all persons? After deletion, all group members "
             "and related permissions will be deleted."));
-    EXPECT_EQ((m_host.access.persons.LastArgument<std::pair<std::string, bool>>("DeleteAllPersons")),
-        (std::pair<std::string, bool>("1001", true)));
-    m_host.access.persons.Fail(m_host.access.persons.Last("DeleteAllPersons"), UICommonMdl::ErrorServerBusy);
+    EXPECT_EQ(m_host.server.LastRequest<wire::DeleteAllPersons>().sGroupCode, "1001");
+    EXPECT_TRUE(m_host.server.LastRequest<wire::DeleteAllPersons>().bSubGroups);
+    m_host.server.FailLast<wire::DeleteAllPersons>(UICommonMdl::ErrorServerBusy);
     PageDriver::Settle();
     EXPECT_TRUE(Notice().startsWith(QStringLiteral("Failed to delete person: ")));
     EXPECT_EQ(List()->GetPersons()->GetCheckedCount(), 3);
     m_dialogs.AnswerNext(true);
     Trigger(QStringLiteral("menuDelete"), QStringLiteral("Delete All"));
-    m_host.access.persons.Answer(m_host.access.persons.Last("DeleteAllPersons"), {});
+    m_host.server.AnswerLast<wire::DeleteAllPersons>();
     PageDriver::Settle();
     EXPECT_EQ(List()->GetPersons()->GetCheckedIds(), QStringList{QStringLiteral("106")})
         << "of another group";
@@ -289,10 +270,10 @@ TEST_F(PersonPage, MovingAsksForTheGroup)
     auto* pGroups = pTree->findChild<Common::CTreeChoice*>()->GetTree();
     m_pDriver->ClickIndex(pGroups, pGroups->FindCode(QStringLiteral("1002")));
     Confirm(pTree);
-    EXPECT_EQ((m_host.access.persons.LastArgument<std::pair<Ids, std::string>>("MovePersons")),
-        (std::pair<Ids, std::string>(Ids{"102"}, "1002")));
+    EXPECT_EQ(m_host.server.LastRequest<wire::MovePersons>().vecPersonIds, Ids{"102"});
+    EXPECT_EQ(m_host.server.LastRequest<wire::MovePersons>().sGroupCode, "1002");
     EXPECT_FALSE(MoveTree());
-    m_host.access.persons.Fail(m_host.access.persons.Last("MovePersons"), UICommonMdl::ErrorNotFound);
+    m_host.server.FailLast<wire::MovePersons>(UICommonMdl::ErrorNotFound);
     PageDriver::Settle();
     EXPECT_TRUE(Notice().startsWith(QStringLiteral("Failed to move departments in batches. ")));
 
@@ -303,7 +284,7 @@ TEST_F(PersonPage, MovingAsksForTheGroup)
     QTest::keyClick(MoveTree(), Qt::Key_Escape);
     PageDriver::Settle();
     EXPECT_FALSE(MoveTree());
-    EXPECT_EQ(m_host.access.persons.Count("MovePersons"), 1);
+    EXPECT_EQ(m_host.server.Count<wire::MovePersons>(), 1);
 }
 
 TEST_F(PersonPage, RowButtonsAreThoseOfTheRow)
@@ -315,22 +296,22 @@ TEST_F(PersonPage, RowButtonsAreThoseOfTheRow)
                     .isNull());
     m_pDriver->Screenshot(QStringLiteral("persons"));
     ClickRowButton("102", nAbnormal);
-    EXPECT_EQ(m_host.access.persons.LastArgument<std::string>("QueryAuthorizeException"), "102");
+    EXPECT_EQ(m_host.server.LastRequest<wire::QueryAuthorizeException>().sPersonId, "102");
     m_pPage->findChild<CPersonAuthorizeAbnormalDlg*>()->reject();
     PageDriver::Settle();
 
     m_dialogs.AnswerNext(true);
     ClickRowButton("103", 1);
-    EXPECT_EQ(m_host.access.persons.LastArgument<Ids>("DeletePersons"), (Ids{"103"}));
+    EXPECT_EQ(m_host.server.LastRequest<wire::DeletePersons>().vecPersonIds, (Ids{"103"}));
 
     ClickRowButton("104", 3);
-    EXPECT_EQ(m_host.access.persons.LastArgument<std::string>("ReissuePersonRight"), "104");
-    m_host.access.persons.Answer(m_host.access.persons.Last("ReissuePersonRight"),
-        [](const FakeCall&, PersonParam& param) { param.vecExceptions.resize(1); });
+    EXPECT_EQ(m_host.server.LastRequest<wire::ReissuePersonRight>().sPersonId, "104");
+    m_host.server.ReportLast<wire::ReissuePersonRight>(
+        MakeReport(std::vector<AuthorizeException_t>(1), true));
     PageDriver::Settle();
     EXPECT_EQ(Notice(), QStringLiteral("Failed to sync personnel"));
     EXPECT_TRUE(m_dialogs.LastText().startsWith(QStringLiteral("Details of authorization failure")));
-    m_host.access.persons.Refuse("ReissuePersonRight");
+    m_host.server.Refuse<wire::ReissuePersonRight>();
     ClickRowButton("104", 3);
     EXPECT_EQ(
         Notice(), QStringLiteral("Failed to re-release right: The request could not be sent to the server."));
@@ -342,7 +323,7 @@ TEST_F(PersonPage, TheEditorOpensAndComesBack)
     const auto expectEditor = [&](const char* pszId) {
         PageDriver::Settle();
         EXPECT_TRUE(qobject_cast<CPersonnelInfoUI*>(CurrentPage()));
-        EXPECT_EQ(m_host.access.persons.LastArgument<std::string>("QueryPersonDetail"), pszId);
+        EXPECT_EQ(m_host.server.LastRequest<wire::QueryPersonDetail>().sPersonId, pszId);
         QTest::keyClick(m_pPage.get(), Qt::Key_Escape);
         EXPECT_EQ(CurrentPage()->objectName(), QStringLiteral("pagePersons"));
     };
@@ -410,10 +391,8 @@ TEST_F(PersonPage, PushesAreGatheredIntoOneQueryThatKeepsTheChecks)
     Open();
     Check("102");
     const int nQueries = Queries();
-    PersonParam push;
-    push.nResultCode = FakeAccessControlManager::PersonObserver::ResultPersonsChanged;
     for (int n = 0; n < 5; ++n)
-        m_host.access.persons.Send(push);
+        m_host.server.Push(wire::event::PersonsChanged);
     PageDriver::Settle();
     EXPECT_EQ(Queries(), nQueries);
     PageDriver::WaitFor([&] { return Queries() > nQueries; });
@@ -421,9 +400,9 @@ TEST_F(PersonPage, PushesAreGatheredIntoOneQueryThatKeepsTheChecks)
     EXPECT_EQ(Queries(), nQueries + 1);
     EXPECT_EQ(List()->GetPersons()->GetCheckedIds(), QStringList{QStringLiteral("102")});
 
-    const int nTrees = m_host.access.departments.Count("QueryDepartmentTree");
+    const int nTrees = m_host.server.Count<wire::QueryDepartmentTree>();
     PushDepartments();
-    PageDriver::WaitFor([&] { return m_host.access.departments.Count("QueryDepartmentTree") > nTrees; });
+    PageDriver::WaitFor([&] { return m_host.server.Count<wire::QueryDepartmentTree>() > nTrees; });
 }
 
 TEST_F(PersonPage, TheTabKeyGoesFromTheGroupsOverTheToolsToTheListAndOut)

@@ -1,6 +1,6 @@
 #include <UICommonMdl/CDepartmentModelManager.h>
 #include <common/CSearchTreeView.h>
-#include <tests/support/fakes/FakeAccessControlManager.h>
+#include <tests/support/fakes/FakeHost.h>
 #include <tests/support/gui/PageDriver.h>
 
 #include <QElapsedTimer>
@@ -169,19 +169,15 @@ TEST_F(SearchTree, TypingInAWideOrDeepTreeCostsNoMoreThanTheFilterItself)
 TEST(DepartmentModels, AnswersOfAManagerThatCountsNoLongerAreDropped)
 {
     using UICommonMdl::CDepartmentModelManager;
-    FakeAccessControlManager first;
-    FakeAccessControlManager second;
-    CDepartmentModelManager* const pModels = CDepartmentModelManager::Instance();
-    FakeAccessControlManager::DepartmentObserver::Param param;
-    param.nResultCode = FakeAccessControlManager::DepartmentObserver::ResultQueryDepartmentTree;
-    param.vecDepartments = {{"001", "", "Late", "", 1}};
-    pModels->SetAccessControlManager(&first);
-    first.departments.Send(param);
-    pModels->SetAccessControlManager(&second);
+    const auto* const pModel = CDepartmentModelManager::Instance()->GetDepartmentModel();
+    FakeHost first;
+    first.site.ServePersons();
+    first.access.QueryDepartmentTree();
+    FakeHost second;
     PageDriver::Settle();
-    EXPECT_EQ(pModels->GetDepartmentModel()->rowCount(), 0);
-    second.departments.Send(param);
+    EXPECT_EQ(pModel->rowCount(), 0);
+    second.site.ServePersons();
+    second.access.QueryDepartmentTree();
     PageDriver::Settle();
-    EXPECT_EQ(pModels->GetDepartmentModel()->rowCount(), 1);
-    pModels->SetAccessControlManager(nullptr);
+    EXPECT_EQ(pModel->rowCount(), 1);
 }

@@ -178,17 +178,17 @@ TEST_F(HomePageTest, EntriesAreToldApartAndHaveTheirPictures)
     std::set<std::string> setRights;
     std::set<QString> setTitles;
     std::set<QString> setIcons;
-    for (const auto& right : m_rights.vecMenuRights) {
+    for (const auto& right : m_rights.session.vecMenuRights) {
         auto* const pEntry = Ui()->GetAbstractWidget(right.sWidgetName);
         ASSERT_TRUE(pEntry) << right.sWidgetName;
         SCOPED_TRACE(right.sWidgetName);
-        m_rights.setMissing.clear();
+        m_rights.SetMissingRights({});
         EXPECT_EQ(pEntry->GetWidgetTitle(QString()), pEntry->GetWidgetTitle());
         EXPECT_TRUE(setRights.insert(pEntry->GetWidgetRight()).second);
         EXPECT_TRUE(setTitles.insert(pEntry->GetWidgetTitle()).second);
         EXPECT_TRUE(setIcons.insert(pEntry->GetWidgetIcon()).second);
         EXPECT_TRUE(QFileInfo::exists(pEntry->GetWidgetIcon())) << qPrintable(pEntry->GetWidgetIcon());
-        m_rights.setMissing = {pEntry->GetWidgetRight()};
+        m_rights.SetMissingRights({pEntry->GetWidgetRight()});
         EXPECT_TRUE(QFileInfo::exists(pEntry->GetWidgetIcon())) << qPrintable(pEntry->GetWidgetIcon());
     }
 }

@@ -3,8 +3,7 @@
 #include <VxPluginAPI/IAbstractUI.h>
 #include <VxPluginAPI/IAbstractWidget.h>
 #include <VxPluginAPI/IPluginAPI.h>
-
-#include "fakes/FakeUserManager.h"
+#include <tests/support/fakes/FakeHost.h>
 
 #include <QPluginLoader>
 #include <QWidget>
@@ -14,8 +13,8 @@
 #include <map>
 #include <set>
 
-/// A source that knows the user's rights.
-class EntryRights : public RightsSource
+/// The host of a user whose entries the test chooses.
+class EntryRights : public FakeHost
 {
 public:
     /// Lets the user open the entries of these numbers, in that order.
@@ -27,11 +26,12 @@ public:
             {10, "EmapConfigUI"}, {11, "BasicInfoManagerUI"}, {12, "CArmLibWidget"}, {13, "ACSManagerWidget"},
             {14, "VideoIntercomConfigWidget"}, {15, "AttendanceManagerWidget"}, {16, "VisitorParamWidget"},
             {17, "EntranceConfigWidget"}};
-        vecMenuRights.clear();
+        session.vecMenuRights.clear();
         for (const unsigned int nId : vecIds) {
             const auto it = s_names.find(nId);
-            vecMenuRights.push_back({"", it == s_names.end() ? "NoSuchWidget" : it->second, nId});
+            session.vecMenuRights.push_back({"", it == s_names.end() ? "NoSuchWidget" : it->second, nId});
         }
+        ApplySession();
     }
 };
 

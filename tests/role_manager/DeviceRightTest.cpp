@@ -24,7 +24,7 @@ constexpr int Chn = DeviceNodeChannel;
 class DeviceRights : public testing::Test
 {
 protected:
-    void SetUp() override { m_manager.ServePlatform(); }
+    void SetUp() override { m_host.site.ServeUsers(); }
     void Show(const std::vector<Role_t>& vecRoles, CDeviceRightModel& model)
     {
         model.ShowRoles(vecRoles);
@@ -81,13 +81,12 @@ protected:
     std::vector<DeviceRightQuery_t> Asked() const
     {
         std::vector<DeviceRightQuery_t> vecQueries;
-        for (const FakeCall& call : m_manager.users.Calls("QueryDeviceRights"))
-            vecQueries.push_back(std::any_cast<DeviceRightQuery_t>(call.argument));
+        for (const FakeCall& call : m_host.server.Calls<wire::QueryDeviceRights>())
+            vecQueries.push_back(call.Request<wire::QueryDeviceRights>());
         return vecQueries;
     }
 
     FakeHost m_host;
-    FakeUserManager& m_manager = m_host.user;
     CDeviceRightModel m_model{&m_host.interfaceSet, true};
 };
 
@@ -102,7 +101,7 @@ TEST_F(DeviceRights, BranchesAreAskedForOnceAndOnlyWhenTheyAreExpanded)
     m_model.setData(Find(QStringLiteral("North")), Qt::Checked, Qt::CheckStateRole);
     Expand(QStringLiteral("North"));
     Expand(QStringLiteral("Gate"));
-    const FakeUserManager::Names ids{"2"};
+    const std::vector<std::string> ids{"2"};
     EXPECT_EQ(Asked(),
         (std::vector<DeviceRightQuery_t>{
             {Org, "", ids}, {Org, "001", ids}, {Org, "1001", ids}, {Dev, "1", ids}}));
@@ -190,21 +189,20 @@ TEST_F(DeviceRights, TheSwitchSaysWhatItDoesAndIsInherited)
 TEST_F(DeviceRights, AnswersForATreeThatIsGoneAreDropped)
 {
     Show({Role("2", "Guard")}, m_model);
-    m_manager.users.Hold("QueryDeviceRights");
+    m_host.server.Hold<wire::QueryDeviceRights>();
     Expand(QStringLiteral("Root"));
-    const FakeCall branch = m_manager.users.Last("QueryDeviceRights");
+    const FakeCall branch = m_host.server.Last<wire::QueryDeviceRights>();
     Do(QStringLiteral("Root"));
     Show({Role("1", "Administrator")}, m_model);
-    const FakeCall root = m_manager.users.Last("QueryDeviceRights");
-    const auto nodes = [](const char* pszName) {
-        return [pszName](const FakeCall&, FakeUserManager::Param& param) {
-            param.vecNodes = {{Org, "001", 0, 0, pszName, RightStateAll, false, true, {"1"}}};
-        };
+    const FakeCall root = m_host.server.Last<wire::QueryDeviceRights>();
+    const auto answer = [this](const FakeCall& call, const char* pszName) {
+        m_host.server.Answer<wire::QueryDeviceRights>(
+            call, {{{Org, "001", 0, 0, pszName, RightStateAll, false, true, {"1"}}}});
     };
-    m_manager.users.Answer(branch, nodes("Late"));
+    answer(branch, "Late");
     PageDriver::Settle();
     EXPECT_EQ(Loaded(), QString());
-    m_manager.users.Answer(root, nodes("Root"));
+    answer(root, "Root");
     PageDriver::Settle();
     EXPECT_EQ(Loaded(), QStringLiteral("Root+"));
     EXPECT_TRUE(m_model.GetChanges().empty());
@@ -214,22 +212,20 @@ TEST_F(DeviceRights, AFailedBranchIsToldAndCanBeAskedForAgain)
 {
     QSignalSpy failures(&m_model, &CDeviceRightModel::SignalBranchFailed);
     Show({Role("2", "Guard")}, m_model);
-    m_manager.users.FailAlways("QueryDeviceRights", UICommonMdl::ErrorTimeOut);
+    m_host.server.FailAlways<wire::QueryDeviceRights>(UICommonMdl::ErrorTimeOut);
     Expand(QStringLiteral("Root"));
     ASSERT_EQ(failures.count(), 1);
     EXPECT_EQ(failures.first().at(1).toInt(), UICommonMdl::ErrorTimeOut);
-    m_manager.users.Refuse("QueryDeviceRights");
+    m_host.server.Refuse<wire::QueryDeviceRights>();
     Expand(QStringLiteral("Root"));
     EXPECT_EQ(failures.count(), 2) << "one that is not even sent";
-    FakeHost otherHost;
-    FakeUserManager& other = otherHost.user;
-    other.ServePlatform();
-    CDeviceRightModel model(&otherHost.interfaceSet, true);
-    other.users.FailAlways("QueryDeviceRights", UICommonMdl::ErrorNoRight);
+    FakeHost other;
+    CDeviceRightModel model(&other.interfaceSet, true);
+    other.server.FailAlways<wire::QueryDeviceRights>(UICommonMdl::ErrorNoRight);
     Show({}, model);
     EXPECT_EQ(model.GetState(), CDeviceRightModel::State::Failed);
     EXPECT_EQ(model.GetError(), UICommonMdl::ErrorNoRight);
-    other.ServePlatform();
+    other.site.ServeUsers();
     model.QueryRoot();
     PageDriver::Settle();
     EXPECT_EQ(model.GetState(), CDeviceRightModel::State::Loaded);
@@ -257,15 +253,13 @@ TEST_F(DeviceRights, ToLookAtOnlyWhatRolesGiveWithTheirNames)
 TEST_F(DeviceRights, FourThousandCamerasInOneBranch)
 {
     constexpr int Cameras = 4000;
-    m_manager.users.AnswerAlways(
-        "QueryDeviceRights", [](const FakeCall& call, FakeUserManager::Param& param) {
-            const auto query = std::any_cast<DeviceRightQuery_t>(call.argument);
-            if (query.sId.empty())
-                param.vecNodes = {{Org, "001", 0, 0, "Root", RightStateAll, false, true, {}}};
-            for (int n = 1; !query.sId.empty() && n <= Cameras; ++n)
-                param.vecNodes.push_back({Dev, std::to_string(n), 0, 0, "Camera " + std::to_string(n),
-                    RightStateAll, false, true, {}});
-        });
+    m_host.server.AnswerAlways<wire::QueryDeviceRights>([](const auto& query, auto& answer) {
+        if (query.sId.empty())
+            answer.vecNodes = {{Org, "001", 0, 0, "Root", RightStateAll, false, true, {}}};
+        for (int n = 1; !query.sId.empty() && n <= Cameras; ++n)
+            answer.vecNodes.push_back({Dev, std::to_string(n), 0, 0, "Camera " + std::to_string(n),
+                RightStateAll, false, true, {}});
+    });
     Show({Role("2", "Guard")}, m_model);
     Expand(QStringLiteral("Root"));
     const QModelIndex root = m_model.index(0, 0);

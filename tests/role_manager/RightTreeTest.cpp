@@ -41,7 +41,7 @@ class RightTree : public testing::Test
 protected:
     void SetUp() override
     {
-        m_manager.ServePlatform();
+        m_host.site.ServeUsers();
         m_proxy.setSourceModel(&m_model);
     }
     void Load(const std::vector<Role_t>& vecRoles)
@@ -81,14 +81,13 @@ protected:
     }
 
     FakeHost m_host;
-    FakeUserManager& m_manager = m_host.user;
     CMenuRightModel m_model{&m_host.interfaceSet, true};
     CMenuRightSortFilterProxyModel m_proxy;
 };
 
 TEST_F(RightTree, ShowsTheWayToWhatMatchesAndHidesWhatMayNotBeGiven)
 {
-    m_manager.setMissing = {"002003"};
+    m_host.SetMissingRights({"002003"});
     Load({RoleWith({})});
     const struct
     {
@@ -140,7 +139,7 @@ TEST_F(RightTree, BoxesBringTheRightsBelowAndAboveWithThem)
 
 TEST_F(RightTree, RightsThatCannotBeGivenStayAsTheyWere)
 {
-    m_manager.setMissing = {"001002003", "003001"};
+    m_host.SetMissingRights({"001002003", "003001"});
     // One right that the platform does not know, one that is hidden.
     Load({RoleWith({"001002003", "009009"})});
     EXPECT_EQ(CRightModel::State::Loaded, m_model.GetState());
@@ -176,24 +175,22 @@ TEST_F(RightTree, ManyRolesTogetherSayWhichOfThemGivesARight)
 
 TEST_F(RightTree, FailuresAreToldAndLateAnswersDropped)
 {
-    m_manager.users.Hold("QueryMenuRightList");
+    m_host.server.Hold<wire::QueryMenuRightList>();
     m_model.Query();
-    const FakeCall first = m_manager.users.Last("QueryMenuRightList");
+    const FakeCall first = m_host.server.Last<wire::QueryMenuRightList>();
     m_model.Query();
-    const FakeCall second = m_manager.users.Last("QueryMenuRightList");
-    m_manager.users.Fail(second, UICommonMdl::ErrorInternal);
+    const FakeCall second = m_host.server.Last<wire::QueryMenuRightList>();
+    m_host.server.Fail(second, UICommonMdl::ErrorInternal);
     PageDriver::Settle();
     EXPECT_EQ(m_model.GetState(), CRightModel::State::Failed);
-    m_manager.users.Answer(first, [](const FakeCall&, FakeUserManager::Param& param) {
-        param.vecRights = {{"001", "Late", RightNodeAlways}};
-    });
+    m_host.server.Answer<wire::QueryMenuRightList>(first, {{{"001", "Late", RightNodeAlways}}});
     PageDriver::Settle();
     EXPECT_EQ(m_model.rowCount(), 0);
     // Nothing is lost by saving a role whose tree did not come.
     m_model.ShowRoles({RoleWith({"002001", "001002"})});
     EXPECT_EQ(m_model.GetGiven(), (std::vector<std::string>{"001002", "002001"}));
 
-    m_manager.users.Refuse("QueryFuncRightList");
+    m_host.server.Refuse<wire::QueryFuncRightList>();
     CFuncRightModel functions(&m_host.interfaceSet, true);
     functions.Query();
     PageDriver::Settle();

@@ -10,12 +10,10 @@ namespace {
 class RoleDialog : public Fixture
 {
 protected:
-    void FailSave(const char* pszOperation, int nError, const char* pszDetail = "")
+    template <class Save>
+    void FailSave(int nError, const char* pszDetail = "")
     {
-        Users().Answer(Users().Last(pszOperation), [&](const FakeCall&, Param& param) {
-            param.nErrorCode = nError;
-            param.sErrorDetail = pszDetail;
-        });
+        Users().FailLast<Save>(nError, pszDetail);
         PageDriver::Settle();
     }
 };
@@ -38,7 +36,7 @@ TEST_F(RoleDialog, AddsARoleWithItsRights)
         {{DeviceNodeOrganization, "1002", 0, 0, Change::On, Change::On}}};
     EXPECT_EQ(Added(), expected);
     EXPECT_FALSE(IsUsable("btnOk")) << "it is being saved";
-    FailSave("AddRole", UICommonMdl::ErrorNone);
+    FailSave<wire::AddRole>(UICommonMdl::ErrorNone);
     EXPECT_FALSE(Dialog());
     EXPECT_EQ(Notice(), QStringLiteral("The role is saved."));
 }
@@ -75,7 +73,7 @@ TEST_F(RoleDialog, ChecksTheNameThenTheRemark)
             check.sNameHint.isEmpty() ? QStringLiteral("editRemark") : QStringLiteral("editRoleName");
         EXPECT_TRUE(m_pDriver->Find<VxGUI::VxLineEdit>(sFocus)->GetLineEdit()->hasFocus());
     }
-    EXPECT_EQ(Users().Count("AddRole"), 0);
+    EXPECT_EQ(Users().Count<wire::AddRole>(), 0);
 }
 
 TEST_F(RoleDialog, ChangesAreAddedToWhatTheRoleHas)
@@ -87,7 +85,7 @@ TEST_F(RoleDialog, ChangesAreAddedToWhatTheRoleHas)
     Expand("North");
     ClickBox("treeDevice", "Gate");
     Click("btnOk");
-    Role_t role = m_host.user.vecRoles[1];
+    Role_t role = m_host.site.vecRoles[1];
     role.vecMenuRights = {"001001"};
     EXPECT_EQ(Saved(), (RoleEdit_t{role, "", {{DeviceNodeDevice, "1", 0, 0, Change::Off, Change::Keep}}}));
 }
@@ -100,25 +98,22 @@ TEST_F(RoleDialog, CopiesTheRightsOfAnotherRole)
         << "not of itself";
     ShowTab(2);
     ClickBox("treeDevice", "South");
-    Users().Hold("QueryRoleInfo");
+    Users().Hold<wire::QueryRoleInfo>();
     m_pDriver->Choose(QStringLiteral("cmbCopyFrom"), QStringLiteral("Guard"));
     EXPECT_FALSE(IsUsable("btnOk"));
     // Chosen on the way: its rights come late and are nobody's.
-    const std::vector<FakeCall> vecCalls = Users().Calls("QueryRoleInfo");
-    ASSERT_EQ(std::any_cast<std::string>(vecCalls.back().argument), "2");
-    for (const FakeCall& call : {vecCalls.back(), vecCalls[vecCalls.size() - 2]})
-        Users().Answer(call, [this](const FakeCall& asked, Param& param) {
-            param.vecRoles = {
-                m_host.user.vecRoles[std::any_cast<std::string>(asked.argument) == "2" ? 1 : 0]};
-        });
+    const std::vector<FakeCall> vecCalls = Users().Calls<wire::QueryRoleInfo>();
+    ASSERT_EQ(vecCalls.back().Request<wire::QueryRoleInfo>().sRoleId, "2");
+    Users().Answer<wire::QueryRoleInfo>(vecCalls.back(), m_host.site.vecRoles[1]);
+    Users().Answer<wire::QueryRoleInfo>(vecCalls[vecCalls.size() - 2], m_host.site.vecRoles[0]);
     PageDriver::Settle();
-    EXPECT_EQ(Users().LastArgument<DeviceRightQuery_t>("QueryDeviceRights").vecRoleIds, (Names{"2"}));
+    EXPECT_EQ(Users().LastRequest<wire::QueryDeviceRights>().vecRoleIds, (Names{"2"}));
     EXPECT_EQ(CheckOf("treeDevice", "North"), Qt::PartiallyChecked);
     ClickBox("treeDevice", "South");
     Click("btnOk");
-    Role_t role = m_host.user.vecRoles[2];
-    role.vecMenuRights = m_host.user.vecRoles[1].vecMenuRights;
-    role.vecFuncRights = m_host.user.vecRoles[1].vecFuncRights;
+    Role_t role = m_host.site.vecRoles[2];
+    role.vecMenuRights = m_host.site.vecRoles[1].vecMenuRights;
+    role.vecFuncRights = m_host.site.vecRoles[1].vecFuncRights;
     EXPECT_EQ(
         Saved(), (RoleEdit_t{role, "2", {{DeviceNodeOrganization, "1002", 0, 0, Change::On, Change::Keep}}}));
 }
@@ -127,7 +122,7 @@ TEST_F(RoleDialog, ACopyThatFailsLeavesTheRights)
 {
     OpenDialog("3");
     ClickBox("treeMenu", "Event");
-    Users().FailAlways("QueryRoleInfo", UICommonMdl::ErrorTimeOut);
+    Users().FailAlways<wire::QueryRoleInfo>(UICommonMdl::ErrorTimeOut);
     m_pDriver->Choose(QStringLiteral("cmbCopyFrom"), QStringLiteral("Administrator"));
     PageDriver::Settle();
     EXPECT_TRUE(DialogNotice().startsWith(QStringLiteral("Failed to get role info.")));
@@ -155,7 +150,7 @@ TEST_F(RoleDialog, CancelAsksWhenSomethingIsChangedAndKeepsTheInput)
     QTest::keyClick(Dialog(), Qt::Key_Escape);
     PageDriver::Settle();
     EXPECT_FALSE(Dialog());
-    EXPECT_EQ(Users().Count("ModifyRole"), 0);
+    EXPECT_EQ(Users().Count<wire::ModifyRole>(), 0);
 }
 
 TEST_F(RoleDialog, RefusalsKeepTheInput)
@@ -163,15 +158,15 @@ TEST_F(RoleDialog, RefusalsKeepTheInput)
     OpenDialog("2");
     Type("editRoleName", QStringLiteral("Other"));
     Click("btnOk");
-    FailSave("ModifyRole", UICommonMdl::ErrorNameExists);
+    FailSave<wire::ModifyRole>(UICommonMdl::ErrorNameExists);
     EXPECT_EQ(Hint("editRoleName"), QStringLiteral("The role name already exists."));
     EXPECT_TRUE(
         m_pDriver->Find<VxGUI::VxLineEdit>(QStringLiteral("editRoleName"))->GetLineEdit()->hasFocus());
     Click("btnOk");
-    FailSave("ModifyRole", UICommonMdl::ErrorRightNotOwn, "001001");
+    FailSave<wire::ModifyRole>(UICommonMdl::ErrorRightNotOwn, "001001");
     EXPECT_TRUE(DialogNotice().startsWith(QStringLiteral("Failed to modify role: ")));
     EXPECT_TRUE(DialogNotice().endsWith(QStringLiteral("(Device)")));
-    Users().Refuse("ModifyRole");
+    Users().Refuse<wire::ModifyRole>();
     Click("btnOk");
     EXPECT_EQ(DialogNotice(),
         QStringLiteral("Failed to modify role: The request could not be sent to the server."));
@@ -186,14 +181,14 @@ TEST_F(RoleDialog, AChangeBySomebodyElseIsOfferedToBeLoaded)
     Type("editRemark", QStringLiteral("mine"));
     Click("btnOk");
     m_dialogs.AnswerNext(false);
-    FailSave("ModifyRole", UICommonMdl::ErrorVersionConflict);
+    FailSave<wire::ModifyRole>(UICommonMdl::ErrorVersionConflict);
     EXPECT_EQ(
         m_pDriver->Find<VxGUI::VxLineEdit>(QStringLiteral("editRemark"))->text(), QStringLiteral("mine"));
-    m_host.user.vecRoles[1].sRemark = "theirs";
-    m_host.user.vecRoles[1].nVersion = 9;
+    m_host.site.vecRoles[1].sRemark = "theirs";
+    m_host.site.vecRoles[1].nVersion = 9;
     Click("btnOk");
     m_dialogs.AnswerNext(true);
-    FailSave("ModifyRole", UICommonMdl::ErrorVersionConflict);
+    FailSave<wire::ModifyRole>(UICommonMdl::ErrorVersionConflict);
     EXPECT_EQ(
         m_pDriver->Find<VxGUI::VxLineEdit>(QStringLiteral("editRemark"))->text(), QStringLiteral("theirs"));
     Click("btnOk");
@@ -204,10 +199,10 @@ TEST_F(RoleDialog, ARoleThatIsGoneClosesIt)
 {
     OpenDialog("2");
     Click("btnOk");
-    FailSave("ModifyRole", UICommonMdl::ErrorNotFound);
+    FailSave<wire::ModifyRole>(UICommonMdl::ErrorNotFound);
     EXPECT_FALSE(Dialog());
     EXPECT_EQ(Notice(), QStringLiteral("The role does not exist any more."));
-    m_host.user.vecRoles.pop_back();
+    m_host.site.vecRoles.pop_back();
     DoubleClick("3");
     EXPECT_FALSE(Dialog()) << "gone before it was opened";
 }
@@ -235,7 +230,7 @@ TEST_F(RoleDialog, ALostConnectionKeepsTheInput)
     OpenDialog("2");
     Type("editRemark", QStringLiteral("kept"));
     ShowTab(2);
-    Users().FailAlways("QueryDeviceRights", UICommonMdl::ErrorDisconnected);
+    Users().FailAlways<wire::QueryDeviceRights>(UICommonMdl::ErrorDisconnected);
     Connect(false);
     EXPECT_FALSE(IsUsable("btnOk"));
     Tree("treeDevice")->setFocus();
@@ -243,7 +238,7 @@ TEST_F(RoleDialog, ALostConnectionKeepsTheInput)
     EXPECT_TRUE(DialogNotice().startsWith(QStringLiteral(
         "Failed to get organizations or devices. Please double-click organization node again.")));
     EXPECT_FALSE(Tree("treeDevice")->isExpanded(Node("treeDevice", "North")));
-    m_host.user.ServePlatform();
+    m_host.site.ServeUsers();
     Connect(true);
     EXPECT_TRUE(IsUsable("btnOk"));
     const QPoint place = Tree("treeDevice")->visualRect(Node("treeDevice", "North")).center();
@@ -268,7 +263,7 @@ TEST_F(RoleDialog, ASearchUnfoldsItsMatchesAndEndsAsItWas)
 
     ShowTab(2);
     Expand("North");
-    const int nQueries = Users().Count("QueryDeviceRights");
+    const int nQueries = Users().Count<wire::QueryDeviceRights>();
     Type("editSearchDevice", QStringLiteral("gate"));
     EXPECT_FALSE(Tree("treeDevice")
                      ->model()
@@ -280,7 +275,7 @@ TEST_F(RoleDialog, ASearchUnfoldsItsMatchesAndEndsAsItWas)
     EXPECT_EQ(State("wgtStateDevice"), QStringLiteral("Nothing matches the search."));
     Type("editSearchDevice", QString());
     EXPECT_TRUE(Tree("treeDevice")->isExpanded(Node("treeDevice", "North")));
-    EXPECT_EQ(Users().Count("QueryDeviceRights"), nQueries) << "a search asks for nothing";
+    EXPECT_EQ(Users().Count<wire::QueryDeviceRights>(), nQueries) << "a search asks for nothing";
     Click("btnOk");
     EXPECT_EQ(Saved().role.vecMenuRights, (Names{"001", "001001", "001002", "001002003", "002001"}));
     EXPECT_EQ(Saved().vecChanges.size(), 1u);
@@ -315,7 +310,7 @@ TEST_F(RoleDialog, AnAnswerAfterItIsGoneHarmsNobody)
     OpenDialog("2");
     Type("editRemark", QStringLiteral("x"));
     Click("btnOk");
-    const FakeCall save = Users().Last("ModifyRole");
+    const FakeCall save = Users().Last<wire::ModifyRole>();
     m_dialogs.AnswerNext(true);
     Click("btnCancel");
     ASSERT_FALSE(Dialog());

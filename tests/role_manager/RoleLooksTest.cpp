@@ -51,11 +51,11 @@ TEST_P(RoleLooks, DetailsAndStates)
     ExpectReadable(Dialog(), "details-menu");
     ShowTab(2);
     ExpectReadable(Dialog(), "details-device");
-    Users().FailAlways("QueryRoleInfo", UICommonMdl::ErrorTimeOut);
+    Users().FailAlways<wire::QueryRoleInfo>(UICommonMdl::ErrorTimeOut);
     Dialog()->BeginDetails(QStringLiteral("2"), true);
     ExpectReadable(Dialog(), "details-failed");
-    Users().FailAlways("QueryRoleList", UICommonMdl::ErrorNoRight);
-    m_host.user.setMissing = {"001002002"};
+    Users().FailAlways<wire::QueryRoleList>(UICommonMdl::ErrorNoRight);
+    m_host.SetMissingRights({"001002002"});
     OpenPage();
     ExpectReadable(m_pPage.get(), "page-no-right");
 }

@@ -29,14 +29,13 @@ using namespace PlatformConfigUI;
 using namespace UserLogical;
 using Change = DeviceRightChange_t;
 
-/// The role page over fakes that serve a small platform.
+/// The role page of a host that serves a small platform.
 class Fixture : public testing::Test
 {
 protected:
-    using Param = FakeUserManager::Param;
-    using Names = FakeUserManager::Names;
+    using Names = std::vector<std::string>;
 
-    void SetUp() override { m_host.user.ServePlatform(); }
+    void SetUp() override { m_host.site.ServeUsers(); }
     void TearDown() override { Close(); }
     void Close()
     {
@@ -80,7 +79,7 @@ protected:
     {
         return m_pDriver->Find<VxGUI::VxEmptyState>(QLatin1String(pszName))->GetTitle();
     }
-    FakeManager<FakeUserManager::Observer, Param>& Users() { return m_host.user.users; }
+    FakeServer& Users() { return m_host.server; }
 
     // The list.
     QTreeView* List() { return m_pDriver->Find<QTreeView>(QStringLiteral("treeRole")); }
@@ -126,17 +125,12 @@ protected:
     }
     void PushRoles()
     {
-        Param param;
-        param.nResultCode = FakeUserManager::Observer::ResultRolesChanged;
-        Users().Send(param);
+        m_host.server.Push(wire::event::RolesChanged);
         PageDriver::Settle();
     }
     void Connect(bool bConnected)
     {
-        FakeUserManager::LoginObserver::Param param;
-        param.nResultCode = bConnected ? FakeUserManager::LoginObserver::ResultReconnected
-                                       : FakeUserManager::LoginObserver::ResultDisconnected;
-        m_host.user.login.Send(param);
+        m_host.PushConnected(bConnected);
         PageDriver::Settle();
     }
 
@@ -183,8 +177,8 @@ protected:
         m_pDriver->ClickAt(Tree("treeDevice"), {cell.left() + 20, cell.center().y()});
         PageDriver::Settle();
     }
-    RoleEdit_t Saved() { return Users().LastArgument<RoleEdit_t>("ModifyRole"); }
-    RoleEdit_t Added() { return Users().LastArgument<RoleEdit_t>("AddRole"); }
+    RoleEdit_t Saved() { return Users().LastRequest<wire::ModifyRole>(); }
+    RoleEdit_t Added() { return Users().LastRequest<wire::AddRole>(); }
 
     FakeHost m_host;
     RecordingDialogService m_dialogs;

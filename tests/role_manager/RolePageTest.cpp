@@ -21,25 +21,23 @@ TEST_F(RolePage, DeletesWhatIsCheckedAfterAsking)
     m_dialogs.AnswerNext(false);
     Click("btnDelete");
     EXPECT_EQ(m_dialogs.Shown(), QStringList{QStringLiteral("Prompt: Are you sure to delete role?")});
-    EXPECT_EQ(Users().Count("DeleteRoles"), 0);
+    EXPECT_EQ(Users().Count<wire::DeleteRoles>(), 0);
     m_dialogs.AnswerNext(true);
     Click("btnDelete");
-    EXPECT_EQ(Users().LastArgument<Names>("DeleteRoles"), (Names{"2", "3"}));
+    EXPECT_EQ(Users().LastRequest<wire::DeleteRoles>().vecRoleIds, (Names{"2", "3"}));
 
     // A role that users hold stays; the list is asked for anew in any case.
-    const int nQueries = Users().Count("QueryRoleList");
-    Users().Answer(Users().Last("DeleteRoles"), [](const FakeCall&, Param& param) {
-        param.vecFailed = {{"Guard", UICommonMdl::ErrorReferenced}};
-    });
+    const int nQueries = Users().Count<wire::QueryRoleList>();
+    Users().AnswerLast<wire::DeleteRoles>({{{"Guard", UICommonMdl::ErrorReferenced}}});
     PageDriver::Settle();
     EXPECT_TRUE(m_dialogs.LastText().startsWith(QStringLiteral("Failed to delete role")));
     EXPECT_TRUE(m_dialogs.LastText().contains(QStringLiteral("Guard: ")));
-    EXPECT_EQ(Users().Count("QueryRoleList"), nQueries + 1);
+    EXPECT_EQ(Users().Count<wire::QueryRoleList>(), nQueries + 1);
 
     m_dialogs.AnswerNext(true);
     ClickRowButton("3", 1);
-    EXPECT_EQ(Users().LastArgument<Names>("DeleteRoles"), (Names{"3"}));
-    Users().Fail(Users().Last("DeleteRoles"), UICommonMdl::ErrorTimeOut);
+    EXPECT_EQ(Users().LastRequest<wire::DeleteRoles>().vecRoleIds, (Names{"3"}));
+    Users().FailLast<wire::DeleteRoles>(UICommonMdl::ErrorTimeOut);
     PageDriver::Settle();
     EXPECT_TRUE(Notice().startsWith(QStringLiteral("Failed to delete role: ")));
 }
@@ -52,7 +50,7 @@ TEST_F(RolePage, TheBuiltInRoleCanOnlyBeLookedAt)
     Check("1");
     EXPECT_FALSE(RowOf("1", RoleColumnCheck).data(Qt::CheckStateRole).isValid());
     Click("btnDelete");
-    EXPECT_EQ(Users().Count("DeleteRoles"), 0);
+    EXPECT_EQ(Users().Count<wire::DeleteRoles>(), 0);
     ClickRowButton("1", 2);
     ASSERT_TRUE(Dialog());
     EXPECT_EQ(Dialog()->windowTitle(), QStringLiteral("Role Details"));
@@ -61,7 +59,7 @@ TEST_F(RolePage, TheBuiltInRoleCanOnlyBeLookedAt)
 
 TEST_F(RolePage, WithoutTheRightNothingCanBeChanged)
 {
-    m_host.user.setMissing = {"001002002"};
+    m_host.SetMissingRights({"001002002"});
     Open();
     for (const char* pszName : {"btnAdd", "btnDelete"}) {
         EXPECT_FALSE(IsUsable(pszName));
@@ -73,10 +71,7 @@ TEST_F(RolePage, WithoutTheRightNothingCanBeChanged)
     EXPECT_EQ(Dialog()->windowTitle(), QStringLiteral("Role Details"));
     EXPECT_FALSE(m_pDriver->IsShown(QStringLiteral("btnEdit")));
     // The right comes while the page is open.
-    m_host.user.setMissing.clear();
-    FakeUserManager::LoginObserver::Param param;
-    param.nResultCode = FakeUserManager::LoginObserver::ResultRightsChanged;
-    m_host.user.login.Send(param);
+    m_host.SetMissingRights({});
     PageDriver::Settle();
     EXPECT_TRUE(IsUsable("btnAdd"));
     EXPECT_FALSE(RowButton("2", 0).isNull());
@@ -91,8 +86,8 @@ TEST_F(RolePage, WhatTheSearchHidesStaysCheckedAndIsNamed)
     m_dialogs.AnswerNext(true);
     Click("btnDelete");
     EXPECT_TRUE(m_dialogs.LastDetails().contains(QStringLiteral("Guard")));
-    EXPECT_EQ(Users().LastArgument<Names>("DeleteRoles"), Names{"2"});
-    Users().Fail(Users().Last("DeleteRoles"), UICommonMdl::ErrorNone);
+    EXPECT_EQ(Users().LastRequest<wire::DeleteRoles>().vecRoleIds, Names{"2"});
+    Users().AnswerLast<wire::DeleteRoles>();
     PageDriver::Settle();
     EXPECT_FALSE(m_pDriver->IsShown(QStringLiteral("lbChecked"))) << "what is gone is forgotten";
     Type("editSearch", QStringLiteral("nobody"));
@@ -105,12 +100,12 @@ TEST_F(RolePage, ManyPushesAreOneQueryAndChecksStay)
 {
     Open();
     Check("3");
-    const int nQueries = Users().Count("QueryRoleList");
-    m_host.user.vecRoles.push_back({"4", "Visitor", "", false, {}, {}, 1});
+    const int nQueries = Users().Count<wire::QueryRoleList>();
+    m_host.site.vecRoles.push_back({"4", "Visitor", "", false, {}, {}, 1});
     for (int n = 0; n < 5; ++n)
         PushRoles();
     PageDriver::WaitFor([&] { return List()->model()->rowCount() == 4; });
-    EXPECT_EQ(Users().Count("QueryRoleList"), nQueries + 1);
+    EXPECT_EQ(Users().Count<wire::QueryRoleList>(), nQueries + 1);
     EXPECT_EQ(RowOf("3", RoleColumnCheck).data(Qt::CheckStateRole).toInt(), Qt::Checked);
 }
 
@@ -123,11 +118,11 @@ TEST_F(RolePage, TellsWhyThereIsNoList)
     } cases[] = {{UICommonMdl::ErrorNoRight, QStringLiteral("You have no permission to see roles.")},
         {UICommonMdl::ErrorTimeOut, QStringLiteral("Failed to get role list")}};
     for (const auto& failure : cases) {
-        Users().FailAlways("QueryRoleList", failure.nError);
+        Users().FailAlways<wire::QueryRoleList>(failure.nError);
         Open();
         EXPECT_EQ(State("wgtListState"), failure.sTitle);
     }
-    m_host.user.ServePlatform();
+    m_host.site.ServeUsers();
     Click("btnStateAction");
     EXPECT_TRUE(m_pDriver->IsShown(QStringLiteral("treeRole")));
 }
@@ -140,15 +135,15 @@ TEST_F(RolePage, ALostConnectionKeepsTheListAndComesBack)
     for (const char* pszName : {"btnAdd", "btnDelete", "btnRefresh", "treeRole"})
         EXPECT_FALSE(IsUsable(pszName)) << pszName;
     EXPECT_TRUE(m_pDriver->IsShown(QStringLiteral("lbConnection")));
-    const int nQueries = Users().Count("QueryRoleList");
+    const int nQueries = Users().Count<wire::QueryRoleList>();
     PushRoles();
     Connect(true);
-    EXPECT_EQ(Users().Count("QueryRoleList"), nQueries + 1);
+    EXPECT_EQ(Users().Count<wire::QueryRoleList>(), nQueries + 1);
     EXPECT_EQ(RowOf("2", RoleColumnCheck).data(Qt::CheckStateRole).toInt(), Qt::Checked);
     m_pPage->UninitUI();
     PushRoles();
     Connect(false);
-    EXPECT_EQ(Users().ObserverCount(), 0u);
+    EXPECT_EQ(m_host.CountObservers(), 0);
     EXPECT_TRUE(IsUsable("btnAdd")) << "the page is left alone";
 }
 
@@ -160,7 +155,7 @@ TEST_F(RolePage, KeysReachEveryOperationOfTheList)
     EXPECT_EQ(RowOf("2", RoleColumnCheck).data(Qt::CheckStateRole).toInt(), Qt::Checked);
     m_dialogs.AnswerNext(true);
     ListKey(Qt::Key_Delete);
-    EXPECT_EQ(Users().LastArgument<Names>("DeleteRoles"), (Names{"2"}));
+    EXPECT_EQ(Users().LastRequest<wire::DeleteRoles>().vecRoleIds, (Names{"2"}));
     const std::pair<Qt::Key, const char*> keys[] = {
         {Qt::Key_F2, "Modify Role"}, {Qt::Key_Return, "Role Details"}};
     for (const auto& [key, pszTitle] : keys) {

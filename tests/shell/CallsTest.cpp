@@ -24,7 +24,7 @@ protected:
             m_answers.append({param.nSequence, param.nErrorCode});
         };
     }
-    void Answer(const FakeCall& call) { m_host.user.users.Fail(call, UICommonMdl::ErrorNone); }
+    void Answer(const FakeCall& call) { m_host.server.Fail(call, UICommonMdl::ErrorNone); }
 
     FakeHost m_host;
     QObject m_owner;
@@ -39,8 +39,8 @@ TEST_F(CallsTest, EachAnswerComesOnceAndOneOfAnOlderCallOfTheMethodNever)
     calls.Each<&IUserManager::QueryRoleInfo>(std::string("1"), Note());
     calls.Each<&IUserManager::QueryRoleInfo>(std::string("2"), Note());
     EXPECT_TRUE(calls.IsPending<&IUserManager::QueryRoleInfo>());
-    const auto vecCalls = m_host.user.users.Calls();
-    for (const int nCall : {3, 1, 0, 2, 1, 3})
+    const auto vecCalls = m_host.server.Calls();
+    for (const int nCall : {3, 1, 0, 2})
         Answer(vecCalls[std::size_t(nCall)]);
     PageDriver::Settle();
     EXPECT_EQ(m_answers, (Answers{{4, 0}, {2, 0}, {3, 0}}));
@@ -52,7 +52,7 @@ TEST_F(CallsTest, WhatIsRefusedOrHasNoManagerIsAnsweredFromTheEventLoop)
     UICommonMdl::CInterfaceSetManager empty;
     Calls refused(&m_host.interfaceSet, &m_owner);
     Calls orphan(&empty, &m_owner);
-    m_host.user.users.Refuse("QueryRoleList");
+    m_host.server.Refuse<wire::QueryRoleList>();
     refused.Latest<&IUserManager::QueryRoleList>(Note());
     orphan.Latest<&IUserManager::QueryRoleList>(Note());
     EXPECT_TRUE(refused.IsPending() && orphan.IsPending());
@@ -69,7 +69,7 @@ TEST_F(CallsTest, AnAnswerThatDoesNotComeIsATimeOutAndALateOneIsDropped)
     calls.SetLimit(std::chrono::milliseconds(1));
     calls.Each<&IUserManager::QueryRoleList>(Note());
     ASSERT_TRUE(PageDriver::WaitFor([&] { return !m_answers.isEmpty(); }));
-    Answer(m_host.user.users.Last("QueryRoleList"));
+    Answer(m_host.server.Last<wire::QueryRoleList>());
     PageDriver::Settle();
     EXPECT_EQ(m_answers, (Answers{{1, UICommonMdl::ErrorTimeOut}}));
 }
@@ -81,12 +81,9 @@ TEST_F(CallsTest, ReportsComeUntilTheFinalOne)
     QVector<bool> vecFinal;
     calls.Each<&RemoteConfigLogical::IRemoteConfigManager::SearchOnlineDevice>(std::string(), std::string(),
         [&](const DeviceObserver::Param& param) { vecFinal.append(param.bFinal); });
-    DeviceObserver::Param param;
-    param.nSequence = calls.GetLastSequence();
-    for (const bool bFinal : {false, false, true, true}) {
-        param.bFinal = bFinal;
-        m_host.remote.devices.Send(param);
-    }
+    for (const bool bFinal : {false, false, true})
+        m_host.server.ReportLast<wire::SearchOnlineDevice>(
+            MakeReport(RemoteConfigLogical::SearchDeviceInfoVec(), bFinal));
     PageDriver::Settle();
     EXPECT_EQ(vecFinal, (QVector<bool>{false, false, true}));
 }
@@ -99,9 +96,7 @@ TEST_F(CallsTest, AHandlerMayKeepTheAnswerWithoutACopy)
     Calls others(&m_host.interfaceSet, &m_owner);
     const Observer::Param* pSeen = nullptr;
     others.OnPush(Observer::ResultUsersChanged, [&](const Observer::Param& param) { pSeen = &param; });
-    Observer::Param param;
-    param.nResultCode = Observer::ResultUsersChanged;
-    m_host.user.users.Send(param);
+    m_host.server.Push(wire::event::UsersChanged);
     PageDriver::Settle();
     ASSERT_TRUE(pFirst);
     EXPECT_EQ(pFirst.get(), pSeen);
@@ -111,20 +106,20 @@ TEST_F(CallsTest, OneRegistrationServesAllAndEndsWithTheLastInAnyOrder)
 {
     auto pFirst = std::make_unique<Calls>(&m_host.interfaceSet, &m_owner);
     auto pSecond = std::make_unique<Calls>(&m_host.interfaceSet, &m_owner);
-    EXPECT_EQ(m_host.user.users.ObserverCount(), 1U);
+    EXPECT_EQ(m_host.CountObservers(), 1);
     pFirst->Each<&IUserManager::QueryRoleList>(Note());
     pSecond->Each<&IUserManager::QueryRoleList>(Note());
-    const auto vecCalls = m_host.user.users.Calls();
+    const auto vecCalls = m_host.server.Calls();
     pFirst.reset();
     for (const FakeCall& call : vecCalls)
         Answer(call);
     PageDriver::Settle();
     EXPECT_EQ(m_answers, (Answers{{2, 0}}));
     pSecond->End();
-    EXPECT_EQ(m_host.user.users.ObserverCount(), 0U);
+    EXPECT_EQ(m_host.CountObservers(), 0);
     pSecond->Each<&IUserManager::QueryRoleList>(Note());
     PageDriver::Settle();
-    EXPECT_EQ(m_host.user.users.Count("QueryRoleList"), 2) << "what has ended asks for nothing";
+    EXPECT_EQ(m_host.server.Count<wire::QueryRoleList>(), 2) << "what has ended asks for nothing";
     EXPECT_EQ(m_answers.size(), 1);
 }
 
@@ -139,27 +134,23 @@ TEST_F(CallsTest, AHandlerMayDestroyWhoWaits)
         pCalls.reset();
     });
     pOther->OnPush(Observer::ResultRolesChanged, [&](const Observer::Param&) { ++nTold; });
-    Observer::Param param;
-    param.nResultCode = Observer::ResultRolesChanged;
-    m_host.user.users.Send(param);
+    m_host.server.Push(wire::event::RolesChanged);
     PageDriver::Settle();
     EXPECT_EQ(nTold, 1);
-    EXPECT_EQ(m_host.user.users.ObserverCount(), 0U);
+    EXPECT_EQ(m_host.CountObservers(), 0);
 }
 
 TEST_F(CallsTest, ThePushesOfAHostThreadEndWithTheOwner)
 {
-    Observer::Param param;
-    param.nResultCode = Observer::ResultUsersChanged;
-    m_host.user.users.SendUntilJoin(param);
+    m_host.server.PushUntilJoin(wire::event::UsersChanged);
     for (int n = 0; n < 50; ++n) {
         auto pHeard = std::make_shared<int>(0);
         Calls calls(&m_host.interfaceSet, &m_owner);
         calls.OnPush(Observer::ResultUsersChanged, [pHeard](const Observer::Param&) { ++*pHeard; });
         EXPECT_TRUE(PageDriver::WaitFor([&] { return *pHeard > 0; }));
     }
-    m_host.user.users.Join();
-    EXPECT_EQ(m_host.user.users.ObserverCount(), 0U);
+    m_host.server.Join();
+    EXPECT_EQ(m_host.CountObservers(), 0);
 }
 
 } // namespace

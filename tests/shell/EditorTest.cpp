@@ -117,7 +117,7 @@ protected:
     bool IsUnknown() const { return m_form.m_editor.GetState() == Common::CEditorBase::State::Unknown; }
     void Connect(bool bConnected)
     {
-        m_host.remote.PushConnected(bConnected);
+        m_host.PushConnected(bConnected);
         PageDriver::Settle();
     }
 

@@ -52,16 +52,15 @@ class PageContract : public testing::TestWithParam<PageCase>
 protected:
     void SetUp() override
     {
-        m_nRest = CountObservers();
-        m_host.group.ServeSite();
-        m_host.access.ServeSite();
-        m_host.user.ServePlatform();
+        m_host.site.ServeDevices();
+        m_host.site.ServePersons();
+        m_host.site.ServeUsers();
         m_pPage = GetParam().make(&m_host.interfaceSet);
     }
     void TearDown() override
     {
         m_pPage.reset();
-        EXPECT_EQ(CountObservers(), m_nRest) << "a page that is gone leaves no registration";
+        EXPECT_EQ(m_host.CountObservers(), 0) << "a page that is gone leaves no registration";
     }
 
     void Show()
@@ -70,63 +69,23 @@ protected:
         m_pPage->show();
         PageDriver::Settle();
     }
-    std::size_t CountObservers()
-    {
-        return m_host.group.ObserverCount() + m_host.access.departments.ObserverCount()
-            + m_host.access.persons.ObserverCount() + m_host.access.records.ObserverCount()
-            + m_host.remote.devices.ObserverCount() + m_host.remote.system.ObserverCount()
-            + m_host.user.users.ObserverCount() + m_host.user.login.ObserverCount();
-    }
-    int CountCalls()
-    {
-        return int(m_host.group.Calls().size() + m_host.access.departments.Calls().size()
-            + m_host.access.persons.Calls().size() + m_host.access.records.Calls().size()
-            + m_host.remote.devices.Calls().size() + m_host.remote.system.Calls().size()
-            + m_host.user.users.Calls().size());
-    }
-    /// Leaves every call that is made from now on without an answer.
-    void HoldAll()
-    {
-        for (const char* const pszQuery : {"QueryOrganizations", "QueryDevicePage", "QueryDeviceTypes"})
-            m_host.group.Hold(pszQuery);
-        m_host.access.departments.Hold("QueryDepartmentTree");
-        m_host.access.persons.Hold("QueryPersonList");
-        for (const char* const pszQuery : {"QueryUserPage", "QueryRoleList", "QueryAuditPage"})
-            m_host.user.users.Hold(pszQuery);
-    }
-    /// Answers every call that was made so far with that error, again.
+    /// What the page asked; the host itself asks for the session anew.
+    int CountCalls() { return int(m_host.server.Calls().size()) - m_host.server.Count<wire::GetSession>(); }
+    /// Answers every call that is open with that error.
     void AnswerAll(int nErrorCode)
     {
-        const auto answer = [nErrorCode](auto& manager) {
-            const auto vecCalls = manager.Calls();
-            for (const FakeCall& call : vecCalls)
-                manager.Fail(call, nErrorCode);
-        };
-        answer(m_host.group);
-        answer(m_host.access.departments);
-        answer(m_host.access.persons);
-        answer(m_host.user.users);
+        for (const FakeCall& call : m_host.server.OpenCalls())
+            m_host.server.Fail(call, nErrorCode);
         PageDriver::Settle();
     }
     void PushAll()
     {
-        const auto push = [](auto& manager, auto param, int nResultCode) {
-            param.nResultCode = nResultCode;
-            manager.Send(param);
-        };
-        using namespace AccessControlLogical;
-        using GroupLogical::IGroupManagerObserver;
-        using UserLogical::IUserManagerObserve;
-        push(m_host.group, IGroupManagerObserver::Param(), IGroupManagerObserver::ResultDevicesChanged);
-        push(m_host.group, IGroupManagerObserver::Param(), IGroupManagerObserver::ResultOrganizationsChanged);
-        push(m_host.access.departments, IDepartmentManagerObserver::Param(),
-            IDepartmentManagerObserver::ResultDepartmentsChanged);
-        push(m_host.access.persons, IPersonManagerObserver::Param(),
-            IPersonManagerObserver::ResultPersonsChanged);
-        push(m_host.user.users, IUserManagerObserve::Param(), IUserManagerObserve::ResultUsersChanged);
-        push(m_host.user.users, IUserManagerObserve::Param(), IUserManagerObserve::ResultRolesChanged);
-        push(m_host.user.login, UserLogical::ILoginManagerObserver::Param(),
-            UserLogical::ILoginManagerObserver::ResultRightsChanged);
+        using namespace wire::event;
+        for (const char* const pszEvent : {DevicesChanged, OrganizationsChanged, DepartmentsChanged,
+                 PersonsChanged, UsersChanged, RolesChanged})
+            m_host.server.Push(pszEvent);
+        m_host.session.vecRights.push_back("right of another page");
+        m_host.ApplySession();
     }
     void OpenSomething()
     {
@@ -140,7 +99,6 @@ protected:
 
     FakeHost m_host;
     RecordingDialogService m_dialogs;
-    std::size_t m_nRest = 0; ///< registrations of others
     std::unique_ptr<Common::CPage> m_pPage;
 };
 
@@ -148,16 +106,16 @@ TEST_P(PageContract, TheEndLeavesNothingBehindAndAsksForNothing)
 {
     Show();
     OpenSomething();
-    HoldAll();
+    m_host.server.HoldAll();
     PushAll();
     m_pPage->UninitUI();
-    EXPECT_EQ(CountObservers(), m_nRest);
+    EXPECT_EQ(m_host.CountObservers(), 0);
     for (const QDialog* const pDialog : m_pPage->findChildren<QDialog*>())
         EXPECT_FALSE(pDialog->isVisible()) << pDialog->metaObject()->className();
     const int nCalls = CountCalls();
     PushAll();
-    m_host.remote.PushConnected(false);
-    m_host.remote.PushConnected(true);
+    m_host.PushConnected(false);
+    m_host.PushConnected(true);
     AnswerAll(UICommonMdl::ErrorNone);
     m_pPage->hide();
     m_pPage->show();
@@ -172,19 +130,21 @@ TEST_P(PageContract, TheEndLeavesNothingBehindAndAsksForNothing)
 
 TEST_P(PageContract, LateAnswersOfAPageThatIsGoneAreDropped)
 {
-    HoldAll();
-    Show();
-    PushAll();
-    OpenSomething();
-    m_pPage.reset();
-    AnswerAll(UICommonMdl::ErrorNone);
-    AnswerAll(UICommonMdl::ErrorTimeOut);
+    m_host.server.HoldAll();
+    for (const int nErrorCode : {UICommonMdl::ErrorNone, UICommonMdl::ErrorTimeOut}) {
+        m_pPage = GetParam().make(&m_host.interfaceSet);
+        Show();
+        PushAll();
+        OpenSomething();
+        m_pPage.reset();
+        AnswerAll(nErrorCode);
+    }
 }
 
 TEST_P(PageContract, AHiddenPagePopsUpNothing)
 {
     Show();
-    HoldAll();
+    m_host.server.HoldAll();
     PushAll();
     m_pPage->hide();
     PageDriver::Settle();
@@ -199,14 +159,14 @@ TEST_P(PageContract, ALostConnectionIsToldAndItsReturnAsksAnew)
     const auto* const pNotice = m_pPage->findChild<Common::CConnectionNotice*>();
     ASSERT_TRUE(pNotice);
     EXPECT_TRUE(pNotice->isHidden());
-    m_host.remote.PushConnected(false);
+    m_host.PushConnected(false);
     PageDriver::Settle();
     EXPECT_FALSE(pNotice->isHidden());
     const int nCalls = CountCalls();
     PushAll();
     PageDriver::Settle();
     EXPECT_EQ(CountCalls(), nCalls) << "nobody would answer";
-    m_host.remote.PushConnected(true);
+    m_host.PushConnected(true);
     PageDriver::Settle();
     EXPECT_TRUE(pNotice->isHidden());
     EXPECT_GT(CountCalls(), nCalls);

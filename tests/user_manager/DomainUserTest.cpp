@@ -32,14 +32,11 @@ std::vector<DomainUser_t> Directory(const std::string& sPrefix, int nCount)
 class ImportDomainUsers : public UserPageTest::Fixture
 {
 protected:
-    using Added = std::pair<Names, Names>;
-
     void OpenDialog()
     {
-        Users().AnswerAlways("QueryDomainUsers", [](const FakeCall& call, Param& param) {
-            const auto sText = std::any_cast<std::string>(call.argument);
-            param.vecDomainUsers = Directory(sText.empty() ? "user" : sText, 3);
-            param.bTruncated = sText.empty();
+        Users().AnswerAlways<wire::QueryDomainUsers>([](const auto& request, auto& answer) {
+            const std::string& sText = request.sSearchText;
+            answer = {Directory(sText.empty() ? "user" : sText, 3), sText.empty()};
         });
         Open();
         Click("btnImportDomain");
@@ -95,11 +92,12 @@ TEST_F(ImportDomainUsers, TickedUsersOfSeveralSearchesGetTheRoles)
     Press(m_pDialog, "btnPrevious");
     Press(m_pDialog, "btnNext");
     Press(m_pDialog, "btnNext");
-    EXPECT_EQ(
-        Users().LastArgument<Added>("AddDomainUsers"), Added({"agent2", "agent3", "user2"}, {"1", "2", "3"}));
+    const auto added = Users().LastRequest<wire::AddDomainUsers>();
+    EXPECT_EQ(added.vecUserNames, (Names{"agent2", "agent3", "user2"}));
+    EXPECT_EQ(added.vecRoleIds, (Names{"1", "2", "3"}));
     EXPECT_FALSE(IsUsable(m_pDialog, "btnNext")) << "one at a time";
     const int nQueries = Queries();
-    Answer("AddDomainUsers");
+    Answer<wire::AddDomainUsers>();
     EXPECT_FALSE(m_pDialog);
     EXPECT_EQ(Queries(), nQueries + 1);
 }
@@ -111,10 +109,10 @@ TEST_F(ImportDomainUsers, ThoseThatFailAreToldAndCanBeTriedAgain)
     Press(m_pDialog, "btnNext");
     ChooseAllRoles();
     Press(m_pDialog, "btnNext");
-    Answer("AddDomainUsers", UICommonMdl::ErrorDirectoryUnreachable);
+    Answer<wire::AddDomainUsers>(UICommonMdl::ErrorDirectoryUnreachable);
     EXPECT_TRUE(DialogNotice().startsWith(QStringLiteral("Failed to add domain user. ")));
     Press(m_pDialog, "btnNext");
-    Answer("AddDomainUsers", 0, {{"user3", UICommonMdl::ErrorNameExists}});
+    Answer<wire::AddDomainUsers>({{{"user3", UICommonMdl::ErrorNameExists}}});
     EXPECT_EQ(m_dialogs.Shown().last(),
         QStringLiteral(
             "Failed to add domain user: Failed to add domain user.\nThe list of domain users that are "
@@ -123,10 +121,10 @@ TEST_F(ImportDomainUsers, ThoseThatFailAreToldAndCanBeTriedAgain)
     ASSERT_TRUE(m_pDialog);
     Press(m_pDialog, "btnNext");
     Press(m_pDialog, "btnNext");
-    EXPECT_EQ(Users().LastArgument<Added>("AddDomainUsers").first, Names{"user3"});
-    const FakeCall late = Users().Last("AddDomainUsers");
+    EXPECT_EQ(Users().LastRequest<wire::AddDomainUsers>().vecUserNames, Names{"user3"});
+    const FakeCall late = Users().Last<wire::AddDomainUsers>();
     Press(m_pDialog, "btnCancel");
-    Users().Answer(late, {});
+    Users().Answer<wire::AddDomainUsers>(late);
     PageDriver::Settle();
     EXPECT_FALSE(m_pDialog);
 }
@@ -148,7 +146,7 @@ TEST_F(ImportDomainUsers, TheListSaysWhyItIsEmpty)
         {UICommonMdl::ErrorNone, VxGUI::VxEmptyState::Kind::Empty,
             QStringLiteral("No user of the directory matches the search.")}};
     for (const auto& c : cases) {
-        Users().FailAlways("QueryDomainUsers", c.nErrorCode);
+        Users().FailAlways<wire::QueryDomainUsers>(c.nErrorCode);
         SearchDirectory(QStringLiteral("nobody"));
         auto* const pState = Part<VxGUI::VxEmptyState>(m_pDialog, "wgtDomainState");
         EXPECT_TRUE(pState->isVisible());
@@ -156,12 +154,12 @@ TEST_F(ImportDomainUsers, TheListSaysWhyItIsEmpty)
         EXPECT_EQ(pState->GetTitle(), c.sTitle);
         EXPECT_FALSE(IsUsable(m_pDialog, "btnNext"));
     }
-    Users().Hold("QueryDomainUsers");
+    Users().Hold<wire::QueryDomainUsers>();
     Connect(false);
     EXPECT_TRUE(Part(m_pDialog, "lbConnection")->isVisible());
     Connect(true);
     EXPECT_EQ(StateTitle(m_pDialog, "wgtDomainState"), QStringLiteral("Reading the directory"));
-    Users().Refuse("QueryDomainUsers");
+    Users().Refuse<wire::QueryDomainUsers>();
     SearchDirectory(QString());
     EXPECT_EQ(
         StateTitle(m_pDialog, "wgtDomainState"), QStringLiteral("Failed to get the users of the directory."));
@@ -172,9 +170,7 @@ class SyncDomainUsers : public UserPageTest::Fixture
 protected:
     void OpenDialog(int nInvalid)
     {
-        Users().AnswerAlways("QueryInvalidDomainUsers", [nInvalid](const FakeCall&, Param& param) {
-            param.vecDomainUsers = Directory("gone", nInvalid);
-        });
+        Users().AnswerAlways<wire::QueryInvalidDomainUsers>({Directory("gone", nInvalid), false});
         Open();
         Click("btnSyncDomain");
         m_pDialog = FindDialog<CSyncDominUserDlg>();
@@ -189,13 +185,13 @@ TEST_F(SyncDomainUsers, DeletesWhatIsListed)
     OpenDialog(2);
     EXPECT_TRUE(Part(m_pDialog, "lbSyncText")->isVisible());
     Press(m_pDialog, "btnDelete");
-    EXPECT_EQ(Users().LastArgument<Names>("DeleteInvalidDomainUsers"), (Names{"gone1", "gone2"}));
+    EXPECT_EQ(Users().LastRequest<wire::DeleteInvalidDomainUsers>().vecUserNames, (Names{"gone1", "gone2"}));
     EXPECT_FALSE(IsUsable(m_pDialog, "btnDelete"));
-    Answer("DeleteInvalidDomainUsers", UICommonMdl::ErrorServerBusy);
+    Answer<wire::DeleteInvalidDomainUsers>(UICommonMdl::ErrorServerBusy);
     EXPECT_TRUE(VxGUI::VxNotification::CurrentText(m_pDialog).startsWith(
         QStringLiteral("Failed to delete invalid domain user: ")));
     Press(m_pDialog, "btnDelete");
-    Answer("DeleteInvalidDomainUsers", 0, {{"gone2", UICommonMdl::ErrorLastManager}});
+    Answer<wire::DeleteInvalidDomainUsers>({{{"gone2", UICommonMdl::ErrorLastManager}}});
     EXPECT_TRUE(m_dialogs.LastText().startsWith(QStringLiteral("Failed to delete invalid domain user\n")));
     EXPECT_TRUE(m_dialogs.LastText().contains(QStringLiteral("gone2: ")));
     Connect(false);
@@ -203,7 +199,7 @@ TEST_F(SyncDomainUsers, DeletesWhatIsListed)
     Connect(true);
     const int nQueries = Queries();
     Press(m_pDialog, "btnDelete");
-    Answer("DeleteInvalidDomainUsers");
+    Answer<wire::DeleteInvalidDomainUsers>();
     EXPECT_FALSE(m_pDialog);
     EXPECT_EQ(Queries(), nQueries + 1);
 }

@@ -72,7 +72,7 @@ protected:
         FillPassword("Secret#1", "Secret#1");
         ChooseRole("Guard");
     }
-    int Saves() { return Users().Count("AddUser") + Users().Count("ModifyUser"); }
+    int Saves() { return Users().Count<wire::AddUser>() + Users().Count<wire::ModifyUser>(); }
     void PressOk() { Press(Form(), "btnOk"); }
     bool HasFocus(const char* pszField) { return Field(Form(), pszField)->GetLineEdit()->hasFocus(); }
 };
@@ -127,7 +127,7 @@ TEST_F(UserForm, ChecksStopAtTheFirstFailureInTheirOrder)
     tells("Please enter MAC address.");
     Switch("swBindMac", false);
     PressOk();
-    const auto user = Users().LastArgument<User>("AddUser");
+    const auto user = Users().LastRequest<wire::AddUser>();
     EXPECT_EQ(user.sUserName, "carol");
     EXPECT_EQ(user.sPassword, "Secret#1");
     EXPECT_EQ(user.nPasswordDays, 365);
@@ -182,7 +182,7 @@ TEST_F(UserForm, RefusalsOfTheServerKeepTheInput)
     for (const auto& c : cases) {
         PressOk();
         EXPECT_FALSE(IsUsable(Form(), "btnOk")) << "one at a time";
-        Answer("AddUser", c.nErrorCode);
+        Answer<wire::AddUser>(c.nErrorCode);
         ASSERT_TRUE(Form());
         const QString sError = UICommonMdl::CErrorCode::GetErroCodeInfor(c.nErrorCode);
         if (c.pszField) {
@@ -195,11 +195,11 @@ TEST_F(UserForm, RefusalsOfTheServerKeepTheInput)
     }
     const int nQueries = Queries();
     PressOk();
-    Answer("AddUser");
+    Answer<wire::AddUser>();
     EXPECT_FALSE(Form());
     EXPECT_EQ(Notice(), QStringLiteral("The user is added."));
     EXPECT_EQ(Queries(), nQueries + 1);
-    Users().Refuse("AddUser");
+    Users().Refuse<wire::AddUser>();
     Click("btnAdd");
     FillAll();
     PressOk();
@@ -219,7 +219,7 @@ TEST_F(UserForm, ModifyingSendsTheRecordWithWhatWasChangedOnly)
     user.vecRoleIds = {"3", "2"};
     user.vecMacAddresses = {"00:11:22:33:44:55"};
     user.nVersion = 7;
-    Users().AnswerAlways("QueryUserInfo", [user](const FakeCall&, Param& param) { param.optUser = user; });
+    Users().AnswerAlways<wire::QueryUserInfo>(user);
     OpenModify("alice");
     EXPECT_TRUE(Field(Form(), "edtUserName")->GetLineEdit()->isReadOnly());
     EXPECT_FALSE(IsUsable(Form(), "edtPassword"));
@@ -235,8 +235,8 @@ TEST_F(UserForm, ModifyingSendsTheRecordWithWhatWasChangedOnly)
     user.sRemark = "night shift";
     user.bMultiLogin = true;
     user.sPassword = "Secret#1";
-    EXPECT_EQ(Users().LastArgument<User>("ModifyUser"), user);
-    Answer("ModifyUser");
+    EXPECT_EQ(Users().LastRequest<wire::ModifyUser>(), user);
+    Answer<wire::ModifyUser>();
 
     // A password that is not changed is not sent, and nothing is sent when nothing is changed.
     ClickRowButton("alice", ButtonEdit);
@@ -245,7 +245,7 @@ TEST_F(UserForm, ModifyingSendsTheRecordWithWhatWasChangedOnly)
     Press(Form(), "chkChangePassword");
     PressOk();
     EXPECT_FALSE(Form());
-    EXPECT_EQ(Users().Count("ModifyUser"), 1);
+    EXPECT_EQ(Users().Count<wire::ModifyUser>(), 1);
 }
 
 TEST_F(UserForm, LateAnswersOfAClosedDialogAreNotItsSuccessorsOnes)
@@ -253,7 +253,7 @@ TEST_F(UserForm, LateAnswersOfAClosedDialogAreNotItsSuccessorsOnes)
     OpenAdd();
     FillAll();
     PressOk();
-    const FakeCall late = Users().Last("AddUser");
+    const FakeCall late = Users().Last<wire::AddUser>();
     m_dialogs.AnswerNext(true);
     Press(Form(), "btnCancel");
     Click("btnAdd");
@@ -290,24 +290,22 @@ TEST_F(UserForm, DetailsAreReadAndCanBecomeEditing)
         EXPECT_FALSE(Part(Form(), pszName)->isVisible()) << pszName;
     Fill("edtEmail", QStringLiteral("bob@example.com"));
     PressOk();
-    EXPECT_EQ(Users().LastArgument<User>("ModifyUser").sEmail, "bob@example.com");
+    EXPECT_EQ(Users().LastRequest<wire::ModifyUser>().sEmail, "bob@example.com");
 }
 
 TEST_F(UserForm, LoadingCanFailAndBeTriedAgain)
 {
-    Users().FailAlways("QueryUserInfo", UICommonMdl::ErrorServerBusy);
+    Users().FailAlways<wire::QueryUserInfo>(UICommonMdl::ErrorServerBusy);
     OpenModify("alice");
     EXPECT_EQ(StateTitle(Form(), "wgtLoadState"), QStringLiteral("Failed to get user info."));
     EXPECT_FALSE(IsUsable(Form(), "btnOk"));
-    Users().Hold("QueryUserInfo");
+    Users().Hold<wire::QueryUserInfo>();
     Connect(false);
     Connect(true);
     EXPECT_EQ(StateTitle(Form(), "wgtLoadState"), QStringLiteral("Loading user"));
-    Users().Answer(Users().Last("QueryUserInfo"), [](const FakeCall&, Param& param) {
-        param.optUser = User();
-        param.optUser->sUserName = "alice";
-    });
-    PageDriver::Settle();
+    User alice;
+    alice.sUserName = "alice";
+    Answer<wire::QueryUserInfo>(alice);
     EXPECT_TRUE(IsUsable(Form(), "btnOk"));
 }
 
@@ -316,5 +314,5 @@ TEST_F(UserForm, EnterInAFieldSaves)
     OpenAdd();
     FillAll();
     QTest::keyClick(Field(Form(), "edtRemark")->GetLineEdit(), Qt::Key_Return);
-    EXPECT_EQ(Users().Count("AddUser"), 1);
+    EXPECT_EQ(Users().Count<wire::AddUser>(), 1);
 }

@@ -69,8 +69,8 @@ TEST_P(UserLook, PageAndItsStates)
     Connect(false);
     ExpectReadable(m_pPage.get(), "page-disconnected");
     Connect(true);
-    Users().FailAlways("QueryUserPage", UICommonMdl::ErrorNoRight);
-    m_host.user.setMissing = {"001002001"};
+    Users().FailAlways<wire::QueryUserPage>(UICommonMdl::ErrorNoRight);
+    m_host.SetMissingRights({"001002001"});
     Close();
     OpenPage();
     ExpectReadable(m_pPage.get(), "page-no-right");
@@ -118,14 +118,13 @@ TEST_P(UserFormLook, ShowsItsTextsWhole)
 
 TEST_P(UserLook, DirectoryWindows)
 {
-    const auto serve = [](const FakeCall&, Param& param) {
-        for (const char* pszName : {"jane.doe", "john.smith", "mary.major"})
-            param.vecDomainUsers.push_back(
-                {pszName, std::string("uid=") + pszName + ",ou=people,dc=example,dc=org"});
-        param.bTruncated = true;
-    };
-    Users().AnswerAlways("QueryDomainUsers", serve);
-    Users().AnswerAlways("QueryInvalidDomainUsers", serve);
+    wire::DomainUsers users;
+    for (const char* pszName : {"jane.doe", "john.smith", "mary.major"})
+        users.vecDomainUsers.push_back(
+            {pszName, std::string("uid=") + pszName + ",ou=people,dc=example,dc=org"});
+    users.bTruncated = true;
+    Users().AnswerAlways<wire::QueryDomainUsers>(users);
+    Users().AnswerAlways<wire::QueryInvalidDomainUsers>(users);
     OpenPage();
     Click("btnImportDomain");
     auto* const pImport = FindDialog<CImportDominUserDlg>();
@@ -134,7 +133,7 @@ TEST_P(UserLook, DirectoryWindows)
     Press(pImport, "btnNext");
     ExpectReadable(pImport, "import-roles");
     Press(pImport, "btnCancel");
-    Users().FailAlways("QueryDomainUsers", UICommonMdl::ErrorDirectoryNotConfigured);
+    Users().FailAlways<wire::QueryDomainUsers>(UICommonMdl::ErrorDirectoryNotConfigured);
     Click("btnImportDomain");
     ExpectReadable(FindDialog<CImportDominUserDlg>(), "import-none");
     Press(FindDialog<CImportDominUserDlg>(), "btnCancel");

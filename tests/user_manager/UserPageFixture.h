@@ -107,12 +107,11 @@ inline void ClickCellButton(QTreeView* pView, const QModelIndex& index, int nBut
     PageDriver::Settle();
 }
 
-/// The user page over fakes that serve a small platform.
+/// The user page of a host that serves a small platform.
 class Fixture : public testing::Test
 {
 protected:
-    using Param = FakeUserManager::Param;
-    using Names = FakeUserManager::Names;
+    using Names = std::vector<std::string>;
     using Request = UserLogical::UserPageRequest_t;
     using User = UserLogical::User_t;
     using Dialog = PlatformConfigUI::CUserManagerUserEditDlg;
@@ -126,7 +125,7 @@ protected:
         ButtonDetails
     };
 
-    void SetUp() override { m_host.user.ServePlatform(); }
+    void SetUp() override { m_host.site.ServeUsers(); }
     void TearDown() override { Close(); }
 
     void Open()
@@ -140,7 +139,7 @@ protected:
     void Click(const char* pszName) { Press(m_pPage.get(), pszName); }
     bool IsPageUsable(const char* pszName) { return IsUsable(m_pPage.get(), pszName); }
 
-    FakeManager<FakeUserManager::Observer, Param>& Users() { return m_host.user.users; }
+    FakeServer& Users() { return m_host.server; }
     PlatformConfigUI::CUserListView* List()
     {
         return Part<PlatformConfigUI::CUserListView>(m_pPage.get(), "listUsers");
@@ -183,28 +182,29 @@ protected:
         QTest::keyClick(pEdit, Qt::Key_Return);
         PageDriver::Settle();
     }
-    Request LastRequest() { return Users().LastArgument<Request>("QueryUserPage"); }
-    int Queries() { return Users().Count("QueryUserPage"); }
+    Request LastRequest() { return Users().LastRequest<wire::QueryUserPage>(); }
+    int Queries() { return Users().Count<wire::QueryUserPage>(); }
     QString Notice() { return VxGUI::VxNotification::CurrentText(m_pPage.get()); }
-    void Push(int nResultCode)
+    void Push(const char* pszEvent)
     {
-        Param param;
-        param.nResultCode = nResultCode;
-        Users().Send(param);
+        Users().Push(pszEvent);
         PageDriver::Settle();
     }
-    void Answer(const char* pszOperation, int nErrorCode = 0,
-        const std::vector<UserLogical::UserFailure_t>& vecFailed = {})
+    template <class Op>
+    void Answer(int nErrorCode = 0)
     {
-        Users().Answer(Users().Last(pszOperation), [&](const FakeCall&, Param& param) {
-            param.nErrorCode = nErrorCode;
-            param.vecFailed = vecFailed;
-        });
+        Users().FailLast<Op>(nErrorCode);
+        PageDriver::Settle();
+    }
+    template <class Op>
+    void Answer(const typename Op::Answer& answer)
+    {
+        Users().AnswerLast<Op>(answer);
         PageDriver::Settle();
     }
     void Connect(bool bConnected)
     {
-        m_host.remote.PushConnected(bConnected);
+        m_host.PushConnected(bConnected);
         PageDriver::Settle();
     }
     template <class T>

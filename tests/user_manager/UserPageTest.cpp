@@ -80,7 +80,7 @@ TEST_F(UserPage, SearchFiltersAndPagesChangeTheQuery)
     EXPECT_EQ(LastRequest(), (Request{"ali", UserTypeDomain, OnlineFilterAll, 1, 20}));
 
     // An empty list has no header; it offers the way back.
-    m_host.user.vecUsers.clear();
+    m_host.site.vecUsers.clear();
     Click("btnRefresh");
     EXPECT_EQ(StateTitle(m_pPage.get(), "wgtListState"), QStringLiteral("No user matches the search."));
     Click("btnStateAction");
@@ -94,21 +94,24 @@ TEST_F(UserPage, LockingAsksAndSendsWhatTheStateSays)
         const char* pszUser;
         int nButton;
         const char* pszQuestion;
-        const char* pszOperation;
+        std::string_view sOperation;
         const char* pszFailure;
-    } cases[] = {{"alice", ButtonLock, "Are you sure to lock the user?", "LockUser", "Failed to lock user. "},
-        {"bob", ButtonUnlock, "Are you sure to unlock the user?", "UnlockUser", "Failed to unlock user. "}};
+    } cases[] = {{"alice", ButtonLock, "Are you sure to lock the user?", wire::LockUser::Name,
+                     "Failed to lock user. "},
+        {"bob", ButtonUnlock, "Are you sure to unlock the user?", wire::UnlockUser::Name,
+            "Failed to unlock user. "}};
     Open();
     for (const auto& c : cases) {
         m_dialogs.AnswerNext(false);
         ClickRowButton(c.pszUser, c.nButton);
         EXPECT_EQ(m_dialogs.Shown().last(), QStringLiteral("Prompt: ") + QLatin1String(c.pszQuestion));
-        EXPECT_EQ(Users().Count(c.pszOperation), 0);
+        EXPECT_EQ(Users().Count(c.sOperation), 0);
         m_dialogs.AnswerNext(true);
         ClickRowButton(c.pszUser, c.nButton);
-        EXPECT_EQ(Users().LastArgument<std::string>(c.pszOperation), c.pszUser);
+        EXPECT_EQ(Users().Last(c.sOperation).Request<wire::LockUser>().sUserName, c.pszUser);
         const int nQueries = Queries();
-        Answer(c.pszOperation, UICommonMdl::ErrorOwnAccount);
+        Users().Fail(Users().Last(c.sOperation), UICommonMdl::ErrorOwnAccount);
+        PageDriver::Settle();
         EXPECT_TRUE(Notice().startsWith(QLatin1String(c.pszFailure))) << qPrintable(Notice());
         EXPECT_EQ(Queries(), nQueries + 1);
     }
@@ -122,21 +125,21 @@ TEST_F(UserPage, DeletingTakesOneOrTheTickedOnesAndTellsWhatFailed)
     m_dialogs.AnswerNext(true);
     ClickRowButton("bob", ButtonDelete);
     EXPECT_EQ(m_dialogs.LastText(), QStringLiteral("Are you sure to delete the user?"));
-    EXPECT_EQ(Users().LastArgument<Names>("DeleteUsers"), Names{"bob"});
+    EXPECT_EQ(Users().LastRequest<wire::DeleteUsers>().vecUserNames, Names{"bob"});
     EXPECT_FALSE(IsPageUsable("btnDelete")) << "one at a time";
-    Answer("DeleteUsers");
+    Answer<wire::DeleteUsers>();
     EXPECT_TRUE(IsPageUsable("btnDelete"));
 
     Tick("alice");
     Tick("system");
     m_dialogs.AnswerNext(true);
     Click("btnDelete");
-    EXPECT_EQ(Users().LastArgument<Names>("DeleteUsers"), (Names{"alice", "system"}));
-    Answer("DeleteUsers", 0, {{"system", UICommonMdl::ErrorBuiltInAccount}});
+    EXPECT_EQ(Users().LastRequest<wire::DeleteUsers>().vecUserNames, (Names{"alice", "system"}));
+    Answer<wire::DeleteUsers>({{{"system", UICommonMdl::ErrorBuiltInAccount}}});
     const QString sReason = UICommonMdl::CErrorCode::GetErroCodeInfor(UICommonMdl::ErrorBuiltInAccount);
     EXPECT_TRUE(m_dialogs.LastText().endsWith(QStringLiteral("\nsystem: ") + sReason));
 
-    Users().Refuse("DeleteUsers");
+    Users().Refuse<wire::DeleteUsers>();
     m_dialogs.AnswerNext(true);
     Click("btnDelete");
     EXPECT_EQ(
@@ -152,7 +155,7 @@ TEST_F(UserPage, LongWorkShowsTheWaitDialogUntilItsAnswerOrTheLossOfTheConnectio
         ClickRowButton("alice", ButtonDelete);
         PageDriver::WaitFor([this] { return FindDialog<VxGUI::VxWaitDialog>() != nullptr; });
         if (bAnswered)
-            Answer("DeleteUsers");
+            Answer<wire::DeleteUsers>();
         else
             Connect(false);
         EXPECT_FALSE(FindDialog<VxGUI::VxWaitDialog>());
@@ -163,21 +166,20 @@ TEST_F(UserPage, ChangesOfOthersAreGatheredIntoOneQueryAndChecksStay)
 {
     Open();
     Tick("bob");
-    m_host.user.vecUsers.insert(m_host.user.vecUsers.begin(), {"aaron", {}, true, 1, 1});
+    m_host.site.vecUsers.insert(m_host.site.vecUsers.begin(), {"aaron", {}, true, 1, 1});
     const int nQueries = Queries();
     for (int n = 0; n < 5; ++n)
-        Push(n % 2 == 0 ? FakeUserManager::Observer::ResultUsersChanged
-                        : FakeUserManager::Observer::ResultRolesChanged);
+        Push(n % 2 == 0 ? wire::event::UsersChanged : wire::event::RolesChanged);
     PageDriver::WaitFor([&] { return Cell("aaron").isValid(); });
     EXPECT_EQ(Queries(), nQueries + 1);
     EXPECT_EQ(List()->GetUsers()->GetCheckedIds(), QStringList{QStringLiteral("bob")});
 
     // Only the answer to the last query counts.
-    Users().Hold("QueryUserPage");
+    Users().Hold<wire::QueryUserPage>();
     Click("btnRefresh");
-    const FakeCall stale = Users().Last("QueryUserPage");
+    const FakeCall stale = Users().Last<wire::QueryUserPage>();
     Click("btnRefresh");
-    Answer("QueryUserPage");
+    Answer<wire::QueryUserPage>();
     Users().Fail(stale, UICommonMdl::ErrorInternal);
     PageDriver::Settle();
     EXPECT_EQ(Notice(), QString());
@@ -189,17 +191,17 @@ TEST_F(UserPage, ListStatesAreTold)
         {UICommonMdl::ErrorNoRight, VxGUI::VxEmptyState::Kind::NoPermission},
         {UICommonMdl::ErrorTimeOut, VxGUI::VxEmptyState::Kind::Failed}};
     for (const auto& [nErrorCode, kind] : cases) {
-        Users().FailAlways("QueryUserPage", nErrorCode);
+        Users().FailAlways<wire::QueryUserPage>(nErrorCode);
         Open();
         EXPECT_EQ(Part<VxGUI::VxEmptyState>(m_pPage.get(), "wgtListState")->GetKind(), kind);
         EXPECT_TRUE(Notice().startsWith(QStringLiteral("Failed to get users. ")));
         EXPECT_FALSE(IsPageUsable("btnDelete"));
         Close();
     }
-    Users().Hold("QueryUserPage");
+    Users().Hold<wire::QueryUserPage>();
     Open();
     EXPECT_EQ(StateTitle(m_pPage.get(), "wgtListState"), QStringLiteral("Loading users"));
-    Users().Refuse("QueryUserPage");
+    Users().Refuse<wire::QueryUserPage>();
     Click("btnRefresh");
     EXPECT_EQ(StateTitle(m_pPage.get(), "wgtListState"), QStringLiteral("Failed to get users."));
 }
@@ -210,10 +212,7 @@ TEST_F(UserPage, WithoutTheRightUsersCanOnlyBeLookedAt)
     Open();
     for (const char* pszButton : buttons)
         EXPECT_TRUE(IsPageUsable(pszButton)) << pszButton;
-    m_host.user.setMissing = {"001002001"};
-    FakeUserManager::LoginObserver::Param param;
-    param.nResultCode = FakeUserManager::LoginObserver::ResultRightsChanged;
-    m_host.user.login.Send(param);
+    m_host.SetMissingRights({"001002001"});
     PageDriver::Settle();
     EXPECT_EQ(Notice(), QStringLiteral("Your permissions were changed."));
     for (const char* pszButton : buttons) {
@@ -238,20 +237,13 @@ TEST_F(UserPage, LostConnectionDisablesAndItsReturnQueriesAgainOnce)
     Click("btnAdd");
     UserPageTest::Type(UserPageTest::Field(Form(), "edtUserName")->GetLineEdit(), QStringLiteral("carol"));
     Connect(false);
-    FakeUserManager::LoginObserver::Param param;
-    param.nResultCode = FakeUserManager::LoginObserver::ResultDisconnected;
-    m_host.user.login.Send(param);
-    PageDriver::Settle();
     EXPECT_TRUE(Part<QLabel>(m_pPage.get(), "lbConnection")->isVisible());
     for (const char* pszName : {"btnAdd", "btnDelete", "btnRefresh", "listUsers", "edtSearchUser"})
         EXPECT_FALSE(IsPageUsable(pszName)) << pszName;
     EXPECT_FALSE(IsUsable(Form(), "btnOk"));
     const int nQueries = Queries();
-    Push(FakeUserManager::Observer::ResultUsersChanged);
+    Push(wire::event::UsersChanged);
     Connect(true);
-    param.nResultCode = FakeUserManager::LoginObserver::ResultReconnected;
-    m_host.user.login.Send(param);
-    PageDriver::Settle();
     EXPECT_EQ(Queries(), nQueries + 1);
     EXPECT_TRUE(IsPageUsable("btnAdd"));
     EXPECT_TRUE(IsUsable(Form(), "btnOk"));
@@ -312,13 +304,13 @@ TEST_F(UserPage, TheContextMenuMeansTheUserThatItWasOpenedOn)
         listTexts.append(pAction->text());
     EXPECT_EQ(listTexts.join(QLatin1Char(',')), QStringLiteral("User Details,Edit,Unlock,Delete"));
     // The rows change while the menu is open.
-    m_host.user.vecUsers.erase(m_host.user.vecUsers.begin());
+    m_host.site.vecUsers.erase(m_host.site.vecUsers.begin());
     Click("btnRefresh");
     m_dialogs.AnswerNext(true);
     pMenu->actions().at(2)->trigger();
     pMenu->close();
     PageDriver::Settle();
-    EXPECT_EQ(Users().LastArgument<std::string>("UnlockUser"), "bob");
+    EXPECT_EQ(Users().LastRequest<wire::UnlockUser>().sUserName, "bob");
 }
 
 TEST_F(UserPage, AnswersAfterTheEndAreHarmless)
@@ -327,16 +319,13 @@ TEST_F(UserPage, AnswersAfterTheEndAreHarmless)
     Click("btnAdd");
     m_pPage->UninitUI();
     EXPECT_FALSE(Form());
-    EXPECT_EQ(Users().ObserverCount(), 0U);
-    EXPECT_EQ(m_host.user.login.ObserverCount(), 0U);
+    EXPECT_EQ(m_host.CountObservers(), 0);
     const int nQueries = Queries();
     Click("btnRefresh");
     EXPECT_EQ(Queries(), nQueries);
-    Param push;
-    push.nResultCode = FakeUserManager::Observer::ResultUsersChanged;
     Close();
     Open();
-    Users().SendUntilJoin(push);
+    Users().PushUntilJoin(wire::event::UsersChanged);
     Close();
     Users().Join();
 }

@@ -21,16 +21,15 @@ using UserPageTest::Type;
 class UserRoles : public testing::Test
 {
 protected:
-    using Param = FakeUserManager::Param;
-    using Names = FakeUserManager::Names;
+    using Names = std::vector<std::string>;
 
     void SetUp() override
     {
-        m_host.user.ServePlatform();
+        m_host.site.ServeUsers();
         m_permission.resize(900, 500);
         m_permission.show();
     }
-    FakeManager<FakeUserManager::Observer, Param>& Users() { return m_host.user.users; }
+    FakeServer& Users() { return m_host.server; }
     QTreeView* List() { return Part<QTreeView>(&m_permission, "listRoles"); }
     QStringList Listed()
     {
@@ -48,9 +47,7 @@ protected:
     bool AreRightsShown() { return m_permission.findChild<CRightsView*>()->isVisible(); }
     void PushRoles()
     {
-        Param param;
-        param.nResultCode = FakeUserManager::Observer::ResultRolesChanged;
-        Users().Send(param);
+        Users().Push(wire::event::RolesChanged);
         PageDriver::Settle();
     }
 
@@ -106,16 +103,16 @@ TEST_F(UserRoles, AClickShowsTheRightsOfTheRole)
     PageDriver::Settle();
     EXPECT_FALSE(AreRightsShown());
     ClickRole(1);
-    EXPECT_EQ(Users().LastArgument<std::string>("QueryRoleInfo"), "3");
+    EXPECT_EQ(Users().LastRequest<wire::QueryRoleInfo>().sRoleId, "3");
     EXPECT_TRUE(AreRightsShown());
-    Users().Hold("QueryRoleInfo");
+    Users().Hold<wire::QueryRoleInfo>();
     ClickRole(0);
-    const FakeCall stale = Users().Last("QueryRoleInfo");
+    const FakeCall stale = Users().Last<wire::QueryRoleInfo>();
     ClickRole(1);
     Users().Fail(stale, UICommonMdl::ErrorInternal);
     PageDriver::Settle();
     EXPECT_EQ(StateTitle(&m_permission, "wgtRightsState"), QStringLiteral("Loading rights"));
-    Users().Fail(Users().Last("QueryRoleInfo"), UICommonMdl::ErrorServerBusy);
+    Users().FailLast<wire::QueryRoleInfo>(UICommonMdl::ErrorServerBusy);
     PageDriver::Settle();
     EXPECT_TRUE(VxGUI::VxNotification::CurrentText(&m_permission)
                     .startsWith(QStringLiteral("Failed to get role info. ")));
@@ -131,7 +128,7 @@ TEST_F(UserRoles, ARoleThatIsGoneIsTakenOffWithANotice)
                     .contains(QStringLiteral("does not exist any more")));
     ClickRole(0);
     EXPECT_TRUE(AreRightsShown());
-    m_host.user.vecRoles.erase(m_host.user.vecRoles.begin() + 1);
+    m_host.site.vecRoles.erase(m_host.site.vecRoles.begin() + 1);
     PushRoles();
     EXPECT_TRUE(m_permission.GetChosen().empty());
     EXPECT_FALSE(AreRightsShown());
@@ -143,29 +140,29 @@ TEST_F(UserRoles, OfAUserAreShownTogetherUntilOneIsClicked)
     PageDriver::Settle();
     EXPECT_EQ(Listed(), (QStringList{QStringLiteral("Guard"), QStringLiteral("Reception")}));
     EXPECT_TRUE(AreRightsShown());
-    EXPECT_EQ(Users().Count("QueryRoleInfo"), 0);
+    EXPECT_EQ(Users().Count<wire::QueryRoleInfo>(), 0);
     EXPECT_FALSE(Part(&m_permission, "btnAddRole")->isVisible());
     ClickRole(0);
-    EXPECT_EQ(Users().LastArgument<std::string>("QueryRoleInfo"), "2");
+    EXPECT_EQ(Users().LastRequest<wire::QueryRoleInfo>().sRoleId, "2");
     Press(&m_permission, "btnAllRoles");
     EXPECT_TRUE(AreRightsShown());
     ClickRole(0);
-    EXPECT_EQ(Users().Count("QueryRoleInfo"), 2) << "the same role can be looked at again";
+    EXPECT_EQ(Users().Count<wire::QueryRoleInfo>(), 2) << "the same role can be looked at again";
 }
 
 TEST_F(UserRoles, AFailedListCanBeReadAgain)
 {
-    Users().FailAlways("QueryUserRole", UICommonMdl::ErrorServerBusy);
+    Users().FailAlways<wire::QueryUserRole>(UICommonMdl::ErrorServerBusy);
     m_permission.ShowUser(QStringLiteral("bob"));
     PageDriver::Settle();
     EXPECT_EQ(StateTitle(&m_permission, "wgtRolesState"), QStringLiteral("Failed to get user role."));
-    m_host.remote.PushConnected(false);
+    m_host.PushConnected(false);
     PageDriver::Settle();
-    m_host.user.ServePlatform();
-    m_host.remote.PushConnected(true);
+    m_host.site.ServeUsers();
+    m_host.PushConnected(true);
     PageDriver::Settle();
     EXPECT_EQ(Listed().size(), 2);
-    Users().Refuse("QueryRoleList");
+    Users().Refuse<wire::QueryRoleList>();
     m_permission.StartChoice({});
     PageDriver::Settle();
     EXPECT_EQ(StateTitle(&m_permission, "wgtRolesState"), QStringLiteral("Failed to get roles."));

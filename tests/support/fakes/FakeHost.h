@@ -1,11 +1,13 @@
 #pragma once
 
-#include "FakeAccessControlManager.h"
-#include "FakeGroupManager.h"
-#include "FakeRemoteConfigManager.h"
+#include "FakeSite.h"
 #include "FakeTransferManager.h"
-#include "FakeUserManager.h"
 
+#include <PlatformLogic/CAccessControlManager.h>
+#include <PlatformLogic/CEventRouter.h>
+#include <PlatformLogic/CGroupManager.h>
+#include <PlatformLogic/CRemoteConfigManager.h>
+#include <PlatformLogic/CUserManager.h>
 #include <UICommonMdl/CInterfaceSetManager.h>
 #include <UICommonMdl/ILocalConfig.h>
 
@@ -24,7 +26,37 @@ public:
     QMap<QString, QVariant> mapValues;
 };
 
-/// All fakes behind one interface set.
+/// A manager that counts its observers.
+template <class Manager, class... Observers>
+class Counted : public Manager
+{
+public:
+    using Manager::Manager;
+    int nObservers = 0;
+};
+template <class Manager, class Observer, class... Others>
+class Counted<Manager, Observer, Others...> : public Counted<Manager, Others...>
+{
+public:
+    using Base = Counted<Manager, Others...>;
+    using Base::AddObserver;
+    using Base::Base;
+    using Base::RemoveObserver;
+
+    void AddObserver(Observer* pObserver) override
+    {
+        ++this->nObservers;
+        Base::AddObserver(pObserver);
+    }
+    void RemoveObserver(Observer* pObserver) override
+    {
+        --this->nObservers;
+        Base::RemoveObserver(pObserver);
+    }
+};
+
+/// The host of a signed-in user who has every right: its managers, connected with a server that is not there.
+/// Transfers do not go by its connection; they have a fake of their own.
 class FakeHost : public VxPluginAPI::IAbstractResourceManager
 {
 public:
@@ -32,11 +64,32 @@ public:
     ~FakeHost();
     VxPluginAPI::IManager* FindManager(const std::string& sInterfaceId) override;
 
-    FakeAccessControlManager access;
-    FakeGroupManager group;
-    FakeRemoteConfigManager remote;
-    FakeUserManager user;
+    /// What the session is on the server, which tells of it.
+    void ApplySession();
+    /// The user has every right but these from now on.
+    void SetMissingRights(const std::set<std::string>& setMissing);
+    /// The connection was lost, or is back.
+    void PushConnected(bool bConnected);
+    /// Registrations with any manager, without those of the host itself.
+    int CountObservers() const;
+
+    wire::Session session;
+    FakeServer server;
+    FakeSite site{server};
+    Counted<PlatformLogic::CUserManager, UserLogical::ILoginManagerObserver, UserLogical::IUserManagerObserve>
+        user{server};
+    Counted<PlatformLogic::CGroupManager, GroupLogical::IGroupManagerObserver> group{server, user};
+    Counted<PlatformLogic::CRemoteConfigManager, RemoteConfigLogical::IRemoteDeviceObserver,
+        RemoteConfigLogical::ISystemConfigObserver>
+        remote{server, user};
+    Counted<PlatformLogic::CAccessControlManager, AccessControlLogical::IDepartmentManagerObserver,
+        AccessControlLogical::IPersonManagerObserver, AccessControlLogical::IAccessControlManagerObserver>
+        access{server, user};
     FakeLocalConfig config;
     FakeTransferManager transfer;
     UICommonMdl::CInterfaceSetManager interfaceSet;
+
+private:
+    PlatformLogic::CEventRouter m_router{server, user, group, remote, access};
+    int m_nOwnObservers = 0;
 };
