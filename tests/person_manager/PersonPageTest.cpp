@@ -391,6 +391,7 @@ TEST_F(PersonPage, PushesAreGatheredIntoOneQueryThatKeepsTheChecks)
     Open();
     Check("102");
     const int nQueries = Queries();
+    const int nTrees = m_host.server.Count<wire::QueryDepartmentTree>();
     for (int n = 0; n < 5; ++n)
         m_host.server.Push(wire::event::PersonsChanged);
     PageDriver::Settle();
@@ -399,8 +400,8 @@ TEST_F(PersonPage, PushesAreGatheredIntoOneQueryThatKeepsTheChecks)
     PageDriver::Settle();
     EXPECT_EQ(Queries(), nQueries + 1);
     EXPECT_EQ(List()->GetPersons()->GetCheckedIds(), QStringList{QStringLiteral("102")});
+    EXPECT_EQ(m_host.server.Count<wire::QueryDepartmentTree>(), nTrees);
 
-    const int nTrees = m_host.server.Count<wire::QueryDepartmentTree>();
     PushDepartments();
     PageDriver::WaitFor([&] { return m_host.server.Count<wire::QueryDepartmentTree>() > nTrees; });
 }

@@ -88,6 +88,7 @@ public:
     template <class Op>
     void Refuse()
     {
+        const std::lock_guard lock(m_mutex);
         m_setRefused.emplace(Op::Name);
     }
 
