@@ -2,6 +2,7 @@
 
 #include "RecordFields.h"
 
+#include <VxGUI/RequiredMark.h>
 #include <VxGUI/VxLineEdit.h>
 
 namespace Common {
@@ -12,7 +13,7 @@ template <class R>
 class CFormBinding
 {
 public:
-    /// fields is borrowed; each bound field is added to it under its accessible name.
+    /// fields is borrowed; each bound field is added to it under its name.
     explicit CFormBinding(RecordFields<R>& fields)
         : m_fields(fields)
     {
@@ -21,7 +22,7 @@ public:
     /// pEdit is borrowed.
     void Text(std::string R::*pMember, VxGUI::VxLineEdit* pEdit)
     {
-        m_fields.Add(pEdit->accessibleName(), pMember);
+        m_fields.Add(VxGUI::GetFieldName(pEdit), pMember);
         m_vecTexts.push_back({pMember, pEdit});
     }
     void Show(const R& record) const

@@ -5,6 +5,7 @@
 
 #include <Trv/QCommon.h>
 #include <Trv/QSkin.h>
+#include <VxGUI/RequiredMark.h>
 #include <VxGUI/VxNotification.h>
 
 #include <QLineEdit>
@@ -98,16 +99,14 @@ void CUserBasicInfoWidget::SetUpFields()
 
 void CUserBasicInfoWidget::Describe(Common::RecordFields<User_t>& fields) const
 {
-    const auto add = [&](const QWidget* pField, auto pMember) {
-        fields.Add(pField->accessibleName(), pMember);
-    };
+    const auto add = [&](QWidget* pField, auto pMember) { fields.Add(VxGUI::GetFieldName(pField), pMember); };
     add(m_pUi->swMultiLogin, &User_t::bMultiLogin);
-    fields.AddSecret(m_pUi->edtPassword->accessibleName(), &User_t::sPassword);
+    fields.AddSecret(VxGUI::GetFieldName(m_pUi->edtPassword), &User_t::sPassword);
     add(m_pUi->swForceChange, &User_t::bForceChange);
     add(m_pUi->swPasswordInterval, &User_t::bPasswordInterval);
     add(m_pUi->edtPasswordDays, &User_t::nPasswordDays);
     add(m_pUi->swExpiry, &User_t::bExpiry);
-    fields.Add<std::int64_t>(m_pUi->dteExpiry->accessibleName(), &User_t::nExpiry,
+    fields.Add<std::int64_t>(VxGUI::GetFieldName(m_pUi->dteExpiry), &User_t::nExpiry,
         [sFormat = m_pUi->dteExpiry->displayFormat()](
             std::int64_t nTime) { return QDateTime::fromMSecsSinceEpoch(nTime).toString(sFormat); });
     add(m_pUi->edtPtzLevel, &User_t::nPtzLevel);

@@ -5,6 +5,7 @@
 #include "DeviceFormLog.h"
 #include "ui_CDevAdd.h"
 
+#include <VxGUI/RequiredMark.h>
 #include <common/DeviceCategory.h>
 
 #include <QUrl>
@@ -31,19 +32,17 @@ constexpr int SearchRows = 1000;
 
 void CDevAdd::Describe(Common::RecordFields<Device>& fields) const
 {
-    const auto add = [&](const QWidget* pField, auto pMember) {
-        fields.Add(pField->accessibleName(), pMember);
-    };
+    const auto add = [&](QWidget* pField, auto pMember) { fields.Add(VxGUI::GetFieldName(pField), pMember); };
     const auto named = [](const QComboBox* pCombo) {
         return [pCombo](const std::string& sKey) { return FormFields::GetText(pCombo, sKey); };
     };
     fields.Add<std::string>(
-        m_pUi->cmbProtocal->accessibleName(), &Device::sProtocol, named(m_pUi->cmbProtocal));
+        VxGUI::GetFieldName(m_pUi->cmbProtocal), &Device::sProtocol, named(m_pUi->cmbProtocal));
     fields.Add<std::string>(
-        m_pUi->cmbManufacturer->accessibleName(), &Device::sManufacturer, named(m_pUi->cmbManufacturer));
-    fields.Add<int>(m_pUi->cmbDevCategory->accessibleName(), &Device::nCategory,
+        VxGUI::GetFieldName(m_pUi->cmbManufacturer), &Device::sManufacturer, named(m_pUi->cmbManufacturer));
+    fields.Add<int>(VxGUI::GetFieldName(m_pUi->cmbDevCategory), &Device::nCategory,
         [](const int& nCategory) { return Common::GetCategoryFilterText(nCategory); });
-    fields.Add<int>(m_pUi->cmbRegister->accessibleName(), &Device::nAddMode,
+    fields.Add<int>(VxGUI::GetFieldName(m_pUi->cmbRegister), &Device::nAddMode,
         [this](const int& nMode) { return FormFields::GetText(m_pUi->cmbRegister, nMode); });
     add(m_pUi->editTxtIP, &Device::sIp);
     fields.Add(Text::tr("SN"), &Device::sSerialNumber);
@@ -51,21 +50,22 @@ void CDevAdd::Describe(Common::RecordFields<Device>& fields) const
     add(m_pUi->editTxtRegitId, &Device::sRegisterId);
     add(m_pUi->editDevPort, &Device::nPort);
     add(m_pUi->editUserName, &Device::sUserName);
-    fields.AddSecret(m_pUi->editPassWord->accessibleName(), &Device::sPassword);
+    fields.AddSecret(VxGUI::GetFieldName(m_pUi->editPassWord), &Device::sPassword);
     fields.Add<std::string>(
-        m_pUi->cmbGroupName->accessibleName(), &Device::sOrgCode, named(m_pUi->cmbGroupName));
-    fields.Add<std::string>(m_pUi->cmbServer->accessibleName(), &Device::sServerId, named(m_pUi->cmbServer));
+        VxGUI::GetFieldName(m_pUi->cmbGroupName), &Device::sOrgCode, named(m_pUi->cmbGroupName));
+    fields.Add<std::string>(
+        VxGUI::GetFieldName(m_pUi->cmbServer), &Device::sServerId, named(m_pUi->cmbServer));
     add(m_pUi->editDevName, &Device::sName);
     fields.Add<std::string>(
-        m_pUi->cmbDeviceType->accessibleName(), &Device::sDeviceType, named(m_pUi->cmbDeviceType));
-    fields.Add<std::string>(m_pUi->cmbSeries->accessibleName(), &Device::sSeries, named(m_pUi->cmbSeries));
+        VxGUI::GetFieldName(m_pUi->cmbDeviceType), &Device::sDeviceType, named(m_pUi->cmbDeviceType));
+    fields.Add<std::string>(VxGUI::GetFieldName(m_pUi->cmbSeries), &Device::sSeries, named(m_pUi->cmbSeries));
     add(m_pUi->editMode, &Device::sModel);
-    fields.Add<int>(m_pUi->cmbLedSize->accessibleName(), &Device::nLedType,
+    fields.Add<int>(VxGUI::GetFieldName(m_pUi->cmbLedSize), &Device::nLedType,
         [this](const int& nType) { return FormFields::GetText(m_pUi->cmbLedSize, nType); });
-    fields.Add<int>(m_pUi->cmbDirection->accessibleName(), &Device::nAccessDirection,
+    fields.Add<int>(VxGUI::GetFieldName(m_pUi->cmbDirection), &Device::nAccessDirection,
         [this](const int& nDirection) { return FormFields::GetText(m_pUi->cmbDirection, nDirection); });
     add(m_pUi->editSipID, &Device::sSipId);
-    fields.AddSecret(m_pUi->editSipPassword->accessibleName(), &Device::sSipPassword);
+    fields.AddSecret(VxGUI::GetFieldName(m_pUi->editSipPassword), &Device::sSipPassword);
     add(m_pUi->spbVideo, &Device::nVideoChannels);
     add(m_pUi->spbAlarmInput, &Device::nAlarmInputs);
     add(m_pUi->spbAlarmOutput, &Device::nAlarmOutputs);

@@ -225,6 +225,13 @@ void MarkRequired(QWidget* pField, bool bRequired)
         new RequiredMark(pLabel, pField);
 }
 
+QString GetFieldName(QWidget* pField)
+{
+    QLabel* const pLabel = FindByBuddy(pField);
+    QWidget* const pTarget = pField->focusProxy() ? pField->focusProxy() : pField;
+    return PlainName(pField, pTarget, pLabel ? pLabel : FindInRow(pField), Text::tr(", required"));
+}
+
 bool IsMarkedRequired(const QWidget* pField)
 {
     return pField->property(MarkedProperty).toBool();

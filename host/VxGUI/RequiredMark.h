@@ -2,6 +2,8 @@
 
 #include <VxGUI/VxGUIExport.h>
 
+#include <QString>
+
 class QWidget;
 
 namespace VxGUI {
@@ -12,6 +14,9 @@ namespace VxGUI {
 /// alone tells. To be called again after the field got another accessible name. A VxLineEdit with SetRequired
 /// does it by itself. Both are borrowed. User-interface thread.
 VXGUI_EXPORT void MarkRequired(QWidget* pField, bool bRequired = true);
+
+/// What the field is called, without the word that marks it: its accessible name, else the text of its label.
+VXGUI_EXPORT QString GetFieldName(QWidget* pField);
 
 /// Whether the field is marked.
 VXGUI_EXPORT bool IsMarkedRequired(const QWidget* pField);

@@ -188,7 +188,11 @@ protected:
     template <class Save>
     void AnswerSave(int nErrorCode = 0, const std::string& sDetail = {})
     {
-        m_host.server.FailLast<Save>(nErrorCode, sDetail);
+        // The server answers with the record as it keeps it.
+        if (nErrorCode == 0)
+            m_host.server.AnswerLast<Save>(m_host.server.LastRequest<Save>());
+        else
+            m_host.server.FailLast<Save>(nErrorCode, sDetail);
         PageDriver::Settle();
     }
     bool HasFocus(const char* pszField) { return Field(pszField)->GetLineEdit()->hasFocus(); }

@@ -165,7 +165,8 @@ TEST_F(PersonGroups, EditingMovesTheGroupButNotUnderItself)
     const int nTrees = Sent<wire::QueryDepartmentTree>();
     m_dialogs.ClickNext(QStringLiteral("btnGoOn"));
     Fail<wire::ModifyDepartment>(UICommonMdl::ErrorVersionConflict);
-    EXPECT_TRUE(m_dialogs.LastDetails().startsWith(QStringLiteral("Parent Group: All Persons | Sales")));
+    EXPECT_TRUE(m_dialogs.LastDetails().startsWith(QStringLiteral("Parent Group: All Persons | Sales")))
+        << qPrintable(m_dialogs.LastDetails());
     EXPECT_EQ(pParent->GetCode(), QStringLiteral("1002")) << "the input stays";
     EXPECT_EQ(Sent<wire::QueryDepartmentTree>(), nTrees + 1);
 }
