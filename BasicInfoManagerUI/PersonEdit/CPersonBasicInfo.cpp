@@ -64,8 +64,9 @@ void CPersonBasicInfo::SetUpFields()
         connect(pDate, &COptionalDateEdit::SignalChanged, this, &CPersonSection::SignalChanged);
     }
     connect(m_pUi->m_pCmbGender, qOverload<int>(&QComboBox::activated), this, &CPersonSection::SignalChanged);
+    PersonFields::ShowGroups(m_pUi->m_pCmbGroup);
     m_pUi->m_pCmbGroup->SetKeepsUnknown(true);
-    connect(m_pUi->m_pCmbGroup, &CDepartmentComboBox::SignalCodeChanged, this, [this] {
+    connect(m_pUi->m_pCmbGroup, &Common::CTreeComboBox::SignalCodeChanged, this, [this] {
         m_pUi->lbGroupHint->hide();
         Q_EMIT SignalChanged();
     });

@@ -1,7 +1,10 @@
 #include "PersonFields.h"
 
+#include <UICommonMdl/CDepartmentModelManager.h>
 #include <VxGUI/VxLineEdit.h>
+#include <common/CTreeComboBox.h>
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QLineEdit>
 #include <QPushButton>
@@ -10,6 +13,11 @@
 namespace BasicInfoManagerUI::PersonFields {
 
 namespace {
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(PersonFields)
+};
 
 class WheelFilter : public QObject
 {
@@ -68,6 +76,15 @@ void SetText(VxGUI::VxLineEdit* pEdit, const std::string& sText)
 std::string GetText(const VxGUI::VxLineEdit* pEdit)
 {
     return pEdit->text().trimmed().toStdString();
+}
+
+void ShowGroups(Common::CTreeComboBox* pCombo)
+{
+    using UICommonMdl::CDepartmentModelManager;
+    CDepartmentModelManager* const pGroups = CDepartmentModelManager::Instance();
+    pCombo->SetTree(pGroups->GetDepartmentModel(), Text::tr("Person Group"));
+    QObject::connect(pGroups, &CDepartmentModelManager::SignalDepartmentModelFinish, pCombo,
+        &Common::CTreeComboBox::Restore);
 }
 
 void MakePrimary(QPushButton* pButton)

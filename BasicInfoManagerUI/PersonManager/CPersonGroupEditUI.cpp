@@ -3,6 +3,7 @@
 #include "PersonRules.h"
 #include "ui_CPersonGroupEditUI.h"
 
+#include <PersonEdit/PersonFields.h>
 #include <UICommonMdl/CDepartmentModelManager.h>
 #include <UICommonMdl/CErrorCode.h>
 #include <VxGUI/RequiredMark.h>
@@ -60,12 +61,13 @@ void CPersonGroupEditUI::SetUpFields()
     m_pUi->m_pEditRemark->SetRule(AccessControlLogical::DepartmentRemark,
         Text::tr("The remark length cannot exceed %1 characters."),
         Text::tr("Special characters < and > are not allowed."));
+    PersonFields::ShowGroups(m_pUi->m_pCmbParent);
     VxGUI::MarkRequired(m_pUi->m_pCmbParent);
     m_pUi->m_pCmbParent->SetChoiceRule([this](const QModelIndex& group) {
         return CanBeParent(group, Groups()->FindCode(QString::fromStdString(m_loaded.sCode)));
     });
     m_pUi->lbParentHint->hide();
-    connect(m_pUi->m_pCmbParent, &CDepartmentComboBox::SignalCodeChanged, m_pUi->lbParentHint,
+    connect(m_pUi->m_pCmbParent, &Common::CTreeComboBox::SignalCodeChanged, m_pUi->lbParentHint,
         [this] { m_pUi->lbParentHint->setVisible(false); });
 }
 

@@ -77,7 +77,7 @@ void CDevAdd::Start(bool bEdit, const std::vector<GroupLogical::Organization_t>&
     FormFields::FillOrganizations(
         m_pUi->cmbGroupName, vecOrganizations, QString::fromStdString(device.sOrgCode));
     m_loaded = device;
-    m_loaded.sOrgCode = FormFields::GetKey(m_pUi->cmbGroupName).toStdString();
+    m_loaded.sOrgCode = m_pUi->cmbGroupName->GetCode().toStdString();
     ShowRecord(m_loaded);
     m_baseline = GetEdited();
 }
@@ -122,7 +122,7 @@ void CDevAdd::ShowRecord(const GroupLogical::DeviceAddInfo_t& device)
     FillSeries();
     FormFields::SelectKey(m_pUi->cmbSeries, QString::fromStdString(device.sSeries));
     FormFields::SelectKey(m_pUi->cmbServer, QString::fromStdString(device.sServerId));
-    FormFields::SelectKey(m_pUi->cmbGroupName, QString::fromStdString(device.sOrgCode));
+    m_pUi->cmbGroupName->SetCode(QString::fromStdString(device.sOrgCode));
     FillDirections();
     FormFields::SelectCode(m_pUi->cmbDirection, device.nAccessDirection);
     for (QComboBox* pCombo : combos)
@@ -176,7 +176,7 @@ GroupLogical::DeviceAddInfo_t CDevAdd::GetForm() const
     form.sDeviceType = FormFields::GetKey(m_pUi->cmbDeviceType).toStdString();
     form.sSeries = FormFields::GetKey(m_pUi->cmbSeries).toStdString();
     form.sServerId = FormFields::GetKey(m_pUi->cmbServer).toStdString();
-    form.sOrgCode = FormFields::GetKey(m_pUi->cmbGroupName).toStdString();
+    form.sOrgCode = m_pUi->cmbGroupName->GetCode().toStdString();
     form.nAccessDirection = FormFields::GetCode(m_pUi->cmbDirection);
     form.nLedType = FormFields::GetCode(m_pUi->cmbLedSize);
     (GetModeFields(form.nAddMode).bSerialNumber ? form.sSerialNumber : form.sIp) = Typed(m_pUi->editTxtIP);

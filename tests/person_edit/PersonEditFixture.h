@@ -1,11 +1,11 @@
 #pragma once
 
 #include <PersonEdit/CChosenTable.h>
-#include <PersonEdit/CDepartmentComboBox.h>
 #include <PersonEdit/CPersonnelInfoUI.h>
 #include <UICommonMdl/ErrorCodes.h>
 #include <VxGUI/VxLineEdit.h>
 #include <VxGUI/VxNotification.h>
+#include <common/CTreeComboBox.h>
 #include <tests/support/fakes/FakeHost.h>
 #include <tests/support/gui/PageDriver.h>
 #include <tests/support/gui/RecordingDialogService.h>

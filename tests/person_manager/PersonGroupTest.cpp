@@ -1,10 +1,10 @@
 #include "PersonPageFixture.h"
 
-#include <PersonEdit/CDepartmentComboBox.h>
 #include <PersonEdit/CPersonnelInfoUI.h>
 #include <PersonManager/CPersonGroupEditUI.h>
 #include <VxGUI/VxLineEdit.h>
 #include <common/CTreeChoice.h>
+#include <common/CTreeComboBox.h>
 
 using namespace BasicInfoManagerUI;
 using AccessControlLogical::Department_t;
@@ -138,7 +138,7 @@ TEST_F(PersonGroups, EditingMovesTheGroupButNotUnderItself)
     PageDriver::Settle();
     ASSERT_TRUE(Dialog());
     EXPECT_FALSE(Field("m_pAddAndPerson")->isVisible());
-    auto* pParent = Field<CDepartmentComboBox>("m_pCmbParent");
+    auto* pParent = Field<Common::CTreeComboBox>("m_pCmbParent");
     QTest::mouseClick(pParent, Qt::LeftButton);
     auto* pChoice = pParent->findChild<Common::CTreeChoice*>();
     ASSERT_TRUE(pChoice && pChoice->isVisible());
