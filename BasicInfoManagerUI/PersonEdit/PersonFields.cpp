@@ -5,7 +5,6 @@
 #include <common/CTreeComboBox.h>
 
 #include <QCoreApplication>
-#include <QEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStyle>
@@ -17,21 +16,6 @@ namespace {
 struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(PersonFields)
-};
-
-class WheelFilter : public QObject
-{
-public:
-    using QObject::QObject;
-
-    bool eventFilter(QObject* pWatched, QEvent* pEvent) override
-    {
-        const auto* pWidget = qobject_cast<QWidget*>(pWatched);
-        if (pEvent->type() != QEvent::Wheel || !pWidget || pWidget->hasFocus())
-            return QObject::eventFilter(pWatched, pEvent);
-        pEvent->ignore();
-        return true;
-    }
 };
 
 } // namespace
@@ -94,12 +78,6 @@ void MakePrimary(QPushButton* pButton)
     // The button box has given it its looks already.
     pButton->style()->unpolish(pButton);
     pButton->style()->polish(pButton);
-}
-
-void KeepFromWheel(QWidget* pField)
-{
-    pField->setFocusPolicy(Qt::StrongFocus);
-    pField->installEventFilter(new WheelFilter(pField));
 }
 
 } // namespace BasicInfoManagerUI::PersonFields

@@ -29,7 +29,4 @@ void ShowGroups(Common::CTreeComboBox* pCombo);
 /// Marks the button that confirms a dialog.
 void MakePrimary(QPushButton* pButton);
 
-/// Wheels over a page that scrolls do not change its fields unless they have the focus.
-void KeepFromWheel(QWidget* pField);
-
 } // namespace BasicInfoManagerUI::PersonFields

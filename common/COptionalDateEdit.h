@@ -9,7 +9,7 @@ class QCheckBox;
 class QDateTimeEdit;
 class QLabel;
 
-namespace BasicInfoManagerUI {
+namespace Common {
 
 /// A date, or a date with its time, that may be left open: a box that is checked when there is one, and the
 /// date beside it. User-interface thread.
@@ -22,8 +22,14 @@ public:
 
     /// What the box says, and the name of both for those who do not see them.
     void SetCaption(const QString& sCaption);
-    /// "yyyy-MM-dd", or with hours, minutes and seconds.
-    void SetWithTime(bool bWithTime);
+    /// What is shown and can be changed: the day at first.
+    enum class Precision
+    {
+        Day,
+        Minute,
+        Second
+    };
+    void SetPrecision(Precision precision);
     /// What an open date becomes when the box is checked; now unless it is said.
     void SetProposal(const QDateTime& proposal) { m_proposal = proposal; }
     void SetReadOnly(bool bReadOnly);
@@ -56,4 +62,4 @@ private:
     bool m_bReadOnly = false;
 };
 
-} // namespace BasicInfoManagerUI
+} // namespace Common

@@ -1,6 +1,6 @@
 #include "COptionalDateEdit.h"
 
-#include "PersonFields.h"
+#include "Wheel.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>
@@ -9,7 +9,7 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
-namespace BasicInfoManagerUI {
+namespace Common {
 
 namespace {
 struct Text
@@ -35,8 +35,8 @@ COptionalDateEdit::COptionalDateEdit(QWidget* pParent)
     m_pEdit->setCalendarPopup(true);
     m_pEdit->setMinimumDate(QDate(1900, 1, 1));
     m_pEdit->setMaximumDate(QDate(9999, 12, 31));
-    PersonFields::KeepFromWheel(m_pEdit);
-    SetWithTime(false);
+    KeepFromWheel(m_pEdit);
+    SetPrecision(Precision::Day);
     auto* const pRow = new QHBoxLayout;
     pRow->setSpacing(8);
     pRow->addWidget(m_pCheck);
@@ -62,10 +62,12 @@ void COptionalDateEdit::SetCaption(const QString& sCaption)
     m_pEdit->setAccessibleName(sCaption);
 }
 
-void COptionalDateEdit::SetWithTime(bool bWithTime)
+void COptionalDateEdit::SetPrecision(Precision precision)
 {
+    const QString sTime =
+        precision == Precision::Second ? QStringLiteral(" HH:mm:ss") : QStringLiteral(" HH:mm");
     m_pEdit->setDisplayFormat(
-        bWithTime ? QStringLiteral("yyyy-MM-dd HH:mm:ss") : QStringLiteral("yyyy-MM-dd"));
+        QStringLiteral("yyyy-MM-dd") + (precision == Precision::Day ? QString() : sTime));
 }
 
 void COptionalDateEdit::SetReadOnly(bool bReadOnly)
@@ -135,4 +137,4 @@ void COptionalDateEdit::SetErrorHint(const QString& sText)
     m_pEdit->setAccessibleDescription(sText);
 }
 
-} // namespace BasicInfoManagerUI
+} // namespace Common
