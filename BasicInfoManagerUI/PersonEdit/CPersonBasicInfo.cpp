@@ -4,6 +4,7 @@
 #include "ui_CPersonBasicInfo.h"
 
 #include <VxGUI/RequiredMark.h>
+#include <common/PersonGroups.h>
 #include <common/Wheel.h>
 
 #include <QCoreApplication>
@@ -65,7 +66,7 @@ void CPersonBasicInfo::SetUpFields()
         connect(pDate, &Common::COptionalDateEdit::SignalChanged, this, &CPersonSection::SignalChanged);
     }
     connect(m_pUi->m_pCmbGender, qOverload<int>(&QComboBox::activated), this, &CPersonSection::SignalChanged);
-    PersonFields::ShowGroups(m_pUi->m_pCmbGroup);
+    Common::ShowPersonGroups(m_pUi->m_pCmbGroup);
     m_pUi->m_pCmbGroup->SetKeepsUnknown(true);
     connect(m_pUi->m_pCmbGroup, &Common::CTreeComboBox::SignalCodeChanged, this, [this] {
         m_pUi->lbGroupHint->hide();

@@ -1,24 +1,12 @@
 #include "PersonFields.h"
 
-#include <UICommonMdl/CDepartmentModelManager.h>
 #include <VxGUI/VxLineEdit.h>
-#include <common/CTreeComboBox.h>
 
-#include <QCoreApplication>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStyle>
 
 namespace BasicInfoManagerUI::PersonFields {
-
-namespace {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(PersonFields)
-};
-
-} // namespace
 
 void DeclareChecks(VxGUI::VxLineEdit* pEdit, PersonField field)
 {
@@ -60,15 +48,6 @@ void SetText(VxGUI::VxLineEdit* pEdit, const std::string& sText)
 std::string GetText(const VxGUI::VxLineEdit* pEdit)
 {
     return pEdit->text().trimmed().toStdString();
-}
-
-void ShowGroups(Common::CTreeComboBox* pCombo)
-{
-    using UICommonMdl::CDepartmentModelManager;
-    CDepartmentModelManager* const pGroups = CDepartmentModelManager::Instance();
-    pCombo->SetTree(pGroups->GetDepartmentModel(), Text::tr("Person Group"));
-    QObject::connect(pGroups, &CDepartmentModelManager::SignalDepartmentModelFinish, pCombo,
-        &Common::CTreeComboBox::Restore);
 }
 
 void MakePrimary(QPushButton* pButton)

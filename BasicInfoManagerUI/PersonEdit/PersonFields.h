@@ -3,9 +3,6 @@
 #include "PersonFieldRules.h"
 
 class QPushButton;
-namespace Common {
-class CTreeComboBox;
-}
 namespace VxGUI {
 class VxLineEdit;
 }
@@ -22,9 +19,6 @@ void ShowHint(VxGUI::VxLineEdit* pEdit, const QString& sText);
 
 void SetText(VxGUI::VxLineEdit* pEdit, const std::string& sText);
 std::string GetText(const VxGUI::VxLineEdit* pEdit);
-
-/// Has the combo box show the tree of person groups, as it is and will be. Once.
-void ShowGroups(Common::CTreeComboBox* pCombo);
 
 /// Marks the button that confirms a dialog.
 void MakePrimary(QPushButton* pButton);

@@ -3,11 +3,11 @@
 #include "PersonRules.h"
 #include "ui_CPersonGroupEditUI.h"
 
-#include <PersonEdit/PersonFields.h>
 #include <UICommonMdl/CDepartmentModelManager.h>
 #include <UICommonMdl/CErrorCode.h>
 #include <VxGUI/RequiredMark.h>
 #include <VxGUI/VxNotification.h>
+#include <common/PersonGroups.h>
 #include <common/Prompt.h>
 #include <common/StyleSheet.h>
 
@@ -61,7 +61,7 @@ void CPersonGroupEditUI::SetUpFields()
     m_pUi->m_pEditRemark->SetRule(AccessControlLogical::DepartmentRemark,
         Text::tr("The remark length cannot exceed %1 characters."),
         Text::tr("Special characters < and > are not allowed."));
-    PersonFields::ShowGroups(m_pUi->m_pCmbParent);
+    Common::ShowPersonGroups(m_pUi->m_pCmbParent);
     VxGUI::MarkRequired(m_pUi->m_pCmbParent);
     m_pUi->m_pCmbParent->SetChoiceRule([this](const QModelIndex& group) {
         return CanBeParent(group, Groups()->FindCode(QString::fromStdString(m_loaded.sCode)));
