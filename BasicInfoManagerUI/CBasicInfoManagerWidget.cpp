@@ -2,7 +2,20 @@
 
 #include "PersonManager/CPersonManagerCtrl.h"
 
+#include <common/CModulePage.h>
+
 namespace BasicInfoManagerUI {
+
+namespace {
+
+constexpr const char* RightPersons = "002003001";
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(CBasicInfoManager)
+};
+
+} // namespace
 
 CBasicInfoManagerWidget::CBasicInfoManagerWidget(UICommonMdl::CInterfaceSetManager* pInterfaceSet)
     : CEntryWidget(pInterfaceSet,
@@ -16,7 +29,13 @@ CBasicInfoManagerWidget::CBasicInfoManagerWidget(UICommonMdl::CInterfaceSetManag
 QWidget* CBasicInfoManagerWidget::CreatePage(
     UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
 {
-    return new CPersonManagerCtrl(pInterfaceSet, pParent);
+    using Common::CModulePage;
+    return new CModulePage(pInterfaceSet,
+        {QStringLiteral("CBasicInfoManager"), QString(), GetWidgetTitle(QString(), 0),
+            CModulePage::Look::Strip},
+        {{RightPersons, Text::tr("Personnel List"), QStringLiteral("PersonManager"),
+            &CModulePage::Make<CPersonManagerCtrl>}},
+        pParent);
 }
 
 } // namespace BasicInfoManagerUI

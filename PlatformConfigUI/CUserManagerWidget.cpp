@@ -1,20 +1,47 @@
 #include "CUserManagerWidget.h"
 
-#include "CUserManagerPage.h"
+#include "AuditLog/CAuditLogCtrl.h"
+#include "RoleManager/CRoleManagerCtrl.h"
+#include "UserManager/CUserManagerUserCtrl.h"
+
+#include <common/CModulePage.h>
 
 namespace PlatformConfigUI {
 
+namespace {
+
+// Who may open the entry sees users and roles; changing them takes rights of their own.
+constexpr const char* RightOpen = "001002";
+constexpr const char* RightAuditLog = "001002003";
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(CUserManagerPage)
+};
+
+} // namespace
+
 CUserManagerWidget::CUserManagerWidget(UICommonMdl::CInterfaceSetManager* pInterfaceSet)
     : CEntryWidget(pInterfaceSet,
-        {"001002", "UserManagerWidget", QT_TRANSLATE_NOOP("CUserManagerWidget", "User"), "CUserManagerWidget",
-            QStringLiteral("PlatformConfigUI/UserManagerUI"), QStringLiteral("usermanager_pane.png"),
-            QStringLiteral("usermanager_pane-d.png")})
+        {RightOpen, "UserManagerWidget", QT_TRANSLATE_NOOP("CUserManagerWidget", "User"),
+            "CUserManagerWidget", QStringLiteral("PlatformConfigUI/UserManagerUI"),
+            QStringLiteral("usermanager_pane.png"), QStringLiteral("usermanager_pane-d.png")})
 {
 }
 
 QWidget* CUserManagerWidget::CreatePage(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pParent)
 {
-    return new CUserManagerPage(pInterfaceSet, pParent);
+    using Common::CModulePage;
+    return new CModulePage(pInterfaceSet,
+        {QStringLiteral("CUserManagerPage"), QStringLiteral("PlatformConfigUI/UserManagerUI"),
+            Text::tr("User"), CModulePage::Look::Tabs},
+        {{RightOpen, Text::tr("User"), QStringLiteral("UserManager"),
+             &CModulePage::Make<CUserManagerUserCtrl>},
+            {RightOpen, Text::tr("Role"), QStringLiteral("RoleManager"),
+                &CModulePage::Make<CRoleManagerCtrl>},
+            {RightAuditLog, Text::tr("Audit Log"), QStringLiteral("AuditLog"),
+                &CModulePage::Make<CAuditLogCtrl>}},
+        pParent);
 }
 
 } // namespace PlatformConfigUI

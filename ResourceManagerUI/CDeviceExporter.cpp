@@ -4,11 +4,8 @@
 #include "CDeviceListView.h"
 #include "CDeviceModel.h"
 
-#include <VxGUI/VxDialogService.h>
-#include <VxGUI/VxWaitDialog.h>
 #include <common/CPage.h>
-
-#include <QtConcurrent>
+#include <common/Prompt.h>
 
 namespace ResourceManagerUI {
 
@@ -26,37 +23,26 @@ CDeviceExporter::CDeviceExporter(Common::CPage* pPage, const CDeviceListView* pL
     , m_pPage(pPage)
     , m_pList(pList)
     , m_calls(pPage->GetInterfaceSet(), this)
+    , m_transfer(pPage, this)
 {
-    connect(&m_written, &QFutureWatcher<QString>::finished, this, &CDeviceExporter::OnWritten);
-}
-
-CDeviceExporter::~CDeviceExporter()
-{
-    m_written.waitForFinished();
 }
 
 void CDeviceExporter::Start(const GroupLogical::DevicePageRequest_t& request)
 {
     const QPointer<CDeviceExporter> guard(this);
-    QString sPath = VxGUI::VxDialogService::Current()->SaveFile(
-        m_pPage, Text::tr("Export"), QStringLiteral("devices.xlsx"), QStringLiteral("*.xlsx"));
+    const QString sPath = Common::AskSaveFile(
+        m_pPage, Text::tr("Export"), QStringLiteral("devices.xlsx"), QStringLiteral(".xlsx"));
     if (sPath.isEmpty() || !guard)
         return;
-    if (!sPath.endsWith(QStringLiteral(".xlsx"), Qt::CaseInsensitive))
-        sPath += QStringLiteral(".xlsx");
+    m_transfer.Start(Text::tr("Exporting devices"), [this] { m_calls.ForgetAll(); });
     m_calls.Latest<&IGroupManager::ExportDevice>(
         request, [this, sPath](const Answer& pAnswer) { OnAnswer(sPath, pAnswer); });
-    m_pWaitDialog = new VxGUI::VxWaitDialog(Text::tr("Exporting devices"), m_pPage);
-    m_pWaitDialog->setAttribute(Qt::WA_DeleteOnClose);
-    m_pWaitDialog->SetProgress(-1);
-    m_pWaitDialog->SetCancellable(false);
-    m_pWaitDialog->open();
 }
 
 void CDeviceExporter::OnAnswer(const QString& sPath, const Answer& pAnswer)
 {
     if (pAnswer->nErrorCode != UICommonMdl::ErrorNone) {
-        CloseWaitDialog();
+        m_transfer.Finish();
         m_pPage->NotifyFailure(Text::tr("Failed to export device info"), pAnswer->nErrorCode);
         return;
     }
@@ -68,25 +54,18 @@ void CDeviceExporter::OnAnswer(const QString& sPath, const Answer& pAnswer)
         vecColumns.append(nColumn);
         listHeader.append(m_pList->GetDevices()->GetColumns()[nColumn].sHeader);
     }
-    m_written.setFuture(QtConcurrent::run(
-        [writer = CDeviceExport(sPath, vecColumns, listHeader, pAnswer)] { return writer.Write(); }));
+    m_transfer.Write(
+        [writer = CDeviceExport(sPath, vecColumns, listHeader, pAnswer)] { return writer.Write(); },
+        [this](const QString& sError) { OnWritten(sError); });
 }
 
-void CDeviceExporter::OnWritten()
+void CDeviceExporter::OnWritten(const QString& sError)
 {
-    CloseWaitDialog();
-    const QString sError = m_written.result();
     if (sError.isEmpty())
         m_pPage->Notify(Text::tr("Devices are exported."), VxGUI::NotificationKind::Success);
     else
         m_pPage->Notify(Text::tr("Failed to export device info") + QStringLiteral(": ") + sError,
             VxGUI::NotificationKind::Error);
-}
-
-void CDeviceExporter::CloseWaitDialog()
-{
-    if (m_pWaitDialog)
-        m_pWaitDialog->accept();
 }
 
 } // namespace ResourceManagerUI

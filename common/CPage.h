@@ -49,6 +49,8 @@ public:
 
 protected:
     CSession& GetSession() { return m_session; }
+    /// Since UninitUI nothing may be started.
+    bool HasEnded() const { return m_bEnded; }
 
     /// The connection was lost, or is back.
     virtual void OnConnectionChanged(bool /*bConnected*/) { }

@@ -146,6 +146,18 @@ QModelIndex CSearchTreeView::FindCode(const QString& sCode) const
     return m_pModel ? m_pProxy->mapFromSource(m_pModel->FindCode(sCode)) : QModelIndex();
 }
 
+QModelIndex CSearchTreeView::FindMatch() const
+{
+    const QString sText = m_pProxy->GetText();
+    // A search unfolds the whole tree.
+    QModelIndex node = sText.isEmpty() ? QModelIndex() : m_pProxy->index(0, 0);
+    while (node.isValid()
+        && !(node.flags().testFlag(Qt::ItemIsEnabled)
+            && node.data().toString().contains(sText, Qt::CaseInsensitive)))
+        node = indexBelow(node);
+    return node;
+}
+
 void CSearchTreeView::resizeEvent(QResizeEvent* pEvent)
 {
     QTreeView::resizeEvent(pEvent);

@@ -40,6 +40,8 @@ public:
     void ClearCurrent();
     /// The node as this view shows it; invalid when it does not.
     QModelIndex FindCode(const QString& sCode) const;
+    /// The first node that the search found and that can be chosen; invalid while nothing is searched.
+    QModelIndex FindMatch() const;
 
 Q_SIGNALS:
     /// GetCurrentCode is another one. The index is invalid when the search hides the node, or nothing is

@@ -177,6 +177,32 @@ void CTableModel::UncheckRows(const std::function<bool(const QString& sId)>& rul
     }
 }
 
+void CTableModel::SetChecked(const QVector<CheckedItem>& vecChecked)
+{
+    m_vecElsewhere.clear();
+    {
+        const QSignalBlocker blocker(this);
+        UncheckRows([](const QString&) { return true; });
+        for (const CheckedItem& checked : vecChecked) {
+            const int nRow = FindRow(checked.sId);
+            if (nRow < 0)
+                m_vecElsewhere.append(checked);
+            else
+                item(nRow, m_nCheckColumn)->setCheckState(Qt::Checked);
+        }
+    }
+    TellChecks();
+}
+
+void CTableModel::TellChecks()
+{
+    if (m_nCheckColumn >= 0 && rowCount() > 0)
+        Q_EMIT dataChanged(
+            index(0, m_nCheckColumn), index(rowCount() - 1, m_nCheckColumn), {Qt::CheckStateRole});
+    else
+        Q_EMIT SignalChecksChanged();
+}
+
 void CTableModel::ClearChecks()
 {
     m_vecElsewhere.clear();
@@ -184,11 +210,7 @@ void CTableModel::ClearChecks()
         const QSignalBlocker blocker(this);
         UncheckRows([](const QString&) { return true; });
     }
-    if (m_nCheckColumn >= 0 && rowCount() > 0)
-        Q_EMIT dataChanged(
-            index(0, m_nCheckColumn), index(rowCount() - 1, m_nCheckColumn), {Qt::CheckStateRole});
-    else
-        Q_EMIT SignalChecksChanged();
+    TellChecks();
 }
 
 void CTableModel::ForgetIds(const QStringList& listIds)

@@ -60,6 +60,8 @@ public:
     void SetAllChecked(bool bChecked);
     /// Whether none, some or all of the rows that are shown and can be checked are checked.
     Qt::CheckState GetCheckSummary() const;
+    /// These are checked, whether they are shown or not, and nothing else. Only with KeepChecks.
+    void SetChecked(const QVector<CheckedItem>& vecChecked);
     /// Nothing is checked any more, on no page.
     void ClearChecks();
     /// These do not exist any more: they are not checked any more.
@@ -77,6 +79,7 @@ Q_SIGNALS:
 private:
     bool IsRowChecked(int nRow) const;
     CheckedItem GetItem(int nRow) const;
+    void TellChecks();
     void UncheckRows(const std::function<bool(const QString& sId)>& rule);
 
     QVector<Column> m_vecColumns;

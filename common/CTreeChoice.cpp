@@ -1,5 +1,6 @@
 #include "CTreeChoice.h"
 
+#include <UICommonMdl/CCodeTreeModel.h>
 #include <VxGUI/VxSearchBox.h>
 
 #include <QVBoxLayout>
@@ -33,6 +34,16 @@ void CTreeChoice::Start(const QString& sCode)
         m_pTree->ClearCurrent();
     m_pTree->SelectCode(sCode);
     m_pSearch->setFocus();
+}
+
+void CTreeChoice::Search(const QString& sText)
+{
+    m_pSearch->setText(sText);
+}
+
+void CTreeChoice::ChooseMatch()
+{
+    m_pTree->SelectCode(UICommonMdl::CCodeTreeModel::GetCode(m_pTree->FindMatch()));
 }
 
 } // namespace Common

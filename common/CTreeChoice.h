@@ -24,6 +24,11 @@ public:
     QString GetCode() const { return m_pTree->GetCurrentCode(); }
     /// An empty search, the whole tree unfolded and that node chosen, with the keyboard in the search field.
     void Start(const QString& sCode);
+    /// Searches for that text, with the cursor behind it.
+    void Search(const QString& sText);
+    /// Makes the first node that the search found and that can be chosen the chosen one; nothing while
+    /// nothing is searched.
+    void ChooseMatch();
 
 Q_SIGNALS:
     /// A node was double-clicked, or Enter pressed on it.

@@ -7,6 +7,7 @@
 #include <VxGUI/VxDialogService.h>
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QPointer>
 
 namespace Common {
@@ -39,6 +40,25 @@ bool AskDelete(QWidget* pParent, const QString& sQuestion, const QStringList& li
         pDialog, {true, sQuestion, CDeletePromptDlg::GetNameLines(listNames)});
     delete pDialog;
     return bOk && guard == pParent;
+}
+
+QString AskSaveFile(QWidget* pParent, const QString& sTitle, const QString& sProposal, const QString& sEnding)
+{
+    const QPointer<QWidget> guard(pParent);
+    QString sPath =
+        VxGUI::VxDialogService::Current()->SaveFile(pParent, sTitle, sProposal, QLatin1Char('*') + sEnding);
+    if (sPath.isEmpty() || guard != pParent)
+        return {};
+    if (sPath.endsWith(sEnding, Qt::CaseInsensitive))
+        return sPath;
+    // The chooser asked about the name without the ending.
+    sPath += sEnding;
+    if (QFileInfo::exists(sPath)
+        && !AskPrompt(pParent,
+            Text::tr("The file %1 exists already. Are you sure to replace it?")
+                .arg(QFileInfo(sPath).fileName())))
+        return {};
+    return sPath;
 }
 
 void ShowFailures(QWidget* pParent, const QString& sText, const QVector<Failure>& vecFailures)

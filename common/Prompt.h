@@ -17,6 +17,10 @@ bool AskPrompt(QWidget* pParent, const QString& sText);
 bool AskCancel(QWidget* pEditor, bool bChanged);
 /// As AskPrompt, for a deletion: names what goes, and Enter at once does not delete it.
 bool AskDelete(QWidget* pParent, const QString& sQuestion, const QStringList& listNames);
+/// Where a file is to go; sEnding (".xlsx") is the filter, and added to a name without it. Empty: given up,
+/// or pParent is gone by then.
+QString AskSaveFile(
+    QWidget* pParent, const QString& sTitle, const QString& sProposal, const QString& sEnding);
 /// Lists what failed in a batch, each refusal once. Comes back when the list is closed; pParent may be gone
 /// then.
 void ShowFailures(QWidget* pParent, const QString& sText, const QVector<Failure>& vecFailures);

@@ -3,6 +3,8 @@
 #include "PersonFields.h"
 #include "ui_CAccessControlInfo.h"
 
+#include <common/Wheel.h>
+
 #include <QCoreApplication>
 #include <QLineEdit>
 #include <QPushButton>
@@ -25,8 +27,8 @@ CAccessControlInfo::CAccessControlInfo(QWidget* pParent)
     m_pUi->setupUi(this);
     for (const int nType : GetAccessTypes())
         m_pUi->m_pCmbAccessType->addItem(GetPersonTypeText(nType), nType);
-    PersonFields::KeepFromWheel(m_pUi->m_pCmbAccessType);
-    PersonFields::KeepFromWheel(m_pUi->m_pSpbCardTimes);
+    Common::KeepFromWheel(m_pUi->m_pCmbAccessType);
+    Common::KeepFromWheel(m_pUi->m_pSpbCardTimes);
     PersonFields::DeclareChecks(m_pUi->m_pEditExtendTime, PersonField::ExtendTime);
     m_pUi->m_pSpbCardTimes->setRange(CardTimes.nMin, CardTimes.nMax);
     m_pUi->m_pAccessGroups->SetUp({Text::tr("Access Permission Group Name")},

@@ -31,7 +31,7 @@ CFaceComparisonInfo::CFaceComparisonInfo(QWidget* pParent)
     m_pUi->m_pBtnAddFaceGroup->setIcon(Trv::GetIcon(QStringLiteral("add")));
     connect(m_pUi->m_pBtnAddFaceGroup, &QAbstractButton::clicked, this,
         &CFaceComparisonInfo::SignalAddFaceLibrary);
-    connect(m_pUi->m_pFaceGroups, &CChosenTable::SignalRemoved, this, &CPersonSection::SignalChanged);
+    connect(m_pUi->m_pFaceGroups, &Common::CChosenTable::SignalRemoved, this, &CPersonSection::SignalChanged);
 }
 
 CFaceComparisonInfo::~CFaceComparisonInfo() = default;

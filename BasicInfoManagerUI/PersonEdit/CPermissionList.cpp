@@ -1,8 +1,7 @@
 #include "CPermissionList.h"
 
-#include "CChosenTable.h"
-
 #include <Trv/QSkin.h>
+#include <common/CChosenTable.h>
 
 #include <QPushButton>
 #include <QTableView>
@@ -20,7 +19,7 @@ QVector<ChoiceRow> MakeChoiceRows(const std::vector<AccessControlLogical::Choice
 
 CPermissionList::CPermissionList(QWidget* pParent)
     : QWidget(pParent)
-    , m_pTable(new CChosenTable(this))
+    , m_pTable(new Common::CChosenTable(this))
     , m_pAdd(new QPushButton(this))
 {
     m_pAdd->setIcon(Trv::GetIcon(QStringLiteral("add")));
@@ -33,7 +32,7 @@ CPermissionList::CPermissionList(QWidget* pParent)
     pLayout->addWidget(m_pTable);
     pLayout->addLayout(pButtons);
     connect(m_pAdd, &QPushButton::clicked, this, &CPermissionList::SignalAdd);
-    connect(m_pTable, &CChosenTable::SignalRemoved, this, &CPermissionList::SignalChanged);
+    connect(m_pTable, &Common::CChosenTable::SignalRemoved, this, &CPermissionList::SignalChanged);
 }
 
 void CPermissionList::SetUp(

@@ -8,10 +8,11 @@
 #include <QWidget>
 
 class QPushButton;
+namespace Common {
+class CChosenTable;
+}
 
 namespace BasicInfoManagerUI {
-
-class CChosenTable;
 
 /// Rows of an adder over groups that have a name alone.
 QVector<ChoiceRow> MakeChoiceRows(const std::vector<AccessControlLogical::Choice_t>& vecChoices);
@@ -45,7 +46,7 @@ Q_SIGNALS:
 
 private:
     QStringList m_listHeaders;
-    CChosenTable* m_pTable;
+    Common::CChosenTable* m_pTable;
     QPushButton* m_pAdd;
     QVector<ChoiceRow> m_vecChoices;
     QPointer<CChoiceDlg> m_pAdder;

@@ -4,6 +4,8 @@
 #include "ui_CPersonBasicInfo.h"
 
 #include <VxGUI/RequiredMark.h>
+#include <common/PersonGroups.h>
+#include <common/Wheel.h>
 
 #include <QCoreApplication>
 #include <QLineEdit>
@@ -53,19 +55,20 @@ void CPersonBasicInfo::SetUpFields()
     }
     // In the order of the codes 0, 1 and 2.
     m_pUi->m_pCmbGender->addItems({Text::tr("Unknown"), Text::tr("Male"), Text::tr("Female")});
-    PersonFields::KeepFromWheel(m_pUi->m_pCmbGender);
+    Common::KeepFromWheel(m_pUi->m_pCmbGender);
     m_pUi->m_pValidFrom->SetCaption(Text::tr("Valid From"));
     m_pUi->m_pValidTo->SetCaption(Text::tr("Valid To"));
     const QDate today = QDate::currentDate();
     m_pUi->m_pValidFrom->SetProposal(today.startOfDay());
     m_pUi->m_pValidTo->SetProposal(QDateTime(today.addYears(1), QTime(23, 59, 59)));
-    for (COptionalDateEdit* const pDate : {m_pUi->m_pValidFrom, m_pUi->m_pValidTo}) {
-        pDate->SetWithTime(true);
-        connect(pDate, &COptionalDateEdit::SignalChanged, this, &CPersonSection::SignalChanged);
+    for (Common::COptionalDateEdit* const pDate : {m_pUi->m_pValidFrom, m_pUi->m_pValidTo}) {
+        pDate->SetPrecision(Common::COptionalDateEdit::Precision::Second);
+        connect(pDate, &Common::COptionalDateEdit::SignalChanged, this, &CPersonSection::SignalChanged);
     }
     connect(m_pUi->m_pCmbGender, qOverload<int>(&QComboBox::activated), this, &CPersonSection::SignalChanged);
+    Common::ShowPersonGroups(m_pUi->m_pCmbGroup);
     m_pUi->m_pCmbGroup->SetKeepsUnknown(true);
-    connect(m_pUi->m_pCmbGroup, &CDepartmentComboBox::SignalCodeChanged, this, [this] {
+    connect(m_pUi->m_pCmbGroup, &Common::CTreeComboBox::SignalCodeChanged, this, [this] {
         m_pUi->lbGroupHint->hide();
         Q_EMIT SignalChanged();
     });
@@ -111,7 +114,7 @@ QString CPersonBasicInfo::CheckInput()
             CheckValidPeriod(m_pUi->m_pValidFrom->GetSeconds(), m_pUi->m_pValidTo->GetSeconds());
         m_pUi->m_pValidTo->SetErrorHint(sFailure);
         if (!sFailure.isEmpty())
-            m_pUi->m_pValidTo->setFocus();
+            m_pUi->m_pValidTo->FocusDate();
         return sFailure;
     };
     for (const auto& field : Fields) {
@@ -168,7 +171,8 @@ bool CPersonBasicInfo::ShowRefusal(const std::string& sMember, const QString& sT
         m_pUi->lbGroupHint->show();
         m_pUi->m_pCmbGroup->setFocus();
     } else if (sMember == "nValidFrom" || sMember == "nValidTo") {
-        COptionalDateEdit* const pDate = sMember == "nValidFrom" ? m_pUi->m_pValidFrom : m_pUi->m_pValidTo;
+        Common::COptionalDateEdit* const pDate =
+            sMember == "nValidFrom" ? m_pUi->m_pValidFrom : m_pUi->m_pValidTo;
         pDate->SetErrorHint(sText);
         pDate->setFocus();
     } else if (sMember == "sPhotoData" || sMember == "sPhotoUrl") {

@@ -25,7 +25,7 @@ CPersonBatchSelectUI::CPersonBatchSelectUI(QWidget* pParent)
         {Text::tr("Person ID"), Text::tr("Person Name")}, Text::tr("No person is selected."));
     m_pUi->m_pSelected->SetFilling();
     m_pUi->m_pSelected->GetView()->setAccessibleName(Text::tr("Selected"));
-    connect(m_pUi->m_pSelected, &CChosenTable::SignalRemoved, this, [this] {
+    connect(m_pUi->m_pSelected, &Common::CChosenTable::SignalRemoved, this, [this] {
         ShowCount();
         Q_EMIT SignalChanged();
     });

@@ -28,7 +28,7 @@ const struct
     {&Form::m_pEditPosition, PersonField::Position, &Person_t::sPosition, "sPosition"}};
 const struct
 {
-    COptionalDateEdit* Form::*pEdit;
+    Common::COptionalDateEdit* Form::*pEdit;
     std::string Person_t::*pMember;
     const char* pszMember;
 } Dates[] = {{&Form::m_pBirthday, &Person_t::sBirthday, "sBirthday"},
@@ -50,7 +50,8 @@ CPersonDetailInfo::CPersonDetailInfo(QWidget* pParent)
     m_pUi->m_pBirthday->SetCaption(Text::tr("Birthday"));
     m_pUi->m_pEntryDate->SetCaption(Text::tr("Entry Date"));
     for (const auto& date : Dates)
-        connect(*m_pUi.*date.pEdit, &COptionalDateEdit::SignalChanged, this, &CPersonSection::SignalChanged);
+        connect(*m_pUi.*date.pEdit, &Common::COptionalDateEdit::SignalChanged, this,
+            &CPersonSection::SignalChanged);
 }
 
 CPersonDetailInfo::~CPersonDetailInfo() = default;

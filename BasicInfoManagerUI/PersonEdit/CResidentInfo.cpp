@@ -3,6 +3,8 @@
 #include "PersonFields.h"
 #include "ui_CResidentInfo.h"
 
+#include <common/Wheel.h>
+
 #include <QCoreApplication>
 
 namespace BasicInfoManagerUI {
@@ -22,7 +24,7 @@ CResidentInfo::CResidentInfo(QWidget* pParent)
 {
     m_pUi->setupUi(this);
     m_pUi->lbRoomHint->setProperty("hint", true);
-    PersonFields::KeepFromWheel(m_pUi->m_pCmbRoom);
+    Common::KeepFromWheel(m_pUi->m_pCmbRoom);
     connect(m_pUi->m_pCmbRoom, qOverload<int>(&QComboBox::activated), this, [this] {
         m_pUi->lbRoomHint->hide();
         Q_EMIT SignalChanged();

@@ -32,7 +32,7 @@ CVehicleInfo::CVehicleInfo(QWidget* pParent)
     connect(m_pUi->m_pBtnAddPlate, &QAbstractButton::clicked, this, &CVehicleInfo::AddTyped);
     connect(m_pUi->m_pEditPlate, &VxGUI::VxLineEdit::returnPressed, this, &CVehicleInfo::AddTyped);
     connect(m_pUi->m_pEditPlate, &VxGUI::VxLineEdit::textEdited, this, &CPersonSection::SignalChanged);
-    connect(m_pUi->m_pPlates, &CChosenTable::SignalRemoved, this, &CPersonSection::SignalChanged);
+    connect(m_pUi->m_pPlates, &Common::CChosenTable::SignalRemoved, this, &CPersonSection::SignalChanged);
 }
 
 CVehicleInfo::~CVehicleInfo() = default;

@@ -2,31 +2,11 @@
 
 #include <VxGUI/VxLineEdit.h>
 
-#include <QEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStyle>
 
 namespace BasicInfoManagerUI::PersonFields {
-
-namespace {
-
-class WheelFilter : public QObject
-{
-public:
-    using QObject::QObject;
-
-    bool eventFilter(QObject* pWatched, QEvent* pEvent) override
-    {
-        const auto* pWidget = qobject_cast<QWidget*>(pWatched);
-        if (pEvent->type() != QEvent::Wheel || !pWidget || pWidget->hasFocus())
-            return QObject::eventFilter(pWatched, pEvent);
-        pEvent->ignore();
-        return true;
-    }
-};
-
-} // namespace
 
 void DeclareChecks(VxGUI::VxLineEdit* pEdit, PersonField field)
 {
@@ -77,12 +57,6 @@ void MakePrimary(QPushButton* pButton)
     // The button box has given it its looks already.
     pButton->style()->unpolish(pButton);
     pButton->style()->polish(pButton);
-}
-
-void KeepFromWheel(QWidget* pField)
-{
-    pField->setFocusPolicy(Qt::StrongFocus);
-    pField->installEventFilter(new WheelFilter(pField));
 }
 
 } // namespace BasicInfoManagerUI::PersonFields

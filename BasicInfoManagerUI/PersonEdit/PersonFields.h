@@ -23,7 +23,4 @@ std::string GetText(const VxGUI::VxLineEdit* pEdit);
 /// Marks the button that confirms a dialog.
 void MakePrimary(QPushButton* pButton);
 
-/// Wheels over a page that scrolls do not change its fields unless they have the focus.
-void KeepFromWheel(QWidget* pField);
-
 } // namespace BasicInfoManagerUI::PersonFields

@@ -7,6 +7,7 @@
 #include <UICommonMdl/ErrorCodes.h>
 #include <VxGUI/RequiredMark.h>
 #include <VxGUI/VxNotification.h>
+#include <common/PersonGroups.h>
 #include <common/Prompt.h>
 #include <common/StyleSheet.h>
 
@@ -60,17 +61,17 @@ void CPersonGroupEditUI::SetUpFields()
     m_pUi->m_pEditRemark->SetRule(AccessControlLogical::DepartmentRemark,
         Text::tr("The remark length cannot exceed %1 characters."),
         Text::tr("Special characters < and > are not allowed."));
+    Common::ShowPersonGroups(m_pUi->m_pCmbParent);
     VxGUI::MarkRequired(m_pUi->m_pCmbParent);
     m_pUi->m_pCmbParent->SetChoiceRule([this](const QModelIndex& group) {
         return CanBeParent(group, Groups()->FindCode(QString::fromStdString(m_editor.GetLoaded().sCode)));
     });
     m_pUi->lbParentHint->hide();
-    connect(m_pUi->m_pCmbParent, &CDepartmentComboBox::SignalCodeChanged, m_pUi->lbParentHint,
+    connect(m_pUi->m_pCmbParent, &Common::CTreeComboBox::SignalCodeChanged, m_pUi->lbParentHint,
         [this] { m_pUi->lbParentHint->setVisible(false); });
-    m_editor.Fields().Add<std::string>(
-        m_pUi->m_pCmbParent->accessibleName(), &Department_t::sParentCode, [](const std::string& sCode) {
-            const QModelIndex group = Groups()->FindCode(QString::fromStdString(sCode));
-            return group.isValid() ? group.data().toString() : QString::fromStdString(sCode);
+    m_editor.Fields().Add<std::string>(VxGUI::GetFieldName(m_pUi->m_pCmbParent), &Department_t::sParentCode,
+        [this](const std::string& sCode) {
+            return m_pUi->m_pCmbParent->GetName(QString::fromStdString(sCode));
         });
     m_fields.Text(&Department_t::sName, m_pUi->m_pEditGroupName);
     m_fields.Text(&Department_t::sRemark, m_pUi->m_pEditRemark);

@@ -3,9 +3,11 @@
 #include "AuditRules.h"
 
 #include <UICommonMdl/CSpreadsheetWriter.h>
+#include <common/CPage.h>
+#include <common/Prompt.h>
 
 #include <QCoreApplication>
-#include <QtConcurrent>
+#include <QPointer>
 
 namespace PlatformConfigUI {
 
@@ -18,34 +20,30 @@ struct Text
 
 } // namespace
 
-CAuditExport::CAuditExport(const UICommonMdl::CInterfaceSetManager* pInterfaceSet, QObject* pParent)
-    : QObject(pParent)
-    , m_calls(pInterfaceSet, this)
+CAuditExport::CAuditExport(Common::CPage* pPage)
+    : QObject(pPage)
+    , m_pPage(pPage)
+    , m_calls(pPage->GetInterfaceSet(), this)
+    , m_transfer(pPage, this)
 {
-    connect(this, &CAuditExport::SignalWritten, this, &CAuditExport::OnWritten, Qt::QueuedConnection);
 }
 
-CAuditExport::~CAuditExport()
+void CAuditExport::Start(const UserLogical::AuditRequest_t& request)
 {
-    m_future.waitForFinished();
-}
-
-void CAuditExport::Start(const UserLogical::AuditRequest_t& request, const QString& sPath)
-{
+    const QPointer<CAuditExport> guard(this);
     m_request = request;
+    const QString sPath = Common::AskSaveFile(
+        m_pPage, Text::tr("Export"), QStringLiteral("audit-log.xlsx"), QStringLiteral(".xlsx"));
+    if (!guard || sPath.isEmpty())
+        return;
+    m_sPath = sPath;
     m_request.nPage = 1;
     m_request.nPageSize = PieceSize;
     m_request.nBelowId = 0;
-    m_sPath = sPath;
     m_vecEntries.clear();
     m_nFound = 0;
+    m_transfer.Start(Text::tr("Exporting the audit log"), [this] { m_calls.ForgetAll(); });
     QueryPiece();
-}
-
-void CAuditExport::Cancel()
-{
-    m_calls.ForgetAll();
-    m_vecEntries.clear();
 }
 
 void CAuditExport::QueryPiece()
@@ -57,8 +55,8 @@ void CAuditExport::QueryPiece()
 void CAuditExport::OnPiece(const Param& param)
 {
     if (param.nErrorCode != UICommonMdl::ErrorNone) {
-        Cancel();
-        Q_EMIT SignalFinished(param.nErrorCode, QString(), 0, m_nFound);
+        m_transfer.Finish();
+        m_pPage->NotifyFailure(Text::tr("Failed to export the audit log"), param.nErrorCode);
         return;
     }
     const std::vector<UserLogical::AuditEntry_t>& vecPiece = param.auditPage.vecEntries;
@@ -70,7 +68,7 @@ void CAuditExport::OnPiece(const Param& param)
     const int nRead = int(m_vecEntries.size());
     // Entries that came in the meantime are newer than the first piece.
     m_nFound = qMax(m_nFound, nRead);
-    Q_EMIT SignalProgress(nRead, qMin(m_nFound, Limit));
+    m_transfer.SetProgress(nRead, qMin(m_nFound, Limit));
     if (vecPiece.size() < std::size_t(PieceSize) || nRead >= Limit) {
         Write();
         return;
@@ -81,25 +79,33 @@ void CAuditExport::OnPiece(const Param& param)
 
 void CAuditExport::Write()
 {
-    Q_EMIT SignalWriting();
-    m_future = QtConcurrent::run([this] {
+    const auto pEntries =
+        std::make_shared<const std::vector<UserLogical::AuditEntry_t>>(std::exchange(m_vecEntries, {}));
+    const auto write = [pEntries, sPath = m_sPath] {
         std::size_t nNext = 0;
-        const auto next = [this, &nNext](QStringList& row) {
-            if (nNext == m_vecEntries.size())
+        const auto next = [&](QStringList& row) {
+            if (nNext == pEntries->size())
                 return false;
-            row = GetAuditTexts(m_vecEntries[nNext++]);
+            row = GetAuditTexts((*pEntries)[nNext++]);
             return true;
         };
-        Q_EMIT SignalWritten(
-            UICommonMdl::CSpreadsheetWriter::Write(m_sPath, Text::tr("Audit Log"), GetAuditHeader(), next));
-    });
+        return UICommonMdl::CSpreadsheetWriter::Write(sPath, Text::tr("Audit Log"), GetAuditHeader(), next);
+    };
+    m_transfer.Write(write,
+        [this, nWritten = int(pEntries->size())](const QString& sError) { OnWritten(nWritten, sError); });
 }
 
-void CAuditExport::OnWritten(const QString& sError)
+void CAuditExport::OnWritten(int nWritten, const QString& sError)
 {
-    const int nWritten = int(m_vecEntries.size());
-    m_vecEntries.clear();
-    Q_EMIT SignalFinished(UICommonMdl::ErrorNone, sError, nWritten, m_nFound);
+    using Kind = VxGUI::NotificationKind;
+    if (!sError.isEmpty())
+        m_pPage->Notify(
+            Text::tr("Failed to export the audit log") + QStringLiteral(": ") + sError, Kind::Error);
+    else if (nWritten < m_nFound)
+        m_pPage->Notify(
+            Text::tr("The newest %1 of %2 entries are exported.").arg(nWritten).arg(m_nFound), Kind::Warning);
+    else
+        m_pPage->Notify(Text::tr("The audit log is exported."), Kind::Success);
 }
 
 } // namespace PlatformConfigUI

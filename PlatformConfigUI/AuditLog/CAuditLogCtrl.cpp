@@ -6,11 +6,8 @@
 #include "CAuditListView.h"
 
 #include <UICommonMdl/CNumberPageCtrl.h>
-#include <VxGUI/VxDialogService.h>
-#include <VxGUI/VxWaitDialog.h>
 #include <common/CListStatus.h>
 #include <common/CTableModel.h>
-#include <common/Prompt.h>
 
 #include <QShortcut>
 #include <QShowEvent>
@@ -32,7 +29,7 @@ CAuditLogCtrl::CAuditLogCtrl(UICommonMdl::CInterfaceSetManager* pInterfaceSet, Q
     : CListPage(pInterfaceSet, QString(), pParent)
     , m_pFilter(new CAuditFilter)
     , m_pList(new CAuditListView)
-    , m_pExport(new CAuditExport(pInterfaceSet, this))
+    , m_pExport(new CAuditExport(this))
     , m_request(m_pFilter->Read().value())
     , m_calls(pInterfaceSet, this)
 {
@@ -45,7 +42,6 @@ CAuditLogCtrl::CAuditLogCtrl(UICommonMdl::CInterfaceSetManager* pInterfaceSet, Q
     GetFrame()->GetStatus()->SetTotalText(Text::tr("Entries: %1"));
     GetFrame()->GetPager()->setObjectName(QStringLiteral("m_pPageCtrl"));
     SetUpToolBar();
-    SetUpExport();
     GetFrame()->Remember(pInterfaceSet->GetLocalConfig(), QStringLiteral("AuditLog"));
     connect(m_pFilter, &CAuditFilter::SignalSearch, this, &CAuditLogCtrl::OnSearch);
     connect(m_pList, &CAuditListView::SignalDetails, this,
@@ -62,10 +58,11 @@ void CAuditLogCtrl::SetUpToolBar()
     const Common::Need entries = [this] {
         return m_pList->GetTable()->rowCount() > 0 ? QString() : Text::tr("There is nothing to export.");
     };
-    GetToolBar()->AddAction({"btnExport", "export", Text::tr("Export"), [this] { OnExport(); },
-        {connection,
-            NeedsRight(RightExportAudit, Text::tr("You do not have the right to export the audit log.")),
-            entries}});
+    GetToolBar()->AddAction(
+        {"btnExport", "export", Text::tr("Export"), [this] { m_pExport->Start(m_request); },
+            {connection,
+                NeedsRight(RightExportAudit, Text::tr("You do not have the right to export the audit log.")),
+                entries}});
     GetToolBar()->AddAction(
         {"btnRefresh", "refresh", Text::tr("Refresh"), [this] { QueryRows(); }, {connection}, Qt::Key_F5});
 }
@@ -115,64 +112,6 @@ bool CAuditLogCtrl::IsFiltered() const
     all.nPage = m_request.nPage;
     all.nPageSize = m_request.nPageSize;
     return !(m_request == all);
-}
-
-void CAuditLogCtrl::SetUpExport()
-{
-    connect(m_pExport, &CAuditExport::SignalProgress, this, [this](int nRead, int nTotal) {
-        if (m_pWaitDialog)
-            m_pWaitDialog->SetProgress(nTotal > 0 ? int(qint64(nRead) * 100 / nTotal) : 100);
-    });
-    connect(m_pExport, &CAuditExport::SignalWriting, this, [this] {
-        if (!m_pWaitDialog)
-            return;
-        m_pWaitDialog->SetText(Text::tr("Writing the file"));
-        m_pWaitDialog->SetProgress(-1);
-        m_pWaitDialog->SetCancellable(false);
-    });
-    connect(m_pExport, &CAuditExport::SignalFinished, this, &CAuditLogCtrl::OnExportFinished);
-}
-
-void CAuditLogCtrl::OnExport()
-{
-    QString sPath = VxGUI::VxDialogService::Current()->SaveFile(
-        this, Text::tr("Export"), QStringLiteral("audit-log.xlsx"), QStringLiteral("*.xlsx"));
-    if (sPath.isEmpty())
-        return;
-    if (!sPath.endsWith(QStringLiteral(".xlsx"), Qt::CaseInsensitive))
-        sPath += QStringLiteral(".xlsx");
-    m_pExport->Start(m_request, sPath);
-    m_pWaitDialog = new VxGUI::VxWaitDialog(Text::tr("Exporting the audit log"), this);
-    m_pWaitDialog->setAttribute(Qt::WA_DeleteOnClose);
-    m_pWaitDialog->SetProgress(0);
-    m_pWaitDialog->SetCancellable(true);
-    connect(m_pWaitDialog, &VxGUI::VxWaitDialog::SignalCancelled, this, [this] {
-        m_pExport->Cancel();
-        EndExport();
-    });
-    m_pWaitDialog->open();
-}
-
-void CAuditLogCtrl::OnExportFinished(int nErrorCode, const QString& sError, int nWritten, int nFound)
-{
-    using Kind = VxGUI::NotificationKind;
-    EndExport();
-    const QString sFailed = Text::tr("Failed to export the audit log");
-    if (nErrorCode != UICommonMdl::ErrorNone)
-        NotifyFailure(sFailed, nErrorCode);
-    else if (!sError.isEmpty())
-        Notify(sFailed + QStringLiteral(": ") + sError, Kind::Error);
-    else if (nWritten < nFound)
-        Notify(
-            Text::tr("The newest %1 of %2 entries are exported.").arg(nWritten).arg(nFound), Kind::Warning);
-    else
-        Notify(Text::tr("The audit log is exported."), Kind::Success);
-}
-
-void CAuditLogCtrl::EndExport()
-{
-    if (m_pWaitDialog)
-        m_pWaitDialog->accept();
 }
 
 } // namespace PlatformConfigUI

@@ -2,12 +2,6 @@
 
 #include <common/CListPage.h>
 
-#include <QPointer>
-
-namespace VxGUI {
-class VxWaitDialog;
-}
-
 namespace PlatformConfigUI {
 
 class CAuditExport;
@@ -34,19 +28,13 @@ private:
     bool IsFiltered() const override;
 
     void SetUpToolBar();
-    void SetUpExport();
     void OnSearch();
     void OnPage(const Param& param);
-
-    void OnExport();
-    void OnExportFinished(int nErrorCode, const QString& sError, int nWritten, int nFound);
-    void EndExport();
 
     CAuditFilter* m_pFilter;
     CAuditListView* m_pList;
     CAuditExport* m_pExport;
     UserLogical::AuditRequest_t m_request; ///< whose entries are shown
-    QPointer<VxGUI::VxWaitDialog> m_pWaitDialog;
     Common::CCalls<UserLogical::IUserManagerObserve> m_calls;
 };
 

@@ -92,8 +92,10 @@ void CUserBasicInfoWidget::SetUpFields()
         if (bChange)
             m_pUi->edtPassword->setFocus();
     });
-    for (QAbstractButton* pSwitch : {m_pUi->swPasswordInterval, m_pUi->swExpiry})
-        connect(pSwitch, &QAbstractButton::toggled, this, &CUserBasicInfoWidget::UpdateFields);
+    connect(m_pUi->swPasswordInterval, &QAbstractButton::toggled, this, &CUserBasicInfoWidget::UpdateFields);
+    m_pUi->dteExpiry->UseSwitch();
+    m_pUi->dteExpiry->SetCaption(Text::tr("Expiry Date"));
+    m_pUi->dteExpiry->SetPrecision(Common::COptionalDateEdit::Precision::Minute);
     connect(m_pUi->edtPasswordDays, &VxLineEdit::textChanged, this, &CUserBasicInfoWidget::UpdateExpiration);
 }
 
@@ -105,10 +107,17 @@ void CUserBasicInfoWidget::Describe(Common::RecordFields<User_t>& fields) const
     add(m_pUi->swForceChange, &User_t::bForceChange);
     add(m_pUi->swPasswordInterval, &User_t::bPasswordInterval);
     add(m_pUi->edtPasswordDays, &User_t::nPasswordDays);
-    add(m_pUi->swExpiry, &User_t::bExpiry);
-    fields.Add<std::int64_t>(VxGUI::GetFieldName(m_pUi->dteExpiry), &User_t::nExpiry,
-        [sFormat = m_pUi->dteExpiry->displayFormat()](
-            std::int64_t nTime) { return QDateTime::fromMSecsSinceEpoch(nTime).toString(sFormat); });
+    fields.AddText(
+        Text::tr("Expiry Date"),
+        [](const User_t& user) {
+            return user.bExpiry
+                ? QLocale().toString(QDateTime::fromMSecsSinceEpoch(user.nExpiry), QLocale::ShortFormat)
+                : Text::tr("Never");
+        },
+        [](User_t& to, const User_t& from) {
+            to.bExpiry = from.bExpiry;
+            to.nExpiry = from.nExpiry;
+        });
     add(m_pUi->edtPtzLevel, &User_t::nPtzLevel);
     add(m_pUi->edtEmail, &User_t::sEmail);
     add(m_pUi->edtRemark, &User_t::sRemark);
@@ -130,10 +139,9 @@ void CUserBasicInfoWidget::ShowUser(const User_t& user, Mode mode)
     m_pUi->swPasswordInterval->setChecked(user.bPasswordInterval);
     SetText(m_pUi->edtPasswordDays,
         QString::number(user.nPasswordDays > 0 ? user.nPasswordDays : DefaultPasswordDays));
-    m_pUi->swExpiry->setChecked(user.bExpiry);
-    m_pUi->dteExpiry->setDateTime(
+    m_pUi->dteExpiry->SetProposal(
         user.nExpiry > 0 ? QDateTime::fromMSecsSinceEpoch(user.nExpiry) : GetDefaultExpiry());
-    m_shownExpiry = m_pUi->dteExpiry->dateTime();
+    m_pUi->dteExpiry->SetSeconds(user.bExpiry ? user.nExpiry / 1000 : 0);
     SetText(m_pUi->edtPtzLevel, QString::number(user.nPtzLevel));
     SetText(m_pUi->edtEmail, QString::fromStdString(user.sEmail));
     SetText(m_pUi->edtRemark, QString::fromStdString(user.sRemark));
@@ -170,14 +178,11 @@ void CUserBasicInfoWidget::UpdateFields()
     m_pUi->edtUserName->setReadOnly(m_mode != Mode::Add);
     for (VxLineEdit* pField : {m_pUi->edtPasswordDays, m_pUi->edtPtzLevel, m_pUi->edtEmail, m_pUi->edtRemark})
         pField->setReadOnly(bDetails);
-    for (QWidget* pSwitch :
-        {m_pUi->swMultiLogin, m_pUi->swForceChange, m_pUi->swPasswordInterval, m_pUi->swExpiry})
+    for (QWidget* pSwitch : {m_pUi->swMultiLogin, m_pUi->swForceChange, m_pUi->swPasswordInterval})
         SetReadOnly(pSwitch, bDetails);
-    SetReadOnly(m_pUi->dteExpiry, bDetails);
-    m_pUi->dteExpiry->setReadOnly(bDetails);
+    m_pUi->dteExpiry->SetReadOnly(bDetails);
     m_pUi->wgtMac->SetReadOnly(bDetails);
     m_pUi->wgtPasswordCycle->setEnabled(m_pUi->swPasswordInterval->isChecked());
-    m_pUi->dteExpiry->setEnabled(m_pUi->swExpiry->isChecked());
     UpdateExpiration();
 }
 
@@ -209,10 +214,11 @@ User_t CUserBasicInfoWidget::GetEdited() const
     edited.bPasswordInterval = m_pUi->swPasswordInterval->isChecked();
     if (edited.bPasswordInterval)
         edited.nPasswordDays = m_pUi->edtPasswordDays->text().toInt();
-    edited.bExpiry = m_pUi->swExpiry->isChecked();
+    const std::int64_t nExpiry = m_pUi->dteExpiry->GetSeconds();
+    edited.bExpiry = nExpiry != 0;
     // The field knows fewer digits of the time than the record.
-    if (edited.bExpiry && (!m_loaded.bExpiry || m_pUi->dteExpiry->dateTime() != m_shownExpiry))
-        edited.nExpiry = m_pUi->dteExpiry->dateTime().toMSecsSinceEpoch();
+    if (edited.bExpiry && (!m_loaded.bExpiry || nExpiry != m_loaded.nExpiry / 1000))
+        edited.nExpiry = nExpiry * 1000;
     edited.nPtzLevel = m_pUi->edtPtzLevel->text().toInt();
     edited.sEmail = m_pUi->edtEmail->text().trimmed().toStdString();
     edited.sRemark = m_pUi->edtRemark->text().trimmed().toStdString();
@@ -268,11 +274,12 @@ bool CUserBasicInfoWidget::CheckFields()
         return false;
     if (FailsAt(m_pUi->edtPtzLevel))
         return false;
-    if (m_pUi->swExpiry->isChecked() && m_pUi->dteExpiry->dateTime() < QDateTime::currentDateTime()) {
+    const std::int64_t nExpiry = m_pUi->dteExpiry->GetSeconds();
+    if (nExpiry != 0 && nExpiry < QDateTime::currentSecsSinceEpoch()) {
         VxGUI::VxNotification::Show(this,
             Text::tr("Expiration time cannot be earlier than the current time."),
             VxGUI::NotificationKind::Warning);
-        m_pUi->dteExpiry->setFocus();
+        m_pUi->dteExpiry->FocusDate();
         return false;
     }
     if (FailsAt(m_pUi->edtEmail))

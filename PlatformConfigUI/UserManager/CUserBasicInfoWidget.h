@@ -61,7 +61,6 @@ private:
     std::unique_ptr<Ui::CUserBasicInfoWidget> m_pUi;
     UserLogical::User_t m_loaded;
     Mode m_mode = Mode::Add;
-    QDateTime m_shownExpiry;
 };
 
 } // namespace PlatformConfigUI

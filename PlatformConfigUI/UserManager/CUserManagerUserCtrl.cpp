@@ -11,7 +11,6 @@
 #include <UICommonMdl/CErrorCode.h>
 #include <UICommonMdl/CNumberPageCtrl.h>
 #include <VxGUI/VxSearchBox.h>
-#include <VxGUI/VxWaitDialog.h>
 #include <common/CFailureListDlg.h>
 #include <common/CListStatus.h>
 #include <common/Prompt.h>
@@ -28,7 +27,6 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CUserManagerUserCtrl)
 };
 
-constexpr int WaitDelayMs = 400;
 constexpr int SearchWidth = 260;
 
 } // namespace
@@ -37,8 +35,8 @@ CUserManagerUserCtrl::CUserManagerUserCtrl(UICommonMdl::CInterfaceSetManager* pI
     : CListPage(pInterfaceSet, QString(), pParent)
     , m_pList(new CUserListView)
     , m_pSearch(new VxGUI::VxSearchBox)
-    , m_pWaitTimer(new QTimer(this))
     , m_calls(pInterfaceSet, this)
+    , m_transfer(this, this)
 {
     using Observer = UserLogical::IUserManagerObserve;
     setObjectName(QStringLiteral("CUserManagerUserCtrl"));
@@ -48,7 +46,6 @@ CUserManagerUserCtrl::CUserManagerUserCtrl(UICommonMdl::CInterfaceSetManager* pI
     GetFrame()->SetList(m_pList);
     GetFrame()->GetStatus()->SetTotalText(Text::tr("Users: %1"));
     SetUpToolBar();
-    SetUpWait();
     GetFrame()->Remember(pInterfaceSet->GetLocalConfig(), QStringLiteral("UserManager"));
     connect(m_pList, &CUserListView::SignalOperation, this, &CUserManagerUserCtrl::OnOperation);
     connect(m_pList->GetHeader(), &CUserListHeader::SignalFilterChanged, this,
@@ -90,19 +87,6 @@ void CUserManagerUserCtrl::SetUpToolBar()
     connect(m_pSearch, &VxGUI::VxSearchBox::SignalSearch, this, [this] {
         m_sSearchText = m_pSearch->text().trimmed();
         QueryFirstPage();
-    });
-}
-
-void CUserManagerUserCtrl::SetUpWait()
-{
-    m_pWaitTimer->setSingleShot(true);
-    m_pWaitTimer->setInterval(WaitDelayMs);
-    connect(m_pWaitTimer, &QTimer::timeout, this, [this] {
-        m_pWaitDialog = new VxGUI::VxWaitDialog(m_sWaitText, this);
-        m_pWaitDialog->setAttribute(Qt::WA_DeleteOnClose);
-        m_pWaitDialog->SetCancellable(false);
-        m_pWaitDialog->SetProgress(-1);
-        m_pWaitDialog->open();
     });
 }
 
@@ -216,11 +200,11 @@ void CUserManagerUserCtrl::LockUser(const QString& sUserName, bool bLock)
             NotifyFailure(sFailure, param.nErrorCode);
         QueryRows();
     };
+    WaitFor(bLock ? Text::tr("Locking the user") : Text::tr("Unlocking the user"));
     if (bLock)
         m_calls.Each<&IUserManager::LockUser>(sUserName.toStdString(), onAnswer);
     else
         m_calls.Each<&IUserManager::UnlockUser>(sUserName.toStdString(), onAnswer);
-    WaitFor(bLock ? Text::tr("Locking the user") : Text::tr("Unlocking the user"));
 }
 
 void CUserManagerUserCtrl::DeleteUsers(const QStringList& listNames)
@@ -267,16 +251,12 @@ void CUserManagerUserCtrl::OnUserSaved(bool bNew)
 
 void CUserManagerUserCtrl::WaitFor(const QString& sText)
 {
-    m_sWaitText = sText;
-    if (!m_pWaitDialog)
-        m_pWaitTimer->start();
+    m_transfer.Start(sText, nullptr, Common::CTransfer::Shown::AfterAMoment);
 }
 
 void CUserManagerUserCtrl::OnStopWaitImmediately()
 {
-    m_pWaitTimer->stop();
-    if (m_pWaitDialog)
-        m_pWaitDialog->accept();
+    m_transfer.Finish();
 }
 
 } // namespace PlatformConfigUI

@@ -1,13 +1,11 @@
 #pragma once
 
 #include <common/CListPage.h>
-
-#include <QPointer>
+#include <common/CTransfer.h>
 
 namespace VxGUI {
 class VxSearchBox;
-class VxWaitDialog;
-} // namespace VxGUI
+}
 
 namespace PlatformConfigUI {
 
@@ -36,7 +34,6 @@ private:
     void ApplyRights() override;
 
     void SetUpToolBar();
-    void SetUpWait();
     void OnUserPage(const Param& param);
 
     void OnOperation(int nRole, const QString& sUserName);
@@ -55,10 +52,8 @@ private:
     CUserListView* m_pList;
     VxGUI::VxSearchBox* m_pSearch;
     QString m_sSearchText;
-    QString m_sWaitText;
-    QTimer* m_pWaitTimer;
-    QPointer<VxGUI::VxWaitDialog> m_pWaitDialog;
     Common::CCalls<UserLogical::IUserManagerObserve> m_calls;
+    Common::CTransfer m_transfer;
 };
 
 } // namespace PlatformConfigUI

@@ -52,7 +52,9 @@ void CDevAdd::Describe(Common::RecordFields<Device>& fields) const
     add(m_pUi->editUserName, &Device::sUserName);
     fields.AddSecret(VxGUI::GetFieldName(m_pUi->editPassWord), &Device::sPassword);
     fields.Add<std::string>(
-        VxGUI::GetFieldName(m_pUi->cmbGroupName), &Device::sOrgCode, named(m_pUi->cmbGroupName));
+        VxGUI::GetFieldName(m_pUi->cmbGroupName), &Device::sOrgCode, [this](const std::string& sCode) {
+            return m_pUi->cmbGroupName->GetName(QString::fromStdString(sCode));
+        });
     fields.Add<std::string>(
         VxGUI::GetFieldName(m_pUi->cmbServer), &Device::sServerId, named(m_pUi->cmbServer));
     add(m_pUi->editDevName, &Device::sName);

@@ -40,7 +40,7 @@ void CDevAdd::StartAdd(
     Device device;
     device.nAddMode = GroupLogical::AddByIp;
     device.sUserName = DefaultUserName;
-    device.sOrgCode = FormFields::GetKey(m_pUi->cmbGroupName).toStdString();
+    device.sOrgCode = m_pUi->cmbGroupName->GetCode().toStdString();
     m_editor.BeginNew(device);
     QueryChoices();
 }
@@ -88,7 +88,7 @@ void CDevAdd::ShowRecord(const Device& record)
     FillSeries();
     FormFields::SelectKey(m_pUi->cmbSeries, QString::fromStdString(record.sSeries));
     FormFields::SelectKey(m_pUi->cmbServer, QString::fromStdString(record.sServerId));
-    FormFields::SelectKey(m_pUi->cmbGroupName, QString::fromStdString(record.sOrgCode));
+    m_pUi->cmbGroupName->SetCode(QString::fromStdString(record.sOrgCode));
     FillDirections();
     FormFields::SelectCode(m_pUi->cmbDirection, record.nAccessDirection);
     for (QComboBox* pCombo : combos)
@@ -146,7 +146,7 @@ CDevAdd::Device CDevAdd::GetForm() const
     form.sDeviceType = FormFields::GetKey(m_pUi->cmbDeviceType).toStdString();
     form.sSeries = FormFields::GetKey(m_pUi->cmbSeries).toStdString();
     form.sServerId = FormFields::GetKey(m_pUi->cmbServer).toStdString();
-    form.sOrgCode = FormFields::GetKey(m_pUi->cmbGroupName).toStdString();
+    form.sOrgCode = m_pUi->cmbGroupName->GetCode().toStdString();
     form.nAccessDirection = FormFields::GetCode(m_pUi->cmbDirection);
     form.nLedType = FormFields::GetCode(m_pUi->cmbLedSize);
     (GetModeFields(form.nAddMode).bSerialNumber ? form.sSerialNumber : form.sIp) = Typed(m_pUi->editTxtIP);

@@ -2,7 +2,9 @@
 
 #include <VxGUI/VxLineEdit.h>
 #include <common/COrganizationModel.h>
+#include <common/CTreeComboBox.h>
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -37,16 +39,10 @@ private:
     VxGUI::VxLineEdit* m_pEdit;
 };
 
-void AddOrganizations(
-    QComboBox* pCombo, const Common::COrganizationModel& model, const QModelIndex& parent, int nLevel)
+struct Text
 {
-    for (int nRow = 0; nRow < model.rowCount(parent); ++nRow) {
-        const QModelIndex index = model.index(nRow, 0, parent);
-        AddChoice(pCombo, QString(nLevel * 4, QLatin1Char(' ')) + index.data().toString(), 0,
-            Common::COrganizationModel::GetCode(index));
-        AddOrganizations(pCombo, model, index, nLevel + 1);
-    }
-}
+    Q_DECLARE_TR_FUNCTIONS(CDevAdd)
+};
 
 } // namespace
 
@@ -117,15 +113,20 @@ bool SelectCode(QComboBox* pCombo, int nCode)
     return nIndex >= 0;
 }
 
-void FillOrganizations(QComboBox* pCombo, const std::vector<GroupLogical::Organization_t>& vecOrganizations,
-    const QString& sCode)
+void FillOrganizations(Common::CTreeComboBox* pCombo,
+    const std::vector<GroupLogical::Organization_t>& vecOrganizations, const QString& sCode)
 {
-    pCombo->clear();
-    Common::COrganizationModel model;
-    model.SetOrganizations(vecOrganizations);
-    AddOrganizations(pCombo, model, QModelIndex(), 0);
-    const int nIndex = pCombo->findData(sCode, KeyRole);
-    pCombo->setCurrentIndex(nIndex < 0 && pCombo->count() > 0 ? 0 : nIndex);
+    auto* pModel = pCombo->findChild<Common::COrganizationModel*>();
+    if (!pModel) {
+        pModel = new Common::COrganizationModel(pCombo);
+        pCombo->SetTree(pModel, Text::tr("Organization"));
+        // As the record has it, also where the user does not reach it.
+        pCombo->SetKeepsUnknown(true);
+    }
+    pModel->SetOrganizations(vecOrganizations);
+    pCombo->Restore();
+    const bool bKnown = pModel->FindCode(sCode).isValid();
+    pCombo->SetCode(bKnown ? sCode : Common::COrganizationModel::GetCode(pModel->index(0, 0)));
 }
 
 } // namespace ResourceManagerUI::FormFields

@@ -6,6 +6,9 @@
 
 #include <vector>
 
+namespace Common {
+class CTreeComboBox;
+}
 namespace VxGUI {
 class VxLineEdit;
 }
@@ -35,8 +38,8 @@ int GetCode(const QComboBox* pCombo);
 /// Chooses by the number; false when there is none.
 bool SelectCode(QComboBox* pCombo, int nCode);
 
-/// Fills the list with the tree, indented, and proposes the organisation, or the root when it is not there.
-void FillOrganizations(QComboBox* pCombo, const std::vector<GroupLogical::Organization_t>& vecOrganizations,
-    const QString& sCode);
+/// Has the combo box show the tree, and proposes the organisation, or the root when it is not there.
+void FillOrganizations(Common::CTreeComboBox* pCombo,
+    const std::vector<GroupLogical::Organization_t>& vecOrganizations, const QString& sCode);
 
 } // namespace ResourceManagerUI::FormFields

@@ -6,12 +6,11 @@
 #include <UICommonMdl/ErrorCodes.h>
 #include <UICommonMdl/ITransferManager.h>
 #include <UserLogical/IUserManager.h>
-#include <VxGUI/VxDialogService.h>
 #include <common/Prompt.h>
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <QWidget>
+#include <QPointer>
 
 namespace ResourceManagerUI {
 
@@ -23,15 +22,21 @@ struct Text
 } // namespace
 
 CFileDownload::CFileDownload(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pWindow)
-    : CPageWork(pWindow)
+    : QObject(pWindow)
     , m_pInterfaceSet(pInterfaceSet)
     , m_pTransfers(pInterfaceSet->GetTransferManager())
     , m_pWindow(pWindow)
+    , m_transfer(pWindow, this)
 {
-    if (m_pTransfers) {
-        connect(
-            m_pTransfers, &UICommonMdl::ITransferManager::SignalFinished, this, &CFileDownload::OnFinished);
-    }
+    using UICommonMdl::ITransferManager;
+    if (!m_pTransfers)
+        return;
+    connect(m_pTransfers, &ITransferManager::SignalFinished, this, &CFileDownload::OnFinished);
+    connect(m_pTransfers, &ITransferManager::SignalProgress, this,
+        [this](int nTransfer, qint64 nDone, qint64 nTotal) {
+            if (nTransfer == m_nTransfer)
+                m_transfer.SetProgress(nDone, nTotal);
+        });
 }
 
 void CFileDownload::Start(const Request& request)
@@ -45,7 +50,8 @@ void CFileDownload::Start(const Request& request)
     }
     // The chooser runs for as long as the user likes; the dialog may be gone after it.
     const QPointer<CFileDownload> guard(this);
-    const QString sPath = ChoosePath(request);
+    const QString sPath =
+        Common::AskSaveFile(m_pWindow, Text::tr("Save As"), request.sProposal, request.sEnding);
     if (!guard || sPath.isEmpty())
         return;
     const QFileInfo target(sPath);
@@ -55,48 +61,26 @@ void CFileDownload::Start(const Request& request)
     }
     if (target.exists())
         qInfo("file %s is exists", qPrintable(sPath));
-    const int nTransfer = m_pTransfers->Download(sUrl, sPath);
-    if (nTransfer > 0)
-        m_mapRequests.insert(nTransfer, request);
-    else
+    m_nTransfer = m_pTransfers->Download(sUrl, sPath);
+    if (m_nTransfer <= 0) {
         Q_EMIT SignalEnded(request.sFailed, false);
-}
-
-void CFileDownload::End()
-{
-    const QHash<int, Request> mapRunning = std::exchange(m_mapRequests, {});
-    for (auto it = mapRunning.begin(); it != mapRunning.end(); ++it)
-        m_pTransfers->Cancel(it.key());
-    m_pTransfers = nullptr;
-}
-
-QString CFileDownload::ChoosePath(const Request& request)
-{
-    QString sPath = VxGUI::VxDialogService::Current()->SaveFile(
-        m_pWindow, Text::tr("Save As"), request.sProposal, QLatin1Char('*') + request.sEnding);
-    if (sPath.isEmpty() || sPath.endsWith(request.sEnding, Qt::CaseInsensitive))
-        return sPath;
-    // The chooser asked about the name without the ending.
-    QString sWhole = sPath + request.sEnding;
-    if (QFileInfo::exists(sWhole)
-        && !Common::AskPrompt(m_pWindow,
-            Text::tr("The file %1 exists already. Are you sure to replace it?")
-                .arg(QFileInfo(sWhole).fileName())))
-        return {};
-    return sWhole;
+        return;
+    }
+    m_request = request;
+    m_transfer.Start(
+        Text::tr("Downloading the file"), [this] { m_pTransfers->Cancel(std::exchange(m_nTransfer, 0)); });
 }
 
 void CFileDownload::OnFinished(int nTransfer, int nErrorCode)
 {
-    const auto it = m_mapRequests.find(nTransfer);
-    if (it == m_mapRequests.end())
+    if (nTransfer != m_nTransfer)
         return;
-    const Request request = *it;
-    m_mapRequests.erase(it);
+    m_nTransfer = 0;
+    m_transfer.Finish();
     if (nErrorCode == UICommonMdl::ErrorNone)
-        Q_EMIT SignalEnded(request.sDone, true);
+        Q_EMIT SignalEnded(m_request.sDone, true);
     else
-        Q_EMIT SignalEnded(Common::FailureText(request.sFailed, nErrorCode), false);
+        Q_EMIT SignalEnded(Common::FailureText(m_request.sFailed, nErrorCode), false);
 }
 
 } // namespace ResourceManagerUI

@@ -1,10 +1,6 @@
 #pragma once
 
-#include <common/CPageWork.h>
-
-#include <QHash>
-#include <QPointer>
-#include <QString>
+#include <common/CTransfer.h>
 
 class QWidget;
 namespace UICommonMdl {
@@ -14,9 +10,9 @@ class ITransferManager;
 
 namespace ResourceManagerUI {
 
-/// Lets the user choose where a file of the server goes and downloads it there. Several may run at once; they
-/// go on when this object is destroyed. User-interface thread.
-class CFileDownload : public Common::CPageWork
+/// Lets the user choose where a file of the server goes and downloads it there, one at a time. User-interface
+/// thread.
+class CFileDownload : public QObject
 {
     Q_OBJECT
 
@@ -35,20 +31,19 @@ public:
     CFileDownload(UICommonMdl::CInterfaceSetManager* pInterfaceSet, QWidget* pWindow);
 
     void Start(const Request& request);
-    /// Cancels the downloads that run.
-    void End() override;
 
 Q_SIGNALS:
     void SignalEnded(const QString& sText, bool bGood);
 
 private:
-    QString ChoosePath(const Request& request);
     void OnFinished(int nTransfer, int nErrorCode);
 
     UICommonMdl::CInterfaceSetManager* m_pInterfaceSet;
     UICommonMdl::ITransferManager* m_pTransfers;
-    QPointer<QWidget> m_pWindow;
-    QHash<int, Request> m_mapRequests;
+    QWidget* m_pWindow;
+    int m_nTransfer = 0; ///< that runs; 0: none
+    Request m_request; ///< of that
+    Common::CTransfer m_transfer;
 };
 
 } // namespace ResourceManagerUI

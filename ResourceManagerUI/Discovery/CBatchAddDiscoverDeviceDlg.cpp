@@ -112,7 +112,7 @@ void CBatchAddDiscoverDeviceDlg::OnBtnAddClicked()
     const QStringList listNames = GetNames();
     GroupLogical::ImportRequest_t request;
     request.sSource = "discovery";
-    request.sOrgCode = FormFields::GetKey(m_pUi->cmbBatchOrg).toStdString();
+    request.sOrgCode = m_pUi->cmbBatchOrg->GetCode().toStdString();
     QStringList listKeys;
     for (const int nRow : vecRows) {
         request.vecRows.push_back(MakeImportRow(GetDevices()[std::size_t(nRow)], nRow + 1, listNames[nRow],

@@ -4,6 +4,7 @@
 #include <UICommonMdl/ErrorCodes.h>
 #include <VxGUI/VxEmptyState.h>
 #include <VxGUI/VxNotification.h>
+#include <VxGUI/VxWaitDialog.h>
 
 #include <QFile>
 #include <QLabel>
@@ -366,6 +367,14 @@ TEST_F(ImportDialog, TemplatesAreDownloadedWhereTheUserSays)
     EXPECT_TRUE(m_host.transfer.vecTransfers.back().sUrl.startsWith(QStringLiteral("/template?kind=2&")));
     m_host.transfer.Finish(UICommonMdl::ErrorNoRight);
     EXPECT_TRUE(Notice().startsWith(QStringLiteral("Failed to download template!")));
+
+    m_dialogs.ChooseNextFile(m_folder.filePath(QStringLiteral("given-up.xlsx")));
+    m_driver.Click(QStringLiteral("btnTemplate"));
+    QTest::keyClick(m_pDialog->findChild<VxGUI::VxWaitDialog*>(), Qt::Key_Escape);
+    EXPECT_EQ(m_host.transfer.vecCancelled, std::vector<int>{m_host.transfer.vecTransfers.back().nTransfer});
+    const QString sBefore = Notice();
+    m_host.transfer.Finish(UICommonMdl::ErrorCancelled);
+    EXPECT_EQ(Notice(), sBefore) << "who gave it up knows";
 
     m_dialogs.ChooseNextFile(m_folder.filePath(QStringLiteral("missing/sheet.xlsx")));
     m_driver.Click(QStringLiteral("btnTemplate"));

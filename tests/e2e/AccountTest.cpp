@@ -1,6 +1,6 @@
 #include "LiveClient.h"
 
-#include <PlatformConfigUI/CUserManagerPage.h>
+#include <PlatformConfigUI/CUserManagerWidget.h>
 #include <RoleManager/CRoleManagerEditDlg.h>
 #include <UserManager/CRoleSelectPopView.h>
 #include <UserManager/CUserManagerUserEditDlg.h>
@@ -43,7 +43,7 @@ protected:
     void SetUp() override
     {
         m_pClient = std::make_unique<LiveClient>(m_server);
-        m_pPage = std::make_unique<CUserManagerPage>(m_pClient->Interfaces());
+        m_pPage.reset(CUserManagerWidget(m_pClient->Interfaces()).GetWidget(nullptr));
         m_pDriver = std::make_unique<PageDriver>(*m_pPage, QSize(1280, 800));
         m_pClient->WaitIdle();
     }
@@ -220,7 +220,7 @@ protected:
     }()};
     RecordingDialogService m_dialogs;
     std::unique_ptr<LiveClient> m_pClient;
-    std::unique_ptr<CUserManagerPage> m_pPage;
+    std::unique_ptr<QWidget> m_pPage;
     std::unique_ptr<PageDriver> m_pDriver;
     std::unique_ptr<LiveClient> m_pGuard;
     std::unique_ptr<ClientApp::CPluginHost> m_pPlugin;

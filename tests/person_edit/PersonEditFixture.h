@@ -1,11 +1,11 @@
 #pragma once
 
-#include <PersonEdit/CChosenTable.h>
-#include <PersonEdit/CDepartmentComboBox.h>
 #include <PersonEdit/CPersonnelInfoUI.h>
 #include <UICommonMdl/ErrorCodes.h>
 #include <VxGUI/VxLineEdit.h>
 #include <VxGUI/VxNotification.h>
+#include <common/CChosenTable.h>
+#include <common/CTreeComboBox.h>
 #include <tests/support/fakes/FakeHost.h>
 #include <tests/support/gui/PageDriver.h>
 #include <tests/support/gui/RecordingDialogService.h>
@@ -79,11 +79,11 @@ protected:
     void Screenshot(const char* pszName) { m_pDriver->Screenshot(QLatin1String(pszName)); }
 
     /// The table of that name, of a list with a button too.
-    BasicInfoManagerUI::CChosenTable* Table(const char* pszName)
+    Common::CChosenTable* Table(const char* pszName)
     {
         auto* const pWidget = m_pDriver->template Find<QWidget>(QLatin1String(pszName));
-        auto* const pTable = qobject_cast<BasicInfoManagerUI::CChosenTable*>(pWidget);
-        return pTable ? pTable : pWidget->template findChild<BasicInfoManagerUI::CChosenTable*>();
+        auto* const pTable = qobject_cast<Common::CChosenTable*>(pWidget);
+        return pTable ? pTable : pWidget->template findChild<Common::CChosenTable*>();
     }
     /// The texts of a table, "|" between columns and the id left out.
     std::vector<std::string> Rows(const char* pszTable)

@@ -303,7 +303,7 @@ TEST_F(PersonEditor, GroupIsChosenInTheTreeAndSurvivesANewTree)
 {
     OpenAdd();
     const ExpectWarning popup(QStringLiteral("This plugin does not support"));
-    auto* const pCombo = m_pDriver->Find<CDepartmentComboBox>(QStringLiteral("m_pCmbGroup"));
+    auto* const pCombo = m_pDriver->Find<Common::CTreeComboBox>(QStringLiteral("m_pCmbGroup"));
     EXPECT_EQ(pCombo->currentText(), QStringLiteral("Engineering"));
     pCombo->setFocus();
     QTest::keyClick(pCombo, Qt::Key_Down);

@@ -1,10 +1,11 @@
 // What holds for every page: it is true of a new one as soon as it stands in the table.
 
 #include <AuditLog/CAuditLogCtrl.h>
-#include <CUserManagerPage.h>
+#include <CBasicInfoManagerWidget.h>
+#include <CUserManagerWidget.h>
 #include <PersonManager/CPersonManagerCtrl.h>
 #include <ResourceManagerUI/CDeviceManagerCtrl.h>
-#include <ResourceManagerUI/CResourceManager.h>
+#include <ResourceManagerUI/CResourceManagerWidget.h>
 #include <RoleManager/CRoleManagerCtrl.h>
 #include <UICommonMdl/ErrorCodes.h>
 #include <UserManager/CUserManagerUserCtrl.h>
@@ -32,6 +33,14 @@ std::unique_ptr<Common::CPage> Make(UICommonMdl::CInterfaceSetManager* pInterfac
     return std::make_unique<Page>(pInterfaceSet);
 }
 
+/// What that entry of the home page opens.
+template <class Entry>
+std::unique_ptr<Common::CPage> Open(UICommonMdl::CInterfaceSetManager* pInterfaceSet)
+{
+    return std::unique_ptr<Common::CPage>(
+        qobject_cast<Common::CPage*>(Entry(pInterfaceSet).GetWidget(nullptr)));
+}
+
 struct PageCase
 {
     const char* pszName;
@@ -40,12 +49,13 @@ struct PageCase
 };
 
 const PageCase Pages[] = {{"Devices", &Make<ResourceManagerUI::CDeviceManagerCtrl>, "btnImport"},
-    {"DeviceModule", &Make<ResourceManagerUI::CResourceManager>, "btnImport"},
+    {"DeviceModule", &Open<ResourceManagerUI::CResourceManagerWidget>, "btnImport"},
     {"Persons", &Make<BasicInfoManagerUI::CPersonManagerCtrl>, "m_btnAdd"},
+    {"PersonModule", &Open<BasicInfoManagerUI::CBasicInfoManagerWidget>, "m_btnAdd"},
     {"Users", &Make<PlatformConfigUI::CUserManagerUserCtrl>, "btnAdd"},
     {"Roles", &Make<PlatformConfigUI::CRoleManagerCtrl>, "btnAdd"},
     {"AuditLog", &Make<PlatformConfigUI::CAuditLogCtrl>, nullptr},
-    {"UserModule", &Make<PlatformConfigUI::CUserManagerPage>, "btnAdd"}};
+    {"UserModule", &Open<PlatformConfigUI::CUserManagerWidget>, "btnAdd"}};
 
 class PageContract : public testing::TestWithParam<PageCase>
 {

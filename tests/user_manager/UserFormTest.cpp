@@ -96,8 +96,8 @@ TEST_F(UserForm, ChecksStopAtTheFirstFailureInTheirOrder)
     Fill("edtEmail", QStringLiteral("first.last@host"));
     Switch("swPasswordInterval", true);
     Fill("edtPasswordDays", QString());
-    Switch("swExpiry", true);
-    Part<QDateTimeEdit>(Form(), "dteExpiry")->setDateTime(QDateTime::currentDateTime().addSecs(-120));
+    Part<QAbstractButton>(Form(), "ckDate")->click();
+    Part<QDateTimeEdit>(Form(), "dtDate")->setDateTime(QDateTime::currentDateTime().addSecs(-120));
     Switch("swBindMac", true);
 
     fails("edtUserName", QStringLiteral("Username cannot be empty."));
@@ -118,7 +118,7 @@ TEST_F(UserForm, ChecksStopAtTheFirstFailureInTheirOrder)
     fails("edtPtzLevel", QStringLiteral("PTZ control permission cannot be empty."));
     Fill("edtPtzLevel", QStringLiteral("10"));
     tells("Expiration time cannot be earlier than the current time.");
-    Part<QDateTimeEdit>(Form(), "dteExpiry")->setDateTime(QDateTime::currentDateTime().addDays(1));
+    Part<QDateTimeEdit>(Form(), "dtDate")->setDateTime(QDateTime::currentDateTime().addDays(1));
     fails("edtEmail", QStringLiteral("Invalid mail address."));
     Fill("edtEmail", QString());
     tells("Please select role.");

@@ -1,8 +1,9 @@
 #include "CChosenTable.h"
 
+#include "CRowButtonDelegate.h"
+#include "CTableModel.h"
+
 #include <Trv/QSkin.h>
-#include <common/CRowButtonDelegate.h>
-#include <common/CTableModel.h>
 
 #include <QCoreApplication>
 #include <QHeaderView>
@@ -11,7 +12,7 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
-namespace BasicInfoManagerUI {
+namespace Common {
 
 namespace {
 struct Text
@@ -55,23 +56,23 @@ void CChosenTable::SetUp(const QStringList& listHeaders, const QString& sEmptyTe
 {
     m_pEmpty->setText(sEmptyText);
     m_nTextColumns = listHeaders.size();
-    QVector<Common::Column> vecColumns{{QString(), false}};
+    QVector<Column> vecColumns{{QString(), false}};
     for (const QString& sHeader : listHeaders)
         vecColumns.append({sHeader, true});
     vecColumns.append({Text::tr("Operation"), true});
-    m_pModel = new Common::CTableModel(vecColumns, ColumnId, -1, this);
+    m_pModel = new CTableModel(vecColumns, ColumnId, -1, this);
     m_pView->setModel(m_pModel);
     m_pView->hideColumn(ColumnId);
     const int nOperation = m_nTextColumns + 1;
     for (int nColumn = 1; nColumn < nOperation; ++nColumn)
         m_pView->horizontalHeader()->setSectionResizeMode(nColumn, QHeaderView::Stretch);
     m_pView->setColumnWidth(nOperation, OperationWidth);
-    auto* const pDelegate = new Common::CRowButtonDelegate(
+    auto* const pDelegate = new CRowButtonDelegate(
         {{RoleRemove, Trv::GetIcon(QStringLiteral("delete-danger")), Text::tr("Delete")}}, m_pView);
     m_pView->setItemDelegateForColumn(nOperation, pDelegate);
     // The row goes: the view must be done with the click before.
     connect(
-        pDelegate, &Common::CRowButtonDelegate::SignalButtonClicked, this,
+        pDelegate, &CRowButtonDelegate::SignalButtonClicked, this,
         [this](const QModelIndex& index) { Remove(m_pModel->GetId(index.row())); }, Qt::QueuedConnection);
     m_pView->installEventFilter(this);
     FillRows();
@@ -126,13 +127,13 @@ void CChosenTable::FillRows()
 {
     if (!m_pModel)
         return;
-    QVector<Common::CTableModel::Row> vecRows;
+    QVector<CTableModel::Row> vecRows;
     for (const QString& sId : m_listIds) {
-        Common::CTableModel::Row row{Common::CTableModel::MakeItem(sId)};
+        CTableModel::Row row{CTableModel::MakeItem(sId)};
         const QStringList listTexts = m_rowTexts(sId);
         for (int n = 0; n < m_nTextColumns; ++n)
-            row.append(Common::CTableModel::MakeItem(listTexts.value(n)));
-        row.append(Common::CTableModel::MakeItem());
+            row.append(CTableModel::MakeItem(listTexts.value(n)));
+        row.append(CTableModel::MakeItem());
         vecRows.append(row);
     }
     m_pModel->SetRows(vecRows);
@@ -150,4 +151,4 @@ void CChosenTable::FitHeight()
         m_pView->horizontalHeader()->sizeHint().height() + nRows * RowHeight + 2 * m_pView->frameWidth());
 }
 
-} // namespace BasicInfoManagerUI
+} // namespace Common

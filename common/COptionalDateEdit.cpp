@@ -1,6 +1,8 @@
 #include "COptionalDateEdit.h"
 
-#include "PersonFields.h"
+#include "Wheel.h"
+
+#include <VxGUI/VxSwitchButton.h>
 
 #include <QCheckBox>
 #include <QCoreApplication>
@@ -9,7 +11,7 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
-namespace BasicInfoManagerUI {
+namespace Common {
 
 namespace {
 struct Text
@@ -25,7 +27,6 @@ COptionalDateEdit::COptionalDateEdit(QWidget* pParent)
     , m_pOpen(new QLabel(Text::tr("Not set"), this))
     , m_pHint(new QLabel(this))
 {
-    m_pCheck->setObjectName(QStringLiteral("ckDate"));
     m_pEdit->setObjectName(QStringLiteral("dtDate"));
     m_pHint->setObjectName(QStringLiteral("lbHint"));
     m_pHint->setWordWrap(true);
@@ -35,8 +36,8 @@ COptionalDateEdit::COptionalDateEdit(QWidget* pParent)
     m_pEdit->setCalendarPopup(true);
     m_pEdit->setMinimumDate(QDate(1900, 1, 1));
     m_pEdit->setMaximumDate(QDate(9999, 12, 31));
-    PersonFields::KeepFromWheel(m_pEdit);
-    SetWithTime(false);
+    KeepFromWheel(m_pEdit);
+    SetPrecision(Precision::Day);
     auto* const pRow = new QHBoxLayout;
     pRow->setSpacing(8);
     pRow->addWidget(m_pCheck);
@@ -47,12 +48,30 @@ COptionalDateEdit::COptionalDateEdit(QWidget* pParent)
     pLayout->setSpacing(2);
     pLayout->addLayout(pRow);
     pLayout->addWidget(m_pHint);
-    setFocusProxy(m_pCheck);
-    connect(m_pCheck, &QCheckBox::toggled, this, &COptionalDateEdit::OnChecked);
+    SetUpToggle();
     connect(m_pEdit, &QDateTimeEdit::dateTimeChanged, this, [this] {
         SetErrorHint({});
         Q_EMIT SignalChanged();
     });
+    UpdateEnabled();
+}
+
+void COptionalDateEdit::SetUpToggle()
+{
+    m_pCheck->setObjectName(QStringLiteral("ckDate"));
+    setFocusProxy(m_pCheck);
+    connect(m_pCheck, &QAbstractButton::toggled, this, &COptionalDateEdit::OnChecked);
+}
+
+void COptionalDateEdit::UseSwitch()
+{
+    auto* const pSwitch = new VxGUI::VxSwitchButton(this);
+    pSwitch->setAccessibleName(m_pCheck->accessibleName());
+    delete layout()->replaceWidget(m_pCheck, pSwitch);
+    setTabOrder(pSwitch, m_pEdit);
+    delete m_pCheck;
+    m_pCheck = pSwitch;
+    SetUpToggle();
     UpdateEnabled();
 }
 
@@ -62,10 +81,12 @@ void COptionalDateEdit::SetCaption(const QString& sCaption)
     m_pEdit->setAccessibleName(sCaption);
 }
 
-void COptionalDateEdit::SetWithTime(bool bWithTime)
+void COptionalDateEdit::SetPrecision(Precision precision)
 {
+    const QString sTime =
+        precision == Precision::Second ? QStringLiteral(" HH:mm:ss") : QStringLiteral(" HH:mm");
     m_pEdit->setDisplayFormat(
-        bWithTime ? QStringLiteral("yyyy-MM-dd HH:mm:ss") : QStringLiteral("yyyy-MM-dd"));
+        QStringLiteral("yyyy-MM-dd") + (precision == Precision::Day ? QString() : sTime));
 }
 
 void COptionalDateEdit::SetReadOnly(bool bReadOnly)
@@ -128,6 +149,11 @@ std::int64_t COptionalDateEdit::GetSeconds() const
     return m_pEdit->dateTime().toSecsSinceEpoch();
 }
 
+void COptionalDateEdit::FocusDate()
+{
+    (m_pCheck->isChecked() ? static_cast<QWidget*>(m_pEdit) : m_pCheck)->setFocus();
+}
+
 void COptionalDateEdit::SetErrorHint(const QString& sText)
 {
     m_pHint->setText(sText);
@@ -135,4 +161,4 @@ void COptionalDateEdit::SetErrorHint(const QString& sText)
     m_pEdit->setAccessibleDescription(sText);
 }
 
-} // namespace BasicInfoManagerUI
+} // namespace Common

@@ -5,14 +5,14 @@
 #include <cstdint>
 #include <optional>
 
-class QCheckBox;
+class QAbstractButton;
 class QDateTimeEdit;
 class QLabel;
 
-namespace BasicInfoManagerUI {
+namespace Common {
 
-/// A date, or a date with its time, that may be left open: a box that is checked when there is one, and the
-/// date beside it. User-interface thread.
+/// A date, or a date with its time, that may be left open: a box (or switch) that is on when there is one,
+/// and the date beside it. User-interface thread.
 class COptionalDateEdit : public QWidget
 {
     Q_OBJECT
@@ -22,8 +22,16 @@ public:
 
     /// What the box says, and the name of both for those who do not see them.
     void SetCaption(const QString& sCaption);
-    /// "yyyy-MM-dd", or with hours, minutes and seconds.
-    void SetWithTime(bool bWithTime);
+    /// A switch in place of the box, for forms that have switches; once, at first.
+    void UseSwitch();
+    /// What is shown and can be changed: the day at first.
+    enum class Precision
+    {
+        Day,
+        Minute,
+        Second
+    };
+    void SetPrecision(Precision precision);
     /// What an open date becomes when the box is checked; now unless it is said.
     void SetProposal(const QDateTime& proposal) { m_proposal = proposal; }
     void SetReadOnly(bool bReadOnly);
@@ -35,6 +43,8 @@ public:
     void SetSeconds(std::int64_t nSeconds);
     std::int64_t GetSeconds() const;
 
+    /// Puts the keyboard where the date is entered.
+    void FocusDate();
     /// Shows a message under the date; empty: none. It goes with the next change.
     void SetErrorHint(const QString& sText);
 
@@ -42,11 +52,12 @@ Q_SIGNALS:
     void SignalChanged();
 
 private:
+    void SetUpToggle();
     void Show(const std::optional<QDateTime>& optDate);
     void OnChecked(bool bChecked);
     void UpdateEnabled();
 
-    QCheckBox* m_pCheck;
+    QAbstractButton* m_pCheck;
     QDateTimeEdit* m_pEdit;
     QLabel* m_pOpen; ///< stands in place of an open date
     QLabel* m_pHint;
@@ -56,4 +67,4 @@ private:
     bool m_bReadOnly = false;
 };
 
-} // namespace BasicInfoManagerUI
+} // namespace Common

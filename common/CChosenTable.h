@@ -8,10 +8,8 @@
 class QLabel;
 class QTableView;
 namespace Common {
-class CTableModel;
-}
 
-namespace BasicInfoManagerUI {
+class CTableModel;
 
 /// A short list of what was chosen, known by ids, with a remove icon in every row; it grows with its rows.
 /// User-interface thread.
@@ -51,11 +49,11 @@ private:
 
     QTableView* m_pView;
     QLabel* m_pEmpty;
-    Common::CTableModel* m_pModel = nullptr;
+    CTableModel* m_pModel = nullptr;
     RowTexts m_rowTexts;
     QStringList m_listIds;
     int m_nTextColumns = 0;
     bool m_bFilling = false;
 };
 
-} // namespace BasicInfoManagerUI
+} // namespace Common
