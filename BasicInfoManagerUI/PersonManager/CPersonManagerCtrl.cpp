@@ -96,7 +96,7 @@ CPersonManagerCtrl::CPersonManagerCtrl(UICommonMdl::CInterfaceSetManager* pInter
     , m_reissueCalls(pInterfaceSet, this)
     , m_groupPushes(pInterfaceSet, this)
 {
-    setObjectName(QStringLiteral("CPersonManagerCtrl"));
+    setObjectName(QStringLiteral("CPersonnelManagerCtrl"));
     GetPages()->setObjectName(QStringLiteral("stackPages"));
     GetFrame()->setObjectName(QStringLiteral("pagePersons"));
     GetFrame()->GetPager()->setObjectName(QStringLiteral("m_pPageFileCtrl"));
