@@ -1,5 +1,6 @@
 #include "CChannelTreeModel.h"
 
+#include <GroupLogical/ChannelCounts.h>
 #include <Trv/QSkin.h>
 
 #include <QCoreApplication>
@@ -17,28 +18,6 @@ struct Text
 constexpr int RoleDeviceId = Qt::UserRole + 1;
 constexpr int RoleLoad = Qt::UserRole + 2;
 constexpr int RoleChannel = Qt::UserRole + 3;
-
-int CountOf(const GroupLogical::DeviceAddInfo_t& device, int nKind)
-{
-    switch (nKind) {
-    case UserLogical::ChannelVideo:
-        return device.nVideoChannels;
-    case UserLogical::ChannelAlarmInput:
-        return device.nAlarmInputs;
-    case UserLogical::ChannelAlarmOutput:
-        return device.nAlarmOutputs;
-    case UserLogical::ChannelAccess:
-        return device.nAccessChannels;
-    case UserLogical::ChannelDecode:
-        return device.nDecodeChannels;
-    case UserLogical::ChannelLift:
-        return device.nLifts;
-    case UserLogical::ChannelPos:
-        return device.nPosChannels;
-    default:
-        return 0;
-    }
-}
 
 } // namespace
 
@@ -101,7 +80,7 @@ void CChannelTreeModel::SetChannels(const GroupLogical::DeviceAddInfo_t& device)
         pDevice->setData(int(Load::Done), RoleLoad);
         QList<QStandardItem*> listItems;
         for (const int nKind : qAsConst(m_vecKinds)) {
-            for (int nNumber = 1; nNumber <= CountOf(device, nKind); ++nNumber) {
+            for (int nNumber = 1; nNumber <= GroupLogical::ChannelCountOf(device, nKind); ++nNumber) {
                 const Channel channel{
                     pDevice->data(RoleDeviceId).toString(), pDevice->text(), nKind, nNumber};
                 auto* const pItem = new QStandardItem(channel.GetText());

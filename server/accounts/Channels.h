@@ -1,6 +1,5 @@
 #pragma once
 
-#include <GroupLogical/GroupRecords.h>
 #include <UserLogical/UserRecords.h>
 
 #include <array>
@@ -24,28 +23,5 @@ inline constexpr std::array<ChannelColumn, 7> ChannelColumns{{
     {UserLogical::ChannelLift, "lifts", "Lift"},
     {UserLogical::ChannelPos, "pos_channels", "POS Channel"},
 }};
-
-/// How many channels of that kind the device has.
-inline int ChannelCountOf(const GroupLogical::DeviceAddInfo_t& device, int nKind)
-{
-    switch (nKind) {
-    case UserLogical::ChannelVideo:
-        return device.nVideoChannels;
-    case UserLogical::ChannelAlarmInput:
-        return device.nAlarmInputs;
-    case UserLogical::ChannelAlarmOutput:
-        return device.nAlarmOutputs;
-    case UserLogical::ChannelAccess:
-        return device.nAccessChannels;
-    case UserLogical::ChannelDecode:
-        return device.nDecodeChannels;
-    case UserLogical::ChannelLift:
-        return device.nLifts;
-    case UserLogical::ChannelPos:
-        return device.nPosChannels;
-    default:
-        return 0;
-    }
-}
 
 } // namespace Platform

@@ -5,6 +5,7 @@
 #include "ServiceError.h"
 #include "services/DeviceRecords.h"
 
+#include <GroupLogical/ChannelCounts.h>
 #include <QStringList>
 
 namespace Platform {

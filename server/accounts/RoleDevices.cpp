@@ -4,6 +4,7 @@
 #include "ServiceError.h"
 #include "services/DeviceRecords.h"
 
+#include <GroupLogical/ChannelCounts.h>
 #include <QStringList>
 
 #include <algorithm>
