@@ -10,7 +10,9 @@
 #include <UICommonMdl/ErrorCodes.h>
 #include <UserManager/CUserManagerUserCtrl.h>
 #include <VxGUI/VxNotification.h>
+#include <VxPluginAPI/IAbstractWidget.h>
 #include <common/CConnectionNotice.h>
+#include <common/CInputGuard.h>
 #include <common/CPage.h>
 #include <tests/support/core/QtWarnings.h>
 #include <tests/support/fakes/FakeHost.h>
@@ -180,6 +182,28 @@ TEST_P(PageContract, ALostConnectionIsToldAndItsReturnAsksAnew)
     PageDriver::Settle();
     EXPECT_TRUE(pNotice->isHidden());
     EXPECT_GT(CountCalls(), nCalls);
+}
+
+TEST_P(PageContract, TheHostAsksTheFormsBeforeItLeaves)
+{
+    Show();
+    const auto mayLeave = [this] {
+        QVariant vMayLeave(true);
+        EXPECT_TRUE(m_pPage->OnMsg(VxPluginAPI::MessageLeave, &vMayLeave, nullptr));
+        return vMayLeave.toBool();
+    };
+    EXPECT_TRUE(mayLeave()) << "nobody holds input";
+    // A page of pages passes the question on to them.
+    auto* const pInner = m_pPage->findChild<Common::CPage*>();
+    Common::CInputGuard form(pInner ? pInner : m_pPage.get());
+    bool bDirty = true;
+    form.SetDirtyCheck([&bDirty] { return bDirty; });
+    form.SetClose([&bDirty] { bDirty = false; });
+    m_dialogs.AnswerNext(false);
+    EXPECT_FALSE(mayLeave());
+    m_dialogs.AnswerNext(true);
+    EXPECT_TRUE(mayLeave());
+    EXPECT_FALSE(bDirty) << "what is given up is closed";
 }
 
 TEST_P(PageContract, RefusedCallsAndAHostWithoutManagersLeaveItUsable)
