@@ -191,9 +191,13 @@ void CChannelChooser::QueryDevices()
 void CChannelChooser::OnDevices(const Param& param)
 {
     using Kind = VxGUI::VxEmptyState::Kind;
-    m_pModel->SetDevices(param.devicePage.vecDevices);
-    m_pPager->SetTotalCount(param.devicePage.nTotal);
-    m_pPager->SetCurrentPage(param.devicePage.nPage);
+    if (param.nErrorCode == UICommonMdl::ErrorNone) {
+        m_pModel->SetDevices(param.devicePage.vecDevices);
+        m_pPager->SetTotalCount(param.devicePage.nTotal);
+        m_pPager->SetCurrentPage(param.devicePage.nPage);
+    } else if (m_pModel->rowCount() > 0) {
+        NotifyFailure(Text::tr("Failed to get the devices"), param.nErrorCode);
+    }
     if (param.nErrorCode == UICommonMdl::ErrorNoRight)
         m_pState->SetState(Kind::NoPermission, Text::tr("You have no permission to see devices."));
     else if (param.nErrorCode != UICommonMdl::ErrorNone)

@@ -90,10 +90,10 @@ CConflictDlg::CConflictDlg(const QVector<Difference>& vecDifferences, QWidget* p
         connect(pButton, &QAbstractButton::clicked, this, [this, choice] { Choose(choice); });
         return pButton;
     };
-    QPushButton* const pLoad = addButton("btnLoadAgain", Text::tr("Load Again"), Choice::LoadAgain);
+    addButton("btnLoadAgain", Text::tr("Load Again"), Choice::LoadAgain);
     addButton("btnSaveMine", Text::tr("Save Mine"), Choice::SaveMine);
-    QPushButton* const pGoOn = addButton("btnGoOn", Text::tr("Go On Editing"), Choice::GoOn);
-    SetButtonRole(pLoad, QStringLiteral("primary"));
+    QPushButton* const pGoOn = addButton("btnGoOn", Text::tr("Keep Editing"), Choice::GoOn);
+    SetButtonRole(pGoOn, QStringLiteral("primary"));
 
     auto* const pLayout = new QVBoxLayout(this);
     pLayout->setContentsMargins(Margin, Margin, Margin, Margin);
@@ -127,10 +127,8 @@ CConflictDlg::Choice CConflictDlg::Ask(const QVector<Difference>& vecDifferences
             QStringLiteral("%1: %2 | %3").arg(difference.sField, difference.sTheirs, GetMine(difference)));
     const bool bChosen = VxGUI::VxDialogService::Current()->Show(
         pDialog, {true, GetQuestion(), listLines.join(QLatin1Char('\n'))});
-    Choice choice = Choice::GoOn;
-    // A host that only knows OK and Cancel means the choice that is proposed.
-    if (bChosen && guard == pParent)
-        choice = pDialog && pDialog->m_choice != Choice::GoOn ? pDialog->m_choice : Choice::LoadAgain;
+    const bool bThere = bChosen && guard == pParent && pDialog;
+    const Choice choice = bThere ? pDialog->m_choice : Choice::GoOn;
     delete pDialog;
     return choice;
 }

@@ -20,8 +20,8 @@ public:
     virtual void ShowRecord(const R& record) = 0;
     /// The record that was shown, with what was entered.
     virtual R GetEdited() const = 0;
-    /// Whether something is entered that the record does not hold.
-    virtual bool HasOtherChanges() const { return false; }
+    /// What is entered that the record does not hold, by the name of its field; empty: nothing.
+    virtual QString GetOtherChange() const { return {}; }
     /// Checks the fields; the first failure is shown at its field, which gets the focus.
     virtual bool CheckInput() = 0;
     /// Asks the server to save; the answer goes to CEditor::OnAnswer.
@@ -35,6 +35,8 @@ public:
     virtual void ShowRefusal(int nErrorCode, const std::string& sDetail) = 0;
     /// The record could not be loaded; true: the form says so itself.
     virtual bool OnLoadFailed(int /*nErrorCode*/) { return false; }
+    /// Code and detail of the refusal when another record has what makes a new one unique.
+    virtual std::pair<int, std::string> GetTaken() const { return {UICommonMdl::ErrorNameExists, {}}; }
 
 protected:
     ~IRecordForm() = default;
@@ -47,7 +49,7 @@ template <class R>
 class CEditor : public CEditorBase
 {
 public:
-    /// All are borrowed; pForm and form are one.
+    /// All are borrowed; pForm is the widget of form.
     CEditor(CSession& session, QWidget* pForm, IRecordForm<R>& form)
         : CEditorBase(session, pForm)
         , m_form(form)
@@ -71,9 +73,9 @@ public:
         SetState(State::Loading);
         m_form.Fetch(m_loaded, false);
     }
-    /// Takes what is entered now for what the record holds.
+    /// What the form shows now counts as unchanged.
     void TakeAsShown() { m_baseline = m_form.GetEdited(); }
-    /// The record is only shown; what was entered before does not count.
+    /// The record is only shown, and nothing of it is saved.
     void SetReadOnly(bool bReadOnly) { m_bReadOnly = bReadOnly; }
 
     const R& GetLoaded() const { return m_loaded; }
@@ -81,7 +83,7 @@ public:
     bool IsDirty() const override
     {
         return !m_bReadOnly && IsLoaded()
-            && (m_form.HasOtherChanges() || !(m_form.GetEdited() == m_baseline));
+            && (!m_form.GetOtherChange().isEmpty() || !(m_form.GetEdited() == m_baseline));
     }
 
     void Save()
@@ -168,7 +170,13 @@ private:
     void Refuse(int nErrorCode, const std::string& sDetail)
     {
         SetState(State::Ready);
-        m_form.ShowRefusal(nErrorCode, sDetail);
+        Tell(nErrorCode, sDetail);
+    }
+    void Tell(int nErrorCode, const std::string& sDetail)
+    {
+        // The form shows its own values: over whose they are saved is decided anew.
+        m_optTheirs.reset();
+        WhenSeen([this, nErrorCode, sDetail] { m_form.ShowRefusal(nErrorCode, sDetail); });
     }
     void OnGone()
     {
@@ -184,31 +192,33 @@ private:
         if (LookAgain())
             return;
         SetNotSaved();
-        m_form.ShowRefusal(m_refusal.first, m_refusal.second);
+        Tell(m_refusal.first, m_refusal.second);
     }
     void OnFound(const R& found)
     {
-        // A secret cannot be compared: without a doubt nobody else has entered the same one.
-        const bool bSame = m_fields.IsSame(m_sent, found) && (m_bDoubt || !m_fields.HasSecret(m_sent));
+        // What the record does not show cannot be compared: without a doubt nobody else has entered the same.
+        const bool bAllSeen = !m_fields.HasSecret(m_sent) && m_form.GetOtherChange().isEmpty();
+        const bool bSame = m_fields.IsSame(m_sent, found) && (m_bDoubt || bAllSeen);
         const bool bUnchanged = !m_bNew && m_bDoubt && found.nVersion == m_sent.nVersion;
         if (bUnchanged) {
             NotSaved();
         } else if (bSame) {
             Finish(found);
         } else if (m_bNew) {
-            const bool bTaken = IsTaken(m_refusal.first);
-            Refuse(bTaken ? m_refusal.first : int(UICommonMdl::ErrorNameExists),
-                bTaken ? m_refusal.second : std::string());
+            const auto [nErrorCode, sDetail] = IsTaken(m_refusal.first) ? m_refusal : m_form.GetTaken();
+            Refuse(nErrorCode, sDetail);
         } else {
-            OnConflict(found);
+            SetState(State::Ready);
+            WhenSeen([this, found] { AskConflict(found); });
         }
     }
-    void OnConflict(const R& theirs)
+    void AskConflict(const R& theirs)
     {
-        SetState(State::Ready);
-        const R mine = m_form.GetEdited();
+        QVector<Difference> vecDifferences = m_fields.Compare(m_baseline, m_form.GetEdited(), theirs);
+        if (!m_form.GetOtherChange().isEmpty())
+            vecDifferences.append({m_form.GetOtherChange(), QString(), ChangedText()});
         const QPointer<QWidget> guard(GetForm());
-        const auto choice = CConflictDlg::Ask(m_fields.Compare(m_baseline, mine, theirs), GetForm());
+        const auto choice = CConflictDlg::Ask(vecDifferences, GetForm());
         if (!guard || choice == CConflictDlg::Choice::GoOn)
             return;
         if (choice == CConflictDlg::Choice::LoadAgain) {

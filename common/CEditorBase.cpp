@@ -1,5 +1,6 @@
 #include "CEditorBase.h"
 
+#include "CPage.h"
 #include "CSaveNotice.h"
 #include "Prompt.h"
 
@@ -60,8 +61,8 @@ void CEditorBase::SetLoadView(
 bool CEditorBase::MayLeave()
 {
     if (IsSaving())
-        return AskPrompt(GetForm(),
-            Text::tr("It is not known yet whether this is saved. Are you sure to leave all the same?"));
+        return AskPrompt(
+            GetForm(), Text::tr("It is not known yet whether this is saved. Are you sure to leave?"));
     return CInputGuard::MayLeave();
 }
 
@@ -93,7 +94,7 @@ void CEditorBase::SetState(State state, int nErrorCode)
     m_bNotSaved = false;
     m_lookTimer.stop();
     if (state != State::LookingUp)
-        m_bLookedTwice = false;
+        m_bLookedOnce = false;
     if (IsSaving() && !bWasSaving)
         m_pFocusBefore = GetForm()->focusWidget();
     if (state == State::Saving)
@@ -127,7 +128,7 @@ void CEditorBase::ShowLoadState(int nErrorCode)
         m_pLoadState->SetState(Kind::Failed, m_texts.sFailed,
             UICommonMdl::CErrorCode::GetErroCodeInfor(nErrorCode), Text::tr("Refresh"));
     m_pStack->setCurrentWidget(m_pLoadState);
-    if (m_state == State::LoadFailed)
+    if (m_state == State::LoadFailed && GetForm()->isVisible())
         VxGUI::VxNotification::Show(GetForm(), FailureText(m_texts.sFailed, nErrorCode));
 }
 
@@ -142,14 +143,14 @@ void CEditorBase::ShowNotice(int nErrorCode)
         m_pNotice->SetText(Text::tr("Saving..."));
         break;
     case State::LookingUp:
-        m_pNotice->SetText(sUnknown + QLatin1Char(' ') + Text::tr("Looking it up..."));
+        m_pNotice->SetText(sUnknown + QLatin1Char(' ') + Text::tr("Checking..."));
         break;
     case State::Unknown:
         if (m_session.IsConnected())
             m_pNotice->SetText(FailureText(sUnknown, nErrorCode), true);
         else
             m_pNotice->SetText(
-                sUnknown + QLatin1Char(' ') + Text::tr("It is looked up as soon as the server is back."));
+                sUnknown + QLatin1Char(' ') + Text::tr("It will be checked as soon as the server is back."));
         break;
     default:
         m_pNotice->SetText(
@@ -157,11 +158,32 @@ void CEditorBase::ShowNotice(int nErrorCode)
     }
 }
 
+void CEditorBase::WhenSeen(std::function<void()> act)
+{
+    CPage* pPage = nullptr;
+    for (QWidget* pWidget = GetForm(); pWidget && !pPage; pWidget = pWidget->parentWidget())
+        pPage = qobject_cast<CPage*>(pWidget);
+    if (!pPage || pPage->isVisible()) {
+        act();
+        return;
+    }
+    const QPointer<CEditorBase> guard(this);
+    pPage->WhenShown([guard, act = std::move(act)] {
+        if (guard && guard->GetState() == State::Ready)
+            act();
+    });
+}
+
+QString CEditorBase::ChangedText()
+{
+    return Text::tr("(changed)");
+}
+
 bool CEditorBase::LookAgain()
 {
-    if (m_bLookedTwice)
+    if (m_bLookedOnce)
         return false;
-    m_bLookedTwice = true;
+    m_bLookedOnce = true;
     m_lookTimer.start();
     return true;
 }

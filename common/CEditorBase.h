@@ -80,6 +80,11 @@ protected:
     static bool IsDoubtful(int nErrorCode);
     /// Something of the new record is there already.
     static bool IsTaken(int nErrorCode);
+    /// Runs it now or, while the page of the form is hidden, when that is shown; not at all once the record
+    /// is no longer in the form.
+    void WhenSeen(std::function<void()> act);
+    /// What stands for something that was entered and has no text.
+    static QString ChangedText();
     /// Nothing is saved so far: looks again in a while. False when that was the second look.
     bool LookAgain();
     /// Back to the form: it is known that nothing was saved.
@@ -101,7 +106,7 @@ private:
     LoadTexts m_texts;
     QTimer m_noticeTimer;
     QTimer m_lookTimer;
-    bool m_bLookedTwice = false;
+    bool m_bLookedOnce = false;
 };
 
 } // namespace Common

@@ -4,27 +4,39 @@
 
 #include <QCoreApplication>
 #include <QPointer>
+#include <QStackedWidget>
 #include <QWidget>
 
 namespace Common {
 
 namespace {
+
 struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(CInputGuard)
 };
+
+/// Who is asked about a form has to see it.
+void BringToFront(QWidget* pForm, const QWidget* pTop)
+{
+    for (QWidget* pPage = pForm; pPage && pPage != pTop; pPage = pPage->parentWidget()) {
+        if (auto* const pStack = qobject_cast<QStackedWidget*>(pPage->parentWidget()))
+            pStack->setCurrentWidget(pPage);
+    }
+}
+
 } // namespace
 
 CInputGuard::CInputGuard(QWidget* pForm)
     : CPageWork(pForm)
     , m_pForm(pForm)
-    , m_sQuestion(Text::tr("Are you sure to cancel?"))
 {
 }
 
 bool CInputGuard::MayLeave()
 {
-    return !IsDirty() || AskPrompt(m_pForm, m_sQuestion);
+    return !IsDirty()
+        || AskPrompt(m_pForm, m_sQuestion.isEmpty() ? Text::tr("Are you sure to cancel?") : m_sQuestion);
 }
 
 bool CInputGuard::Leave()
@@ -43,7 +55,10 @@ bool CInputGuard::LeaveBelow(QWidget* pTop)
     for (CInputGuard* const pGuard : pTop->findChildren<CInputGuard*>())
         vecGuards.append(pGuard);
     for (const QPointer<CInputGuard>& pGuard : qAsConst(vecGuards)) {
-        if (pGuard && pGuard->IsHoldingInput() && !pGuard->Leave())
+        if (!pGuard || !pGuard->IsHoldingInput())
+            continue;
+        BringToFront(pGuard->m_pForm, pTop);
+        if (!pGuard->Leave())
             return false;
     }
     return true;

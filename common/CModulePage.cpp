@@ -3,6 +3,8 @@
 #include "CNavigationStrip.h"
 #include "CNotAvailablePage.h"
 
+#include <VxPluginAPI/IAbstractWidget.h>
+
 #include <QBoxLayout>
 #include <QCoreApplication>
 #include <QSignalBlocker>
@@ -42,8 +44,13 @@ CModulePage::CModulePage(UICommonMdl::CInterfaceSetManager* pInterfaceSet, const
     }
     m_pNoRight->setObjectName(QStringLiteral("pageNoRight"));
     m_pNoRight->SetState(
-        VxGUI::VxEmptyState::Kind::NoPermission, Text::tr("You do not have the right to use these pages."));
+        VxGUI::VxEmptyState::Kind::NoPermission, Text::tr("You have no permission to use these pages."));
     m_pStack->addWidget(m_pNoRight);
+    // A form that asks comes to the front.
+    connect(m_pStack, &QStackedWidget::currentChanged, this, [this](int nEntry) {
+        if (nEntry != m_nShown && nEntry < m_vecEntries.size())
+            ShowEntry(nEntry);
+    });
     OnRightsChanged();
 }
 
@@ -84,6 +91,9 @@ void CModulePage::MakePage(int nEntry)
 
 bool CModulePage::OnMsg(int nMsg, QVariant* pValue, void* pArgument)
 {
+    // The forms are asked once, whichever page they are on.
+    if (nMsg == VxPluginAPI::MessageLeave)
+        return CPage::OnMsg(nMsg, pValue, pArgument);
     bool bTaken = false;
     for (const QWidget* pFrame : qAsConst(m_vecFrames)) {
         const QLayout* const pLayout = pFrame->layout();

@@ -26,11 +26,6 @@ bool AskPrompt(QWidget* pParent, const QString& sText)
         && guard == pParent;
 }
 
-bool AskCancel(QWidget* pEditor, bool bChanged)
-{
-    return !bChanged || AskPrompt(pEditor, Text::tr("Are you sure to cancel?"));
-}
-
 bool AskDelete(QWidget* pParent, const QString& sQuestion, const QStringList& listNames)
 {
     // The parent may take the dialog along.

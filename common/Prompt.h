@@ -13,8 +13,6 @@ struct Failure;
 /// A question titled "Prompt" with OK and Cancel; true for OK. False also when pParent is gone by then: who
 /// asks goes on only with what is still there.
 bool AskPrompt(QWidget* pParent, const QString& sText);
-/// Whether an editor may drop what is entered: nothing is changed, or the user says so.
-bool AskCancel(QWidget* pEditor, bool bChanged);
 /// As AskPrompt, for a deletion: names what goes, and Enter at once does not delete it.
 bool AskDelete(QWidget* pParent, const QString& sQuestion, const QStringList& listNames);
 /// Where a file is to go; sEnding (".xlsx") is the filter, and added to a name without it. Empty: given up,

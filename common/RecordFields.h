@@ -64,8 +64,19 @@ public:
     /// Something that is only written: the server never sends it back, and empty it stays as it is.
     void AddSecret(const QString& sName, std::string R::*pMember)
     {
-        Add(sName, pMember);
-        m_vecFields.back().isEntered = [pMember](const R& mine) { return !(mine.*pMember).empty(); };
+        AddWritten(
+            sName, [pMember](const R& mine) { return !(mine.*pMember).empty(); },
+            [pMember](R& to, const R& from) { to.*pMember = from.*pMember; });
+    }
+    /// The same for something that is not a text of its own.
+    void AddWritten(const QString& sName, std::function<bool(const R& mine)> isEntered,
+        std::function<void(R& to, const R& from)> copy)
+    {
+        Field field;
+        field.sName = sName;
+        field.copy = std::move(copy);
+        field.isEntered = std::move(isEntered);
+        m_vecFields.push_back(std::move(field));
     }
 
     /// Whether the server's record holds what was sent, as far as it can be seen.

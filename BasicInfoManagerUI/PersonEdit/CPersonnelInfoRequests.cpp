@@ -193,6 +193,11 @@ void CPersonnelInfoUI::ShowRefusal(int nErrorCode, const std::string& sDetail)
     VxGUI::VxNotification::Show(this, Common::FailureText(FailurePrefix(), nErrorCode));
 }
 
+std::pair<int, std::string> CPersonnelInfoUI::GetTaken() const
+{
+    return {UICommonMdl::ErrorPersonDuplicate, "sPersonId"};
+}
+
 void CPersonnelInfoUI::ShowClashes()
 {
     m_pCredentials->ShowClashes(m_vecClashes);

@@ -101,6 +101,7 @@ private:
     void Fetch(const Person& record, bool bNew) override;
     void OnSaved(const Person& record) override;
     void ShowRefusal(int nErrorCode, const std::string& sDetail) override;
+    std::pair<int, std::string> GetTaken() const override;
 
     std::unique_ptr<Ui::CPersonnelInfoUI> m_pUi;
     UICommonMdl::CInterfaceSetManager* m_pInterfaceSet;

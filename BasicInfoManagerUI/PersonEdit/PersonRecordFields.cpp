@@ -99,8 +99,17 @@ void DescribePerson(Common::RecordFields<Person_t>& fields)
     fields.Add(Text::tr("Position"), &Person_t::sPosition);
     fields.AddText(
         Text::tr("Cards"), GetCards, [](Person_t& to, const Person_t& from) { to.vecCards = from.vecCards; });
-    fields.AddText(Text::tr("Fingerprints"), GetFingerprints,
-        [](Person_t& to, const Person_t& from) { to.vecFingerprints = from.vecFingerprints; });
+    const auto copyFingerprints = [](Person_t& to, const Person_t& from) {
+        to.vecFingerprints = from.vecFingerprints;
+    };
+    fields.AddText(Text::tr("Fingerprints"), GetFingerprints, copyFingerprints);
+    fields.AddWritten(
+        Text::tr("New fingerprints"),
+        [](const Person_t& mine) {
+            return std::any_of(mine.vecFingerprints.begin(), mine.vecFingerprints.end(),
+                [](const Fingerprint_t& finger) { return !finger.sTemplate.empty(); });
+        },
+        copyFingerprints);
     fields.Add(Text::tr("Unlock password"), &Person_t::bUnlockPassword);
     fields.AddSecret(Text::tr("New unlock password"), &Person_t::sUnlockPassword);
     AddPermissions(fields);

@@ -238,9 +238,10 @@ Role_t CRoleManagerEditDlg::GetEdited() const
     return edited;
 }
 
-bool CRoleManagerEditDlg::HasOtherChanges() const
+QString CRoleManagerEditDlg::GetOtherChange() const
 {
-    return !m_sCopyFrom.isEmpty() || !m_pRights->GetDeviceChanges().empty();
+    const bool bChanged = !m_sCopyFrom.isEmpty() || !m_pRights->GetDeviceChanges().empty();
+    return bChanged ? Text::tr("Device permissions") : QString();
 }
 
 void CRoleManagerEditDlg::accept()

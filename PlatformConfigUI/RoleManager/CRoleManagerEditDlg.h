@@ -65,7 +65,7 @@ private:
 
     void ShowRecord(const Role& record) override;
     Role GetEdited() const override;
-    bool HasOtherChanges() const override;
+    QString GetOtherChange() const override;
     bool CheckInput() override;
     void Send(const Role& record, bool bNew) override;
     void Fetch(const Role& record, bool bNew) override;

@@ -105,10 +105,12 @@ private:
     void Fetch(const Device& record, bool bNew) override;
     void QueryDevice(const std::string& sDeviceId);
     void FindAdded(const Device& record);
+    bool IsOfSent(const GroupLogical::DeviceInfo_t& device) const;
     void OnSaved(const Device& record) override;
     /// The field that a refusal names; null when it is not shown now.
     QWidget* FindField(const std::string& sErrorDetail) const;
     void ShowRefusal(int nErrorCode, const std::string& sDetail) override;
+    std::pair<int, std::string> GetTaken() const override;
     bool IsSegment() const { return m_sent.nAddMode == GroupLogical::AddBySegment; }
     /// Addresses of the segment that was sent.
     int GetSentSize() const;

@@ -121,15 +121,13 @@ void CDevAdd::QueryDevice(const std::string& sDeviceId)
 
 void CDevAdd::FindAdded(const Device& record)
 {
-    // The name of a segment's device has its address appended.
-    const std::string sName = IsSegment() ? record.sName + ' ' + record.sIpStart : record.sName;
     GroupLogical::DevicePageRequest_t request;
     request.nPageSize = SearchRows;
-    request.sSearchText = QUrl::toPercentEncoding(QString::fromStdString(sName)).toStdString();
-    m_groupCalls.Latest<&IGroupManager::QueryDevicePage>(request, [this, sName](const GroupParam& param) {
+    request.sSearchText = QUrl::toPercentEncoding(QString::fromStdString(record.sName)).toStdString();
+    m_groupCalls.Latest<&IGroupManager::QueryDevicePage>(request, [this](const GroupParam& param) {
         const auto& vecDevices = param.devicePage.vecDevices;
         const auto it = std::find_if(vecDevices.begin(), vecDevices.end(),
-            [&](const GroupLogical::DeviceInfo_t& device) { return device.sName == sName; });
+            [this](const GroupLogical::DeviceInfo_t& device) { return IsOfSent(device); });
         if (it == vecDevices.end())
             m_editor.OnFetched(param.nErrorCode, nullptr);
         else if (IsSegment())
@@ -137,6 +135,21 @@ void CDevAdd::FindAdded(const Device& record)
         else
             QueryDevice(it->sDeviceId);
     });
+}
+
+bool CDevAdd::IsOfSent(const GroupLogical::DeviceInfo_t& device) const
+{
+    if (!IsSegment())
+        return device.sName == m_sent.sName;
+    // Each device of a segment has its address appended to the name; some of the addresses may be refused.
+    const std::size_t nPrefix = m_sent.sIpStart.rfind('.') + 1;
+    return device.sName == m_sent.sName + ' ' + device.sIp
+        && device.sIp.compare(0, nPrefix, m_sent.sIpStart, 0, nPrefix) == 0;
+}
+
+std::pair<int, std::string> CDevAdd::GetTaken() const
+{
+    return {UICommonMdl::ErrorNameExists, "sName"};
 }
 
 } // namespace ResourceManagerUI

@@ -105,7 +105,7 @@ TEST(Prompts, NothingIsDoneForAPageThatIsGone)
 {
     LateYes dialogs;
     EXPECT_FALSE(Common::AskPrompt(new QWidget, QStringLiteral("Are you sure to lock the user?")));
-    EXPECT_FALSE(Common::AskCancel(new QWidget, true));
+    EXPECT_FALSE(Common::AskPrompt(new QWidget, QString()));
     EXPECT_FALSE(Common::AskDelete(
         new QWidget, QStringLiteral("Are you sure to delete the user?"), {QStringLiteral("anna")}));
 }

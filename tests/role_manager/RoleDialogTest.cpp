@@ -187,12 +187,26 @@ TEST_F(RoleDialog, AChangeBySomebodyElseIsOfferedToBeLoaded)
     m_host.site.vecRoles[1].sRemark = "theirs";
     m_host.site.vecRoles[1].nVersion = 9;
     Click("btnOk");
-    m_dialogs.AnswerNext(true);
+    m_dialogs.ClickNext(QStringLiteral("btnLoadAgain"));
     FailSave<wire::ModifyRole>(UICommonMdl::ErrorVersionConflict);
     EXPECT_EQ(
         m_pDriver->Find<VxGUI::VxLineEdit>(QStringLiteral("editRemark"))->text(), QStringLiteral("theirs"));
     Click("btnOk");
     EXPECT_EQ(Saved().role.nVersion, 9);
+}
+
+TEST_F(RoleDialog, DeviceRightsThatTheRecordDoesNotShowAreNeverTakenForSaved)
+{
+    OpenDialog("2");
+    ShowTab(2);
+    ClickBox("treeDevice", "South");
+    Click("btnOk");
+    m_host.site.vecRoles[1].nVersion = 9;
+    m_dialogs.ClickNext(QStringLiteral("btnSaveMine"));
+    FailSave<wire::ModifyRole>(UICommonMdl::ErrorVersionConflict);
+    EXPECT_TRUE(m_dialogs.LastDetails().startsWith(QStringLiteral("Device permissions:")));
+    EXPECT_EQ(Saved().role.nVersion, 9);
+    EXPECT_EQ(Saved().vecChanges.size(), 1U);
 }
 
 TEST_F(RoleDialog, ARoleThatIsGoneClosesIt)

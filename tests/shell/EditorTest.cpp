@@ -245,7 +245,7 @@ TEST_F(Editor, AConflictShowsWhatDiffersAndSavesOnlyWhatWasChanged)
     EXPECT_EQ(m_form.m_vecSent.back(), merged);
     Edit().OnAnswer(ErrorServerBusy, {}, nullptr);
     Edit().Save();
-    EXPECT_EQ(m_form.m_vecSent.back(), merged) << "still over theirs";
+    EXPECT_EQ(m_form.m_vecSent.back().nVersion, 4) << "it is decided anew";
     meet("btnLoadAgain");
     EXPECT_EQ(m_form.m_pName->text(), QStringLiteral("Gate"));
     EXPECT_EQ(m_form.m_pRemark->text(), QStringLiteral("theirs"));
