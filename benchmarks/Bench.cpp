@@ -9,14 +9,6 @@
 
 namespace {
 
-double TimeMs(const std::function<void()>& call)
-{
-    QElapsedTimer clock;
-    clock.start();
-    call();
-    return double(clock.nsecsElapsed()) / 1e6;
-}
-
 double Median(std::vector<double> vecTimes)
 {
     std::sort(vecTimes.begin(), vecTimes.end());
@@ -25,6 +17,14 @@ double Median(std::vector<double> vecTimes)
 
 } // namespace
 
+double TimeMs(const std::function<void()>& call)
+{
+    QElapsedTimer clock;
+    clock.start();
+    call();
+    return double(clock.nsecsElapsed()) / 1e6;
+}
+
 double MedianMs(int nRuns, const std::function<void()>& call)
 {
     return MedianPairMs(nRuns, call, [] {}).dFirst;
@@ -32,13 +32,19 @@ double MedianMs(int nRuns, const std::function<void()>& call)
 
 Medians MedianPairMs(int nRuns, const std::function<void()>& first, const std::function<void()>& second)
 {
+    return MedianPair(
+        nRuns, [&] { return TimeMs(first); }, [&] { return TimeMs(second); });
+}
+
+Medians MedianPair(int nRuns, const std::function<double()>& first, const std::function<double()>& second)
+{
     first();
     second();
     std::vector<double> vecFirst;
     std::vector<double> vecSecond;
     for (int i = 0; i < nRuns; ++i) {
-        vecFirst.push_back(TimeMs(first));
-        vecSecond.push_back(TimeMs(second));
+        vecFirst.push_back(first());
+        vecSecond.push_back(second());
     }
     return {Median(vecFirst), Median(vecSecond)};
 }

@@ -20,6 +20,9 @@ struct BenchResult
     bool IsHeld() const { return bAtLeast ? Ratio() >= dBound : Ratio() > 0 && Ratio() <= dBound; }
 };
 
+/// How long the call takes, in milliseconds.
+double TimeMs(const std::function<void()>& call);
+
 /// Median of the times of nRuns calls, in milliseconds, after one call that does not count.
 double MedianMs(int nRuns, const std::function<void()>& call);
 
@@ -30,6 +33,8 @@ struct Medians
     double dSecond;
 };
 Medians MedianPairMs(int nRuns, const std::function<void()>& first, const std::function<void()>& second);
+/// As MedianPairMs, of calls that answer their own figure.
+Medians MedianPair(int nRuns, const std::function<double()>& first, const std::function<double()>& second);
 
 /// Runs the event loop until the condition holds; ends the program when it does not within a minute.
 void WaitUntil(const std::function<bool()>& condition);

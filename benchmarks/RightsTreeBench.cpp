@@ -2,6 +2,7 @@
 // rights of a large platform against those of a small one.
 
 #include "Bench.h"
+#include "RightsSource.h"
 
 #include <RoleManager/CDeviceRightModel.h>
 #include <RoleManager/CMenuRightModel.h>
@@ -9,7 +10,6 @@
 #include <RoleManager/CRightTreeView.h>
 #include <UICommonMdl/CInterfaceSetManager.h>
 #include <common/CTreeFilterProxyModel.h>
-#include <tests/support/fakes/FakeUserManager.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -55,10 +55,9 @@ struct Source : RightsSource
     UICommonMdl::CInterfaceSetManager interfaceSet;
 };
 
-void Load(FakeUserManager& manager, CRightModel& model, std::vector<RightNode_t> vecRights)
+void Load(FakeServer& server, CRightModel& model, const std::vector<RightNode_t>& vecRights)
 {
-    manager.users.AnswerAlways("QueryMenuRightList",
-        [vecRights](const FakeCall&, FakeUserManager::Param& param) { param.vecRights = vecRights; });
+    server.AnswerAlways<wire::QueryMenuRightList>({vecRights});
     model.Query();
     WaitUntil([&] { return model.GetState() == CRightModel::State::Loaded; });
 }
@@ -68,7 +67,7 @@ Medians MeasureFilter(bool bDeep)
 {
     Source manager;
     CMenuRightModel model(&manager.interfaceSet, true);
-    Load(manager, model, MakeRights(bDeep));
+    Load(manager.server, model, MakeRights(bDeep));
 
     CMenuRightSortFilterProxyModel own;
     own.setSourceModel(&model);
@@ -111,8 +110,8 @@ public:
         : m_nNext(nNodes / (BranchSize + 1))
         , m_nOrganizations(m_nNext + BranchRuns + 1)
     {
-        m_manager.users.AnswerAlways("QueryDeviceRights",
-            [this](const FakeCall& call, FakeUserManager::Param& param) { param.vecNodes = Below(call); });
+        m_manager.server.AnswerAlways<wire::QueryDeviceRights>(
+            [this](const DeviceRightQuery_t& query, auto& answer) { answer.vecNodes = Below(query); });
         m_filter.setSourceModel(&m_model);
         m_view.SetFilterModel(&m_filter, CRightTreeView::Folding::Folded);
         QObject::connect(
@@ -129,28 +128,34 @@ public:
             WaitUntil([&] { return m_model.rowCount(organization) > 0; });
         }
         m_view.viewport()->repaint();
+        m_manager.server.Hold<wire::QueryDeviceRights>();
     }
-    /// Unfolds an organisation that is not loaded, gives it, and takes one of its devices.
-    void ExpandAndCheck()
+    /// Unfolds an organisation that is not loaded, gives it, and takes one of its devices. Answers how long
+    /// the tree took, in milliseconds: the nodes are written and read as JSON while no clock runs.
+    double ExpandAndCheck()
     {
         const QModelIndex organization = Organization(m_nNext++);
-        const int nAsked = m_manager.users.Count("QueryDeviceRights");
-        m_view.expand(m_filter.mapFromSource(organization));
-        WaitUntil([&] { return m_model.rowCount(organization) == BranchSize; });
-        m_model.setData(organization, Qt::Checked, Qt::CheckStateRole);
-        m_model.setData(m_model.index(0, 0, organization), Qt::Unchecked, Qt::CheckStateRole);
-        m_view.viewport()->repaint();
-        if (m_manager.users.Count("QueryDeviceRights") != nAsked + 1) {
+        const int nAsked = m_manager.server.Count<wire::QueryDeviceRights>();
+        const double dAskMs = TimeMs([&] { m_view.expand(m_filter.mapFromSource(organization)); });
+        const auto query = m_manager.server.LastRequest<wire::QueryDeviceRights>();
+        m_manager.server.AnswerLast<wire::QueryDeviceRights>({Below(query)});
+        const double dShowMs = TimeMs([&] {
+            WaitUntil([&] { return m_model.rowCount(organization) == BranchSize; });
+            m_model.setData(organization, Qt::Checked, Qt::CheckStateRole);
+            m_model.setData(m_model.index(0, 0, organization), Qt::Unchecked, Qt::CheckStateRole);
+            m_view.viewport()->repaint();
+        });
+        if (m_manager.server.Count<wire::QueryDeviceRights>() != nAsked + 1) {
             fprintf(stderr, "More than the one branch was asked for.\n");
             std::exit(1);
         }
+        return dAskMs + dShowMs;
     }
 
 private:
     QModelIndex Organization(int nRow) const { return m_model.index(nRow, 0, m_model.index(0, 0)); }
-    std::vector<DeviceRightNode_t> Below(const FakeCall& call) const
+    std::vector<DeviceRightNode_t> Below(const DeviceRightQuery_t& query) const
     {
-        const auto query = std::any_cast<DeviceRightQuery_t>(call.argument);
         if (query.sId.empty())
             return {{DeviceNodeOrganization, "001", 0, 0, "Root", RightStateNone, false, true, {}}};
         const bool bRoot = query.sId == "001";
@@ -184,8 +189,8 @@ std::vector<BenchResult> BenchRightsTree()
     }
     Platform large(LargePlatform);
     Platform small(SmallPlatform);
-    const Medians branch = MedianPairMs(
-        BranchRuns, [&] { large.ExpandAndCheck(); }, [&] { small.ExpandAndCheck(); });
+    const Medians branch = MedianPair(
+        BranchRuns, [&] { return large.ExpandAndCheck(); }, [&] { return small.ExpandAndCheck(); });
     vecResults.push_back({QStringLiteral("device rights: expand and check an organisation, 100,000 nodes "
                                          "loaded against 1,000"),
         branch.dFirst, branch.dSecond, QStringLiteral("ms"), 2});
