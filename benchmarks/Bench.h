@@ -49,3 +49,9 @@ std::vector<BenchResult> BenchPersons();
 std::vector<BenchResult> BenchPersonTree();
 std::vector<BenchResult> BenchRightsTree();
 std::vector<BenchResult> BenchAccounts();
+std::vector<BenchResult> BenchExport();
+
+/// What BenchExport starts this program with, to have a process of its own that does ReceiveExport: prints
+/// how much it grew and how large the answer was, in MiB. Answers the program's exit code.
+inline constexpr const char* ReceiveExportArgument = "--receive-export";
+int ReceiveExport();

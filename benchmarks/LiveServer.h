@@ -25,6 +25,7 @@ public:
     LiveServer& operator=(const LiveServer&) = delete;
 
     QString DatabasePath() const { return m_server.DatabasePath(); }
+    QUrl Url() const { return m_server.Url(); }
     UICommonMdl::CInterfaceSetManager* Interfaces() { return &m_interfaces; }
     UICommonMdl::ILocalConfig* Config() const { return m_client.GetLocalConfig(); }
 

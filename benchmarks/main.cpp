@@ -35,7 +35,9 @@ int main(int argc, char** argv)
     } benchmarks[] = {{"home", &BenchHomePage}, {"device", &BenchDevicePage}, {"server", &BenchServerQueries},
         {"file", &BenchImportFile}, {"import", &BenchImport}, {"discovery", &BenchDiscovery},
         {"persons", &BenchPersons}, {"tree", &BenchPersonTree}, {"rights", &BenchRightsTree},
-        {"accounts", &BenchAccounts}};
+        {"accounts", &BenchAccounts}, {"export", &BenchExport}};
+    if (sOnly == QLatin1String(ReceiveExportArgument))
+        return ReceiveExport();
     printf("name | measured | reference | ratio | bound\n");
     bool bHeld = true;
     for (const auto& benchmark : benchmarks) {

@@ -65,21 +65,51 @@ requires(!std::same_as<Number, bool>) void Read(const nlohmann::json& json, Numb
 }
 
 template <class Item>
+void Merge(const nlohmann::json& json, std::vector<Item>& vecItems, double dWhole);
+
+template <class Item>
 void Read(const nlohmann::json& json, std::vector<Item>& vecItems)
 {
+    vecItems.clear();
+    Merge(json, vecItems, 1);
+}
+
+/// Takes in the next part of a value that comes in parts: lists go on, everything else is replaced. The whole
+/// is about dWhole times as large as what came so far, with this part.
+template <class Value>
+void Merge(const nlohmann::json& json, Value& value, double /*dWhole*/)
+{
+    Read(json, value);
+}
+
+template <class Item>
+void Merge(const nlohmann::json& json, std::vector<Item>& vecItems, double dWhole)
+{
     const auto& items = json.get_ref<const nlohmann::json::array_t&>();
-    vecItems.resize(items.size());
-    for (std::size_t n = 0; n < items.size(); ++n)
-        Read(items[n], vecItems[n]);
+    const std::size_t nItems = vecItems.size() + items.size();
+    // A long list that had to grow would be there twice meanwhile.
+    if (nItems > vecItems.capacity())
+        vecItems.reserve(static_cast<std::size_t>(static_cast<double>(nItems) * dWhole));
+    for (const nlohmann::json& item : items)
+        Read(item, vecItems.emplace_back());
+}
+
+template <std::same_as<nlohmann::json> Json>
+void Merge(const nlohmann::json& json, Json& value, double /*dWhole*/)
+{
+    if (json.is_array() && value.is_array())
+        value.insert(value.end(), json.begin(), json.end());
+    else
+        value = json;
 }
 
 /// A field that is missing stays as it is.
 template <class Value>
-void ReadField(const nlohmann::json& json, const char* szName, Value& value)
+void MergeField(const nlohmann::json& json, const char* szName, Value& value, double dWhole)
 {
     const auto& fields = json.get_ref<const nlohmann::json::object_t&>();
     if (const auto it = fields.find(szName); it != fields.end())
-        Read(it->second, value);
+        Merge(it->second, value, dWhole);
 }
 
 } // namespace wire
@@ -87,7 +117,8 @@ void ReadField(const nlohmann::json& json, const char* szName, Value& value)
 /// WIRE_RECORD(Type, fields …) is the one line that a record's codec takes, in the record's own namespace. A
 /// field that is missing keeps its default; a field of a wrong type and a number that does not fit are errors
 /// (nlohmann::json::exception).
-/// AppendJson writes what to_json makes a tree of, without the tree.
+/// AppendJson writes what to_json makes a tree of, without the tree; MergeJson reads a record that comes in
+/// parts, as wire::Merge says.
 /// The codecs are compiled once, by the source that defines WIRE_DEFINE_RECORDS; everybody else sees that
 /// they are there.
 #ifdef WIRE_DEFINE_RECORDS
@@ -96,16 +127,20 @@ void ReadField(const nlohmann::json& json, const char* szName, Value& value)
     sJson += "\"" #field "\":";                                                                              \
     AppendJson(sJson, record.field);                                                                         \
     cSeparator = ',';
-#define WIRE_READ_FIELD(field) wire::ReadField(json, #field, record.field);
+#define WIRE_MERGE_FIELD(field) wire::MergeField(json, #field, record.field, dWhole);
 #define WIRE_RECORD(Type, ...)                                                                               \
     void to_json(nlohmann::json& nlohmann_json_j, const Type& nlohmann_json_t)                               \
     {                                                                                                        \
         NLOHMANN_JSON_EXPAND(NLOHMANN_JSON_PASTE(NLOHMANN_JSON_TO, __VA_ARGS__))                             \
     }                                                                                                        \
+    void MergeJson(const nlohmann::json& json, Type& record, double dWhole)                                  \
+    {                                                                                                        \
+        NLOHMANN_JSON_EXPAND(NLOHMANN_JSON_PASTE(WIRE_MERGE_FIELD, __VA_ARGS__))                             \
+    }                                                                                                        \
     void from_json(const nlohmann::json& json, Type& record)                                                 \
     {                                                                                                        \
         record = Type();                                                                                     \
-        NLOHMANN_JSON_EXPAND(NLOHMANN_JSON_PASTE(WIRE_READ_FIELD, __VA_ARGS__))                              \
+        MergeJson(json, record, 1);                                                                          \
     }                                                                                                        \
     void AppendJson(std::string& sJson, const Type& record)                                                  \
     {                                                                                                        \
@@ -118,5 +153,6 @@ void ReadField(const nlohmann::json& json, const char* szName, Value& value)
 #define WIRE_RECORD(Type, ...)                                                                               \
     void to_json(nlohmann::json& json, const Type& record);                                                  \
     void from_json(const nlohmann::json& json, Type& record);                                                \
+    void MergeJson(const nlohmann::json& json, Type& record, double dWhole);                                 \
     void AppendJson(std::string& sJson, const Type& record);
 #endif

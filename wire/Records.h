@@ -116,6 +116,7 @@ inline void to_json(nlohmann::json& json, const Nothing&)
     json = nlohmann::json::object();
 }
 inline void from_json(const nlohmann::json&, Nothing&) { }
+inline void MergeJson(const nlohmann::json&, Nothing&, double) { }
 inline void AppendJson(std::string& sJson, const Nothing&)
 {
     sJson += "{}";

@@ -1,5 +1,7 @@
 #include "CNetworkWorker.h"
 
+#include "AnswerReader.h"
+
 #include <UICommonMdl/ErrorCodes.h>
 #include <wire/Operation.h>
 
@@ -16,6 +18,9 @@ constexpr int LastRetryMs = 5000;
 // The server sends at least a comment every ten seconds; a stream that is silent for longer than two of them
 // is dead.
 constexpr int SilenceMs = 25000;
+
+// What of an answer waits to be read, in bytes: a long one is read as it comes, and held back meanwhile.
+constexpr qint64 ReadBufferSize = 262144;
 
 int ConnectionError(QNetworkReply::NetworkError error)
 {
@@ -79,7 +84,7 @@ QNetworkRequest CNetworkWorker::MakeRequest(const QString& sPath) const
 }
 
 void CNetworkWorker::Post(
-    const std::string& sOperation, const QByteArray& body, int nTimeOutMs, const AnswerHandler& handler)
+    const std::string& sOperation, const QByteArray& body, int nTimeOutMs, const Reader& pReader)
 {
     QNetworkRequest request =
         MakeRequest(QString::fromLatin1(wire::OperationPrefix) + QString::fromStdString(sOperation));
@@ -90,38 +95,46 @@ void CNetworkWorker::Post(
     request.setRawHeader("Connection", "close");
     request.setTransferTimeout(nTimeOutMs);
     QNetworkReply* pReply = m_network.post(request, body);
-    m_hashOpen.insert(pReply, handler);
+    // The library hears of it only once the request was started, which it does from the event loop.
+    QMetaObject::invokeMethod(
+        pReply, [pReply] { pReply->setReadBufferSize(ReadBufferSize); }, Qt::QueuedConnection);
+    m_hashOpen.insert(pReply, pReader);
+    connect(pReply, &QNetworkReply::readyRead, this, [this, pReply] { OnReadable(pReply); });
     connect(pReply, &QNetworkReply::finished, this, [this, pReply] { OnAnswered(pReply); });
 }
 
 void CNetworkWorker::PostLater(int nDelayMs, const std::string& sOperation, const QByteArray& body,
-    int nTimeOutMs, const AnswerHandler& handler)
+    int nTimeOutMs, const Reader& pReader)
 {
     auto* const pTimer = new QTimer(this);
     pTimer->setSingleShot(true);
-    m_hashWaiting.insert(pTimer, handler);
+    m_hashWaiting.insert(pTimer, pReader);
     connect(pTimer, &QTimer::timeout, this, [=, this] {
         m_hashWaiting.remove(pTimer);
         pTimer->deleteLater();
-        Post(sOperation, body, nTimeOutMs, handler);
+        Post(sOperation, body, nTimeOutMs, pReader);
     });
     pTimer->start(nDelayMs);
 }
 
+void CNetworkWorker::OnReadable(QNetworkReply* pReply)
+{
+    const QByteArray bytes = pReply->readAll();
+    m_hashOpen.value(pReply)->Feed({bytes.constData(), static_cast<std::size_t>(bytes.size())},
+        pReply->header(QNetworkRequest::ContentLengthHeader).toULongLong());
+}
+
 void CNetworkWorker::OnAnswered(QNetworkReply* pReply)
 {
-    RawAnswer answer;
     if (pReply->isOpen())
-        answer.body = pReply->readAll();
+        OnReadable(pReply);
     // Error statuses of the server carry a readable body all the same; without one the connection failed.
     const bool bAnswered = pReply->attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid();
     const bool bCut =
         pReply->error() != QNetworkReply::NoError && pReply->error() < QNetworkReply::ContentAccessDenied;
-    if (!bAnswered || bCut)
-        answer.nErrorCode = ConnectionError(pReply->error());
-    const AnswerHandler handler = m_hashOpen.take(pReply);
+    const Reader pReader = m_hashOpen.take(pReply);
     pReply->deleteLater();
-    handler(answer);
+    pReader->End(!bAnswered || bCut ? ConnectionError(pReply->error()) : UICommonMdl::ErrorNone);
 }
 
 void CNetworkWorker::CancelAll()
@@ -129,12 +142,12 @@ void CNetworkWorker::CancelAll()
     const auto hashWaiting = std::exchange(m_hashWaiting, {});
     for (auto it = hashWaiting.begin(); it != hashWaiting.end(); ++it) {
         delete it.key();
-        it.value()({UICommonMdl::ErrorCancelled, {}});
+        it.value()->End(UICommonMdl::ErrorCancelled);
     }
     const auto hashOpen = std::exchange(m_hashOpen, {});
     for (auto it = hashOpen.begin(); it != hashOpen.end(); ++it) {
         Drop(it.key());
-        it.value()({UICommonMdl::ErrorCancelled, {}});
+        it.value()->End(UICommonMdl::ErrorCancelled);
     }
 }
 

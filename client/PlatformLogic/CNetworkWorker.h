@@ -18,12 +18,7 @@ class QNetworkReply;
 
 namespace PlatformLogic {
 
-/// The raw answer of one request.
-struct RawAnswer
-{
-    int nErrorCode = 0; ///< of the connection: 0 when a body was read
-    QByteArray body;
-};
+class AnswerReader;
 
 /// The network side of the connection: lives on the network thread, all of it is called there.
 class CNetworkWorker : public QObject
@@ -31,7 +26,7 @@ class CNetworkWorker : public QObject
     Q_OBJECT
 
 public:
-    using AnswerHandler = std::function<void(const RawAnswer& answer)>;
+    using Reader = std::shared_ptr<AnswerReader>;
     enum class StreamState
     {
         Closed,
@@ -45,12 +40,11 @@ public:
 
     void SetServer(const QUrl& url, const QSslConfiguration& tls);
     void SetToken(const std::string& sToken);
-    /// Sends one request; the handler is called exactly once, here or from the event loop.
-    void Post(
-        const std::string& sOperation, const QByteArray& body, int nTimeOutMs, const AnswerHandler& handler);
+    /// Sends one request; the reader is fed and ended, exactly once, here or from the event loop.
+    void Post(const std::string& sOperation, const QByteArray& body, int nTimeOutMs, const Reader& pReader);
     /// As Post, after a while.
     void PostLater(int nDelayMs, const std::string& sOperation, const QByteArray& body, int nTimeOutMs,
-        const AnswerHandler& handler);
+        const Reader& pReader);
     /// Opens the event stream and keeps it open, with a new attempt after each loss, until CloseStream.
     void OpenStream();
     void CloseStream();
@@ -63,6 +57,7 @@ Q_SIGNALS:
 
 private:
     QNetworkRequest MakeRequest(const QString& sPath) const;
+    void OnReadable(QNetworkReply* pReply);
     void OnAnswered(QNetworkReply* pReply);
     void Drop(QNetworkReply* pReply);
     void OnStreamReadable();
@@ -75,8 +70,8 @@ private:
     QUrl m_server;
     QSslConfiguration m_tls;
     QByteArray m_token;
-    QHash<QNetworkReply*, AnswerHandler> m_hashOpen;
-    QHash<QTimer*, AnswerHandler> m_hashWaiting;
+    QHash<QNetworkReply*, Reader> m_hashOpen;
+    QHash<QTimer*, Reader> m_hashWaiting;
     QNetworkReply* m_pStream = nullptr;
     std::unique_ptr<EventStreamParser> m_pParser;
     StreamState m_streamState = StreamState::Closed;

@@ -1,35 +1,10 @@
 #include "CServerConnection.h"
 
+#include "AnswerReader.h"
+
 #include <UICommonMdl/ErrorCodes.h>
-#include <wire/Records.h>
 
 namespace PlatformLogic {
-
-namespace {
-
-/// Takes the wrapper off an answer; whatever cannot be read is ErrorBadAnswer.
-ServerAnswer Unwrap(int nSequence, const RawAnswer& raw)
-{
-    ServerAnswer answer;
-    answer.nSequence = nSequence;
-    answer.nErrorCode = raw.nErrorCode;
-    if (raw.nErrorCode != UICommonMdl::ErrorNone)
-        return answer;
-    auto json = nlohmann::json::parse(raw.body.begin(), raw.body.end(), nullptr, false);
-    if (!json.is_object() || !json.contains(wire::AnswerCode)
-        || !json[wire::AnswerCode].is_number_integer()) {
-        answer.nErrorCode = UICommonMdl::ErrorBadAnswer;
-        return answer;
-    }
-    answer.nErrorCode = json[wire::AnswerCode].get<int>();
-    if (const auto it = json.find(wire::AnswerDetail); it != json.end() && it->is_string())
-        answer.sDetail = it->get<std::string>();
-    if (const auto it = json.find(wire::AnswerData); it != json.end())
-        answer.data = std::move(*it);
-    return answer;
-}
-
-} // namespace
 
 CServerConnection::CServerConnection()
     : m_pWorker(new CNetworkWorker)
@@ -74,26 +49,26 @@ void CServerConnection::SetServer(const QUrl& url, const QSslConfiguration& tls)
     QMetaObject::invokeMethod(m_pWorker, [this, url, tls] { m_pWorker->SetServer(url, tls); });
 }
 
-int CServerConnection::Send(
-    const std::string& sOperation, const QByteArray& body, AnswerHandler handler, int nDelayMs)
+int CServerConnection::Send(const std::string& sOperation, const QByteArray& body, DataHandler onData,
+    AnswerHandler onEnd, int nDelayMs)
 {
     const int nSequence = ++m_nSequence;
     const int nTimeOutMs = m_nTimeOutMs;
     const int nSession = m_nSession;
     ++m_nOpenRequests;
-    QMetaObject::invokeMethod(m_pWorker, [=, this, handler = std::move(handler)] {
-        const auto onRaw = [this, nSequence, nSession, handler](const RawAnswer& raw) {
-            const ServerAnswer answer = Unwrap(nSequence, raw);
-            handler(answer);
+    const auto pReader = std::make_shared<AnswerReader>(
+        nSequence, std::move(onData), [this, nSession, onEnd = std::move(onEnd)](const ServerAnswer& answer) {
+            onEnd(answer);
             --m_nOpenRequests;
             if (answer.nErrorCode == UICommonMdl::ErrorNotSignedIn && nSession == m_nSession
                 && m_stateHandler)
                 m_stateHandler(State::SessionRefused);
-        };
+        });
+    QMetaObject::invokeMethod(m_pWorker, [=, this] {
         if (nDelayMs > 0)
-            m_pWorker->PostLater(nDelayMs, sOperation, body, nTimeOutMs, onRaw);
+            m_pWorker->PostLater(nDelayMs, sOperation, body, nTimeOutMs, pReader);
         else
-            m_pWorker->Post(sOperation, body, nTimeOutMs, onRaw);
+            m_pWorker->Post(sOperation, body, nTimeOutMs, pReader);
     });
     return nSequence;
 }

@@ -45,8 +45,8 @@ public:
     QUrl GetServer() const { return m_server; }
     void SetTimeOut(int nMilliseconds) { m_nTimeOutMs = nMilliseconds; }
 
-    int Send(
-        const std::string& sOperation, const QByteArray& body, AnswerHandler handler, int nDelayMs) override;
+    int Send(const std::string& sOperation, const QByteArray& body, DataHandler onData, AnswerHandler onEnd,
+        int nDelayMs) override;
     /// Requests that are not answered yet.
     int GetOpenRequestCount() const { return m_nOpenRequests; }
 

@@ -28,18 +28,24 @@ int CallServer(
 {
     const std::string sBody =
         nlohmann::json(request).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+    const auto pAnswer = std::make_shared<TypedAnswer<typename Op::Answer>>();
     return connection.Send(
         std::string(Op::Name), QByteArray::fromStdString(sBody),
-        [handler = std::move(handler)](const ServerAnswer& raw) {
-            TypedAnswer<typename Op::Answer> answer{raw.nSequence, raw.nErrorCode, raw.sDetail, {}};
-            if (raw.nErrorCode == UICommonMdl::ErrorNone) {
-                try {
-                    raw.data.get_to(answer.data);
-                } catch (const nlohmann::json::exception&) {
-                    answer.nErrorCode = UICommonMdl::ErrorBadAnswer;
-                }
+        [pAnswer](const nlohmann::json& data, double dWhole) {
+            try {
+                MergeJson(data, pAnswer->data, dWhole);
+            } catch (const nlohmann::json::exception&) {
+                pAnswer->nErrorCode = UICommonMdl::ErrorBadAnswer;
             }
-            handler(std::move(answer));
+        },
+        [pAnswer, handler = std::move(handler)](const ServerAnswer& end) {
+            pAnswer->nSequence = end.nSequence;
+            pAnswer->sDetail = end.sDetail;
+            if (end.nErrorCode != UICommonMdl::ErrorNone)
+                pAnswer->nErrorCode = end.nErrorCode;
+            if (pAnswer->nErrorCode != UICommonMdl::ErrorNone)
+                pAnswer->data = {};
+            handler(std::move(*pAnswer));
         },
         nDelayMs);
 }

@@ -47,7 +47,7 @@ wire::CloudDevices Read(const nlohmann::json& answer)
         if (result.vecDevices.size() >= DeviceLimit)
             break;
         result.vecDevices.push_back({Text(device, "sn"), Text(device, "name"), Text(device, "model")});
-        wire::ReadField(device, "category", result.vecDevices.back().nCategory);
+        wire::MergeField(device, "category", result.vecDevices.back().nCategory, 1);
     }
     return result;
 }

@@ -64,12 +64,25 @@ protected:
     int m_nSessionsEnded = 0;
 };
 
+constexpr int LongRows = 5000;
+
+/// A page of many rows, more than is read at once; the last one has that version.
+QByteArray LongPage(const QByteArray& lastVersion)
+{
+    QByteArray body = R"({"code":0,"data":{"vecDevices":[)";
+    for (int n = 1; n < LongRows; ++n)
+        body +=
+            R"({"sName":"A device with a name that takes some room on its way to the page","nVersion":1},)";
+    return body + R"({"nVersion":)" + lastVersion + R"(}],"nTotal":5000}})";
+}
+
 struct AnswerCase
 {
     const char* pszName;
     ScriptedServer::Script script;
     int nErrorCode;
     const char* pszDetail;
+    std::size_t nRows = 0;
 };
 
 void PrintTo(const AnswerCase& param, std::ostream* pStream)
@@ -86,7 +99,8 @@ class AnswerTest : public ConnectionTest, public testing::WithParamInterface<Ans
 TEST_P(AnswerTest, EveryRequestHasExactlyOneAnswer)
 {
     SignIn();
-    m_pClient->SetRequestTimeOut(300);
+    if (GetParam().nErrorCode == UICommonMdl::ErrorTimeOut)
+        m_pClient->SetRequestTimeOut(300);
     m_server.SetScript(PagePath, GetParam().script);
     const int nFirst = m_pClient->GetGroupManager()->QueryDevicePage({});
     const int nSecond = m_pClient->GetGroupManager()->QueryDevicePage({});
@@ -101,6 +115,7 @@ TEST_P(AnswerTest, EveryRequestHasExactlyOneAnswer)
         EXPECT_EQ(answer.nResultCode, IGroupManagerObserver::ResultQueryDevicePage);
         EXPECT_EQ(answer.nErrorCode, GetParam().nErrorCode);
         EXPECT_EQ(answer.sErrorDetail, GetParam().pszDetail);
+        EXPECT_EQ(answer.devicePage.vecDevices.size(), GetParam().nRows);
     }
 }
 
@@ -108,6 +123,15 @@ INSTANTIATE_TEST_SUITE_P(Answers, AnswerTest,
     testing::Values(
         AnswerCase{"success",
             ScriptedServer::Answer(R"({"code":0,"data":{"vecDevices":[],"nTotal":0,"nPage":1}})"), 0, ""},
+        AnswerCase{"long", ScriptedServer::Answer(LongPage("1")), 0, "", LongRows},
+        AnswerCase{"long_with_a_field_of_wrong_type_at_its_end", ScriptedServer::Answer(LongPage("\"1\"")),
+            UICommonMdl::ErrorBadAnswer, ""},
+        AnswerCase{"long_and_cut",
+            [](QTcpSocket& socket, const QByteArray&) {
+                socket.write("HTTP/1.1 200 OK\r\nContent-Length: 9999999\r\n\r\n" + LongPage("1"));
+                socket.disconnectFromHost();
+            },
+            UICommonMdl::ErrorDisconnected, ""},
         AnswerCase{"refused", ScriptedServer::Answer(R"({"code":23,"detail":"001001"})"),
             UICommonMdl::ErrorNoRight, "001001"},
         AnswerCase{"error_status_with_body", ScriptedServer::Answer(R"({"code":3})", "413 Payload Too Large"),

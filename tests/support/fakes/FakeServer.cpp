@@ -53,8 +53,8 @@ void FakeServer::Run(const std::function<void()>& work)
     QMetaObject::invokeMethod(&m_context, run, Qt::BlockingQueuedConnection);
 }
 
-int FakeServer::Send(
-    const std::string& sOperation, const QByteArray& body, AnswerHandler handler, int /*nDelayMs*/)
+int FakeServer::Send(const std::string& sOperation, const QByteArray& body, DataHandler onData,
+    AnswerHandler onEnd, int /*nDelayMs*/)
 {
     FakeCall call{sOperation, 0, nlohmann::json::parse(body.begin(), body.end())};
     Maker maker;
@@ -62,7 +62,7 @@ int FakeServer::Send(
         const std::lock_guard lock(m_mutex);
         if (m_setRefused.count(sOperation) == 0) {
             call.nSequence = ++m_nLastSequence;
-            m_mapOpen[call.nSequence] = std::move(handler);
+            m_mapOpen[call.nSequence] = {std::move(onData), std::move(onEnd)};
             if (const auto it = m_mapAutomatic.find(sOperation); it != m_mapAutomatic.end())
                 maker = it->second;
         }
@@ -98,7 +98,7 @@ void FakeServer::HoldAll()
 
 void FakeServer::End(const FakeCall& call, const Reply& reply)
 {
-    AnswerHandler handler;
+    Handlers handlers;
     {
         const std::lock_guard lock(m_mutex);
         const auto it = m_mapOpen.find(call.nSequence);
@@ -106,13 +106,14 @@ void FakeServer::End(const FakeCall& call, const Reply& reply)
             ADD_FAILURE() << "not open: " << call.sOperation << ' ' << call.nSequence;
             return;
         }
-        handler = std::move(it->second);
+        handlers = std::move(it->second);
         m_mapOpen.erase(it);
     }
-    PlatformLogic::ServerAnswer answer{call.nSequence, reply.nErrorCode, reply.sDetail, {}};
-    if (reply.nErrorCode == UICommonMdl::ErrorNone)
-        answer.data = nlohmann::json::parse(reply.sData);
-    Run([answer, handler] { handler(answer); });
+    Run([=, nSequence = call.nSequence] {
+        if (reply.nErrorCode == UICommonMdl::ErrorNone)
+            handlers.onData(nlohmann::json::parse(reply.sData), 1);
+        handlers.onEnd({nSequence, reply.nErrorCode, reply.sDetail});
+    });
 }
 
 void FakeServer::ReportJob(const std::string& sJob, const wire::JobState& state)

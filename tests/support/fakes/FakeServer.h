@@ -47,8 +47,8 @@ public:
 
     // What the managers see. Delays are over at once.
 
-    int Send(
-        const std::string& sOperation, const QByteArray& body, AnswerHandler handler, int nDelayMs) override;
+    int Send(const std::string& sOperation, const QByteArray& body, DataHandler onData, AnswerHandler onEnd,
+        int nDelayMs) override;
     void CloseSession(OpenRequests openRequests) override;
 
     // What the test says of an operation, from now on.
@@ -175,6 +175,11 @@ private:
         std::string sData; ///< JSON
     };
     using Maker = std::function<Reply(const FakeCall&)>;
+    struct Handlers
+    {
+        DataHandler onData;
+        AnswerHandler onEnd;
+    };
 
     template <class Record>
     static std::string Encode(const Record& record)
@@ -195,7 +200,7 @@ private:
     std::set<std::string> m_setRefused;
     int m_nLastSequence = 0;
     std::vector<FakeCall> m_vecCalls;
-    std::map<int, AnswerHandler> m_mapOpen;
+    std::map<int, Handlers> m_mapOpen;
     std::atomic<bool> m_bPushing = false;
     std::thread m_pusher;
     std::deque<std::function<void()>> m_queWork; ///< on the thread
