@@ -34,7 +34,14 @@ QString GetQuestion()
 
 QString GetMine(const Difference& difference)
 {
-    return difference.sMine.isNull() ? Text::tr("(not changed)") : difference.sMine;
+    return difference.sMine.isNull() ? Text::tr("(not changed)")
+        : difference.sMine.isEmpty() ? Text::tr("(empty)")
+                                     : difference.sMine;
+}
+
+QString GetTheirs(const Difference& difference)
+{
+    return difference.sTheirs.isEmpty() ? Text::tr("(empty)") : difference.sTheirs;
 }
 
 QTreeView* MakeTable(const QVector<Difference>& vecDifferences, QWidget* pParent)
@@ -53,7 +60,7 @@ QTreeView* MakeTable(const QVector<Difference>& vecDifferences, QWidget* pParent
     QVector<CTableModel::Row> vecRows;
     for (const Difference& difference : vecDifferences)
         vecRows.append(CTableModel::Row{CTableModel::MakeItem(difference.sField),
-            CTableModel::MakeItem(difference.sTheirs.simplified()),
+            CTableModel::MakeItem(GetTheirs(difference).simplified()),
             CTableModel::MakeItem(GetMine(difference).simplified())});
     pModel->SetRows(vecRows);
     pTable->setModel(pModel);
@@ -124,7 +131,7 @@ CConflictDlg::Choice CConflictDlg::Ask(const QVector<Difference>& vecDifferences
     QStringList listLines;
     for (const Difference& difference : vecDifferences)
         listLines.append(
-            QStringLiteral("%1: %2 | %3").arg(difference.sField, difference.sTheirs, GetMine(difference)));
+            QStringLiteral("%1: %2 | %3").arg(difference.sField, GetTheirs(difference), GetMine(difference)));
     const bool bChosen = VxGUI::VxDialogService::Current()->Show(
         pDialog, {true, GetQuestion(), listLines.join(QLatin1Char('\n'))});
     const bool bThere = bChosen && guard == pParent && pDialog;

@@ -60,10 +60,21 @@ void CEditorBase::SetLoadView(
 
 bool CEditorBase::MayLeave()
 {
-    if (IsSaving())
-        return AskPrompt(
-            GetForm(), Text::tr("It is not known yet whether this is saved. Are you sure to leave?"));
-    return CInputGuard::MayLeave();
+    if (!IsSaving())
+        return CInputGuard::MayLeave();
+    const QPointer<CEditorBase> guard(this);
+    // The question goes when it has become known meanwhile.
+    const QPointer<QWidget> pAsker(new QWidget(GetForm()));
+    connect(this, &CEditorBase::SignalStateChanged, pAsker, [this, pAsker] {
+        if (!IsSaving())
+            pAsker->deleteLater();
+    });
+    const bool bLeave =
+        AskPrompt(pAsker, Text::tr("It is not known yet whether this is saved. Are you sure to leave?"));
+    if (!guard)
+        return false;
+    delete pAsker;
+    return bLeave || (!IsSaving() && CInputGuard::MayLeave());
 }
 
 void CEditorBase::End()

@@ -58,7 +58,8 @@ bool CInputGuard::LeaveBelow(QWidget* pTop)
         if (!pGuard || !pGuard->IsHoldingInput())
             continue;
         BringToFront(pGuard->m_pForm, pTop);
-        if (!pGuard->Leave())
+        // A form that was closed meanwhile keeps nobody.
+        if (!pGuard->Leave() && pGuard)
             return false;
     }
     return true;

@@ -7,7 +7,9 @@
 #include <QCheckBox>
 #include <QCoreApplication>
 #include <QDateTimeEdit>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -37,6 +39,7 @@ COptionalDateEdit::COptionalDateEdit(QWidget* pParent)
     m_pEdit->setMinimumDate(QDate(1900, 1, 1));
     m_pEdit->setMaximumDate(QDate(9999, 12, 31));
     KeepFromWheel(m_pEdit);
+    m_pEdit->installEventFilter(this);
     SetPrecision(Precision::Day);
     auto* const pRow = new QHBoxLayout;
     pRow->setSpacing(8);
@@ -54,6 +57,18 @@ COptionalDateEdit::COptionalDateEdit(QWidget* pParent)
         Q_EMIT SignalChanged();
     });
     UpdateEnabled();
+}
+
+bool COptionalDateEdit::eventFilter(QObject* pWatched, QEvent* pEvent)
+{
+    // The date goes on by itself when a part is complete; who types what stands between would skip the next.
+    if (pWatched == m_pEdit && pEvent->type() == QEvent::KeyPress) {
+        const QString sText = static_cast<QKeyEvent*>(pEvent)->text();
+        const auto* const pLine = m_pEdit->findChild<QLineEdit*>();
+        if (sText.size() == 1 && QStringLiteral("-:./ ").contains(sText) && pLine && pLine->hasSelectedText())
+            return true;
+    }
+    return QWidget::eventFilter(pWatched, pEvent);
 }
 
 void COptionalDateEdit::SetUpToggle()

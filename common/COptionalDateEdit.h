@@ -51,6 +51,9 @@ public:
 Q_SIGNALS:
     void SignalChanged();
 
+protected:
+    bool eventFilter(QObject* pWatched, QEvent* pEvent) override;
+
 private:
     void SetUpToggle();
     void Show(const std::optional<QDateTime>& optDate);

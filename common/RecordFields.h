@@ -30,6 +30,13 @@ inline QString FieldText(int nValue)
     return FieldText(std::int64_t(nValue));
 }
 
+/// Gives the keys what mine has more than base, and takes what it has less.
+void MergeKeys(std::vector<std::string>& vecKeys, const std::vector<std::string>& vecBase,
+    const std::vector<std::string>& vecMine);
+/// The keys that only the first list has, as names or, without them, as their number.
+QString SurplusText(const std::vector<std::string>& vecOf, const std::vector<std::string>& vecOther,
+    const std::function<QString(const std::string&)>& name);
+
 /// The fields of a record that an editor changes, under the names that its form gives them: compares and
 /// merges records field by field. The order of the values in a list does not count.
 template <class R>
@@ -49,6 +56,20 @@ public:
             return text ? text(record.*pMember) : FieldText(record.*pMember);
         };
         m_vecFields.push_back(std::move(field));
+    }
+    /// A list of keys, compared and merged key by key; name: what a key is called, absent: only how many
+    /// differ is told.
+    void AddKeys(const QString& sName, std::vector<std::string> R::*pMember,
+        std::function<QString(const std::string&)> name = {})
+    {
+        Add(sName, pMember);
+        Field& field = m_vecFields.back();
+        field.merge = [pMember](R& to, const R& base, const R& mine) {
+            MergeKeys(to.*pMember, base.*pMember, mine.*pMember);
+        };
+        field.surplus = [pMember, name](const R& of, const R& other) {
+            return SurplusText(of.*pMember, other.*pMember, name);
+        };
     }
     /// Something of several members: equal when its text is.
     void AddText(const QString& sName, std::function<QString(const R&)> text,
@@ -95,7 +116,9 @@ public:
     {
         R merged = theirs;
         for (const Field& field : m_vecFields) {
-            if (IsTouched(field, base, mine))
+            if (field.merge)
+                field.merge(merged, base, mine);
+            else if (IsTouched(field, base, mine))
                 field.copy(merged, mine);
         }
         return merged;
@@ -107,11 +130,13 @@ public:
         for (const Field& field : m_vecFields) {
             const bool bTouched = IsTouched(field, base, mine);
             const bool bDiffers = field.isEntered ? bTouched : !field.isSame(mine, theirs);
-            if (bDiffers)
-                vecDifferences.append({field.sName, field.isEntered ? Hidden() : field.text(theirs),
-                    !bTouched             ? QString()
-                        : field.isEntered ? Hidden()
-                                          : field.text(mine)});
+            if (!bDiffers)
+                continue;
+            const auto text = [&](const R& of, const R& other) {
+                return field.isEntered ? Hidden() : field.surplus ? field.surplus(of, other) : field.text(of);
+            };
+            vecDifferences.append(
+                {field.sName, text(theirs, mine), bTouched ? text(mine, theirs) : QString()});
         }
         return vecDifferences;
     }
@@ -123,7 +148,9 @@ private:
         std::function<bool(const R&, const R&)> isSame;
         std::function<void(R&, const R&)> copy;
         std::function<QString(const R&)> text;
-        std::function<bool(const R&)> isEntered; ///< of a secret only
+        std::function<bool(const R&)> isEntered; ///< of what is only written
+        std::function<void(R& to, const R& base, const R& mine)> merge; ///< of keys
+        std::function<QString(const R& of, const R& other)> surplus; ///< of keys: those that only the one has
     };
 
     static bool IsTouched(const Field& field, const R& base, const R& mine)

@@ -61,16 +61,14 @@ QString GetFingerprints(const Person_t& person)
 
 void AddPermissions(Common::RecordFields<Person_t>& fields)
 {
-    const std::function<QString(const std::vector<std::string>&)> count =
-        [](const std::vector<std::string>& vecIds) { return Text::tr("%1 chosen").arg(vecIds.size()); };
     fields.Add<int>(Text::tr("Access Type"), &Person_t::nPersonType,
         [](const int& nType) { return GetPersonTypeText(nType); });
     fields.Add(Text::tr("Extend Time"), &Person_t::nExtendTime);
     fields.Add(Text::tr("Card Times"), &Person_t::nCardTimes);
     fields.Add(Text::tr("Device administrator"), &Person_t::bDeviceLogin);
-    fields.Add(Text::tr("Access permission groups"), &Person_t::vecAccessGroups, count);
-    fields.Add(Text::tr("Lift floors"), &Person_t::vecLiftFloors, count);
-    fields.Add(Text::tr("Face groups"), &Person_t::vecFaceGroups, count);
+    fields.AddKeys(Text::tr("Access permission groups"), &Person_t::vecAccessGroups);
+    fields.AddKeys(Text::tr("Lift floors"), &Person_t::vecLiftFloors);
+    fields.AddKeys(Text::tr("Face groups"), &Person_t::vecFaceGroups);
 }
 
 } // namespace

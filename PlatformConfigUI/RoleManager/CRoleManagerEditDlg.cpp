@@ -67,10 +67,12 @@ void CRoleManagerEditDlg::SetUpFields()
         UserLogical::RoleRemark, Text::tr("The remark length cannot exceed %1 characters."), sSpecial);
     m_fields.Text(&Role_t::sName, m_pUi->editRoleName);
     m_fields.Text(&Role_t::sRemark, m_pUi->editRemark);
-    const std::function<QString(const std::vector<std::string>&)> count =
-        [](const std::vector<std::string>& vecCodes) { return Text::tr("%1 chosen").arg(vecCodes.size()); };
-    m_editor.Fields().Add(Text::tr("Menu permissions"), &Role_t::vecMenuRights, count);
-    m_editor.Fields().Add(Text::tr("Function permissions"), &Role_t::vecFuncRights, count);
+    const auto name = [this](const std::string& sCode) {
+        const QString sName = m_pRights->GetRightName(QString::fromStdString(sCode));
+        return sName.isEmpty() ? QString::fromStdString(sCode) : sName;
+    };
+    m_editor.Fields().AddKeys(Text::tr("Menu Rights"), &Role_t::vecMenuRights, name);
+    m_editor.Fields().AddKeys(Text::tr("Function Rights"), &Role_t::vecFuncRights, name);
 }
 
 void CRoleManagerEditDlg::SetUpEditor()
@@ -241,7 +243,7 @@ Role_t CRoleManagerEditDlg::GetEdited() const
 QString CRoleManagerEditDlg::GetOtherChange() const
 {
     const bool bChanged = !m_sCopyFrom.isEmpty() || !m_pRights->GetDeviceChanges().empty();
-    return bChanged ? Text::tr("Device permissions") : QString();
+    return bChanged ? Text::tr("Device Rights") : QString();
 }
 
 void CRoleManagerEditDlg::accept()
@@ -278,10 +280,6 @@ void CRoleManagerEditDlg::ShowRefusal(int nErrorCode, const std::string& sDetail
     if (nErrorCode == UICommonMdl::ErrorNameExists) {
         m_pUi->editRoleName->SetErrorHint(Text::tr("The role name already exists."));
         m_pUi->editRoleName->GetLineEdit()->setFocus();
-        return;
-    }
-    if (nErrorCode == UICommonMdl::ErrorNotFound && !m_editor.IsNew()) {
-        CloseBecauseGone();
         return;
     }
     QString sText = Common::FailureText(

@@ -111,7 +111,7 @@ void CUserBasicInfoWidget::Describe(Common::RecordFields<User_t>& fields) const
         Text::tr("Expiry Date"),
         [](const User_t& user) {
             return user.bExpiry
-                ? QLocale().toString(QDateTime::fromMSecsSinceEpoch(user.nExpiry), QLocale::ShortFormat)
+                ? QDateTime::fromMSecsSinceEpoch(user.nExpiry).toString(QStringLiteral("yyyy-MM-dd HH:mm"))
                 : Text::tr("Never");
         },
         [](User_t& to, const User_t& from) {

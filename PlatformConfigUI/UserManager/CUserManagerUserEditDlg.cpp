@@ -51,8 +51,8 @@ CUserManagerUserEditDlg::~CUserManagerUserEditDlg() = default;
 void CUserManagerUserEditDlg::SetUpEditor()
 {
     m_pUi->wgtBasicInfo->Describe(m_editor.Fields());
-    m_editor.Fields().Add<std::vector<std::string>>(Text::tr("Roles"), &User_t::vecRoleIds,
-        [this](const std::vector<std::string>& vecIds) { return m_pPermission->GetRoleNames(vecIds); });
+    m_editor.Fields().AddKeys(Text::tr("Roles"), &User_t::vecRoleIds,
+        [this](const std::string& sId) { return m_pPermission->GetRoleNames({sId}); });
     m_editor.SetNotice(m_pUi->wgtSaveNotice);
     m_editor.SetLoadView(m_pUi->stackUser, m_pUi->wgtLoadState, m_pUi->tabUser,
         {Text::tr("Loading user"), Text::tr("Failed to get user info."),

@@ -4,6 +4,7 @@
 #include <VxGUI/VxSingleton.h>
 
 #include <QFileDialog>
+#include <QPointer>
 
 namespace VxGUI {
 
@@ -14,15 +15,13 @@ class BuiltInService : public VxDialogService
 public:
     bool Question(QWidget* pParent, const QString& sTitle, const QString& sText) override
     {
-        VxMessageBox box(pParent, VxMessageBox::Kind::Question, sTitle, sText);
-        return box.exec() == QDialog::Accepted;
+        return Run(new VxMessageBox(pParent, VxMessageBox::Kind::Question, sTitle, sText));
     }
 
     void Message(
         QWidget* pParent, const QString& sTitle, const QString& sText, const QString& sDetails) override
     {
-        VxMessageBox box(pParent, VxMessageBox::Kind::Message, sTitle, sText, sDetails);
-        box.exec();
+        Run(new VxMessageBox(pParent, VxMessageBox::Kind::Message, sTitle, sText, sDetails));
     }
 
     bool Show(QDialog* pDialog, const DialogSummary& /*summary*/) override
@@ -40,6 +39,16 @@ public:
         QWidget* pParent, const QString& sTitle, const QString& sFolder, const QString& sFilter) override
     {
         return QFileDialog::getOpenFileName(pParent, sTitle, sFolder, sFilter);
+    }
+
+private:
+    /// The parent may go while the box is open, and take it along.
+    static bool Run(VxMessageBox* pNew)
+    {
+        const QPointer<VxMessageBox> pBox(pNew);
+        const bool bAccepted = pBox->exec() == QDialog::Accepted;
+        delete pBox;
+        return bAccepted;
     }
 };
 

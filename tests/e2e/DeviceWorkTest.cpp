@@ -391,6 +391,7 @@ TEST_F(LiveDeviceWork, AFormThatTheServerRefusesShowsItUnderTheField)
     m_server.RunSql(QStringLiteral("UPDATE device SET version = version + 1 WHERE name = 'New'"));
     page.Click(QStringLiteral("btnNext"));
     page.Type(QStringLiteral("editDevName"), QStringLiteral("Mine"));
+    m_dialogs.ClickNext(QStringLiteral("btnGoOn"));
     page.Click(QStringLiteral("btnFinish"));
     m_client.WaitIdle();
     EXPECT_EQ(CountDevices(QStringLiteral("name = 'Mine'")), 0);

@@ -312,9 +312,10 @@ TEST_F(LivePersons, OfTwoOperatorsTheSecondIsToldAndLosesNothing)
     person.nVersion = 1;
     m_client.Interfaces()->GetAccessControlManager()->ModifyPerson(person);
     m_client.WaitIdle();
+    m_dialogs.ClickNext(QStringLiteral("btnGoOn"));
     Click(*editor, "m_pBtnOk");
     EXPECT_EQ(editor->Find<VxGUI::VxLineEdit>(QStringLiteral("m_pEditName"))->text(), QStringLiteral("Mine"));
-    EXPECT_TRUE(Notice().contains(QStringLiteral("Somebody else changed it"))) << qPrintable(Notice());
+    EXPECT_TRUE(m_dialogs.LastDetails().contains(QStringLiteral("Theirs | Mine")));
     EXPECT_EQ(Sql("SELECT name FROM person").toString(), QStringLiteral("Theirs"));
     // While the server is away the input stays, and it can be saved afterwards as what it is: refused.
     m_server.Stop();

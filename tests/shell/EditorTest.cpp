@@ -252,6 +252,59 @@ TEST_F(Editor, AConflictShowsWhatDiffersAndSavesOnlyWhatWasChanged)
     EXPECT_FALSE(Edit().IsDirty());
 }
 
+TEST_F(Editor, KeysAreMergedOneByOne)
+{
+    Common::RecordFields<Note_t> fields;
+    fields.AddKeys(QStringLiteral("Tags"), &Note_t::vecTags,
+        [](const std::string& sKey) { return QString::fromStdString(sKey).toUpper(); });
+    const Note_t base{"1", "", "", "", {"a", "b", "c"}, 1};
+    const Note_t mine{"1", "", "", "", {"b", "c", "m"}, 1};
+    const Note_t theirs{"1", "", "", "", {"a", "b", "t"}, 2};
+    EXPECT_EQ(fields.Merge(base, mine, theirs).vecTags, (std::vector<std::string>{"b", "t", "m"}));
+    const auto vecDifferences = fields.Compare(base, mine, theirs);
+    ASSERT_EQ(vecDifferences.size(), 1);
+    EXPECT_EQ(vecDifferences[0].sTheirs, QStringLiteral("also: A, T"));
+    EXPECT_EQ(vecDifferences[0].sMine, QStringLiteral("also: C, M"));
+}
+
+/// Dialogs as those of the client are: they run the event loop, and go with their parent.
+class WaitingService : public VxGUI::VxDialogService
+{
+public:
+    WaitingService()
+        : m_pBefore(SetCurrent(this))
+    {
+    }
+    ~WaitingService() override { SetCurrent(m_pBefore); }
+    bool Question(QWidget* pParent, const QString&, const QString&) override
+    {
+        const QPointer<QWidget> guard(pParent);
+        meanwhile();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        bParentGone = !guard;
+        return false;
+    }
+    void Message(QWidget*, const QString&, const QString&, const QString&) override { }
+    bool Show(QDialog*, const VxGUI::DialogSummary&) override { return false; }
+    QString SaveFile(QWidget*, const QString&, const QString&, const QString&) override { return {}; }
+    QString OpenFile(QWidget*, const QString&, const QString&, const QString&) override { return {}; }
+
+    std::function<void()> meanwhile;
+    bool bParentGone = false;
+
+private:
+    VxGUI::VxDialogService* m_pBefore;
+};
+
+TEST_F(Editor, TheQuestionWhetherToLeaveGoesWhenTheSaveHasEnded)
+{
+    WaitingService service;
+    service.meanwhile = [this] { Edit().OnAnswer(ErrorNone, {}, nullptr); };
+    Rename(false);
+    EXPECT_TRUE(Edit().Leave()) << "it is saved: nothing keeps the user";
+    EXPECT_TRUE(service.bParentGone);
+}
+
 TEST_F(Editor, ASecretThatWasEnteredIsNeverTakenForSaved)
 {
     // What the server has looks as it was sent, but the secret cannot be seen.
