@@ -32,16 +32,14 @@ QString GetQuestion()
     return Text::tr("Somebody else has changed this record in the meantime.");
 }
 
-QString GetMine(const Difference& difference)
+QString GetText(const QString& sValue)
 {
-    return difference.sMine.isNull() ? Text::tr("(not changed)")
-        : difference.sMine.isEmpty() ? Text::tr("(empty)")
-                                     : difference.sMine;
+    return sValue.isEmpty() ? Text::tr("(empty)") : sValue;
 }
 
-QString GetTheirs(const Difference& difference)
+QString GetMine(const Difference& difference)
 {
-    return difference.sTheirs.isEmpty() ? Text::tr("(empty)") : difference.sTheirs;
+    return difference.bTouched ? GetText(difference.sMine) : Text::tr("(not changed)");
 }
 
 QTreeView* MakeTable(const QVector<Difference>& vecDifferences, QWidget* pParent)
@@ -60,7 +58,7 @@ QTreeView* MakeTable(const QVector<Difference>& vecDifferences, QWidget* pParent
     QVector<CTableModel::Row> vecRows;
     for (const Difference& difference : vecDifferences)
         vecRows.append(CTableModel::Row{CTableModel::MakeItem(difference.sField),
-            CTableModel::MakeItem(GetTheirs(difference).simplified()),
+            CTableModel::MakeItem(GetText(difference.sTheirs).simplified()),
             CTableModel::MakeItem(GetMine(difference).simplified())});
     pModel->SetRows(vecRows);
     pTable->setModel(pModel);
@@ -130,8 +128,8 @@ CConflictDlg::Choice CConflictDlg::Ask(const QVector<Difference>& vecDifferences
     const QPointer<CConflictDlg> pDialog(new CConflictDlg(vecDifferences, pParent));
     QStringList listLines;
     for (const Difference& difference : vecDifferences)
-        listLines.append(
-            QStringLiteral("%1: %2 | %3").arg(difference.sField, GetTheirs(difference), GetMine(difference)));
+        listLines.append(QStringLiteral("%1: %2 | %3")
+                             .arg(difference.sField, GetText(difference.sTheirs), GetMine(difference)));
     const bool bChosen = VxGUI::VxDialogService::Current()->Show(
         pDialog, {true, GetQuestion(), listLines.join(QLatin1Char('\n'))});
     const bool bThere = bChosen && guard == pParent && pDialog;

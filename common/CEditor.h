@@ -79,6 +79,8 @@ public:
     void SetReadOnly(bool bReadOnly) { m_bReadOnly = bReadOnly; }
 
     const R& GetLoaded() const { return m_loaded; }
+    /// What was saved last, whether it succeeded or not.
+    const R& GetSent() const { return m_sent; }
     bool IsNew() const { return m_bNew; }
     bool IsDirty() const override
     {

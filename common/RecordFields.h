@@ -17,7 +17,8 @@ struct Difference
 {
     QString sField;
     QString sTheirs; ///< what the server has now
-    QString sMine; ///< what was entered; null: the field was not touched
+    QString sMine; ///< what was entered
+    bool bTouched = true; ///< the operator changed the field
 };
 
 /// A member of a record as an operator reads it.
@@ -135,8 +136,7 @@ public:
             const auto text = [&](const R& of, const R& other) {
                 return field.isEntered ? Hidden() : field.surplus ? field.surplus(of, other) : field.text(of);
             };
-            vecDifferences.append(
-                {field.sName, text(theirs, mine), bTouched ? text(mine, theirs) : QString()});
+            vecDifferences.append({field.sName, text(theirs, mine), text(mine, theirs), bTouched});
         }
         return vecDifferences;
     }

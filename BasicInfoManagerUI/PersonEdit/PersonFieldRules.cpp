@@ -107,6 +107,18 @@ QVector<int> GetAccessTypes()
     return {PersonGeneral, PersonVip, PersonGuest, PersonPatrol, PersonBlocklist};
 }
 
+QString GetGenderText(int nGender)
+{
+    switch (nGender) {
+    case GenderMale:
+        return Text::tr("Male");
+    case GenderFemale:
+        return Text::tr("Female");
+    default:
+        return Text::tr("Unknown");
+    }
+}
+
 QString GetPersonTypeText(int nPersonType)
 {
     switch (nPersonType) {

@@ -55,6 +55,8 @@ QString CheckValidPeriod(std::int64_t nFrom, std::int64_t nTo);
 QString DateToText(const QDate& date);
 QDate TextToDate(const std::string& sText);
 
+/// Translated text of an AccessControlLogical::Gender; another code is unknown, too.
+QString GetGenderText(int nGender);
 /// Person types in the order in which the access type is chosen; PersonOther is not offered.
 QVector<int> GetAccessTypes();
 /// Translated text of an AccessControlLogical::PersonType; empty for another code.

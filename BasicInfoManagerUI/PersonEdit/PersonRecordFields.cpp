@@ -25,13 +25,6 @@ QString GetGroupName(const std::string& sCode)
     return group.isValid() ? group.data().toString() : QString::fromStdString(sCode);
 }
 
-QString GetGender(const int& nGender)
-{
-    return nGender == GenderMale  ? Text::tr("Male")
-        : nGender == GenderFemale ? Text::tr("Female")
-                                  : Text::tr("Unknown");
-}
-
 QString GetTime(const std::int64_t& nSeconds)
 {
     return nSeconds == 0 ? QString()
@@ -76,7 +69,8 @@ void AddPermissions(Common::RecordFields<Person_t>& fields)
 void DescribePerson(Common::RecordFields<Person_t>& fields)
 {
     fields.Add(Text::tr("Name"), &Person_t::sName);
-    fields.Add<int>(Text::tr("Gender"), &Person_t::nGender, GetGender);
+    fields.Add<int>(
+        Text::tr("Gender"), &Person_t::nGender, [](const int& nGender) { return GetGenderText(nGender); });
     fields.Add<std::string>(Text::tr("Person Group"), &Person_t::sGroupCode, GetGroupName);
     fields.Add(Text::tr("Telephone"), &Person_t::sTelephone);
     fields.Add(Text::tr("E-mail"), &Person_t::sEmail);

@@ -33,18 +33,6 @@ int GetHeight(const QModelIndex& index)
 
 } // namespace
 
-QString GetGenderText(int nGender)
-{
-    switch (nGender) {
-    case GenderMale:
-        return Text::tr("Male");
-    case GenderFemale:
-        return Text::tr("Female");
-    default:
-        return Text::tr("Unknown");
-    }
-}
-
 QString GetCredentialText(int nCredential)
 {
     switch (nCredential) {

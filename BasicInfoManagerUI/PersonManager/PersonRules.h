@@ -7,8 +7,6 @@
 
 namespace BasicInfoManagerUI {
 
-QString GetGenderText(int nGender);
-
 QString GetCredentialText(int nCredential);
 /// Heading of the exceptions of that credential.
 QString GetExceptionSection(int nCredential);

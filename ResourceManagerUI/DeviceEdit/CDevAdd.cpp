@@ -261,7 +261,8 @@ void CDevAdd::OnSaved(const Device&)
 
 int CDevAdd::GetSentSize() const
 {
-    return GetSegmentSize(QString::fromStdString(m_sent.sIpStart), QString::fromStdString(m_sent.sIpEnd));
+    const Device& sent = m_editor.GetSent();
+    return GetSegmentSize(QString::fromStdString(sent.sIpStart), QString::fromStdString(sent.sIpEnd));
 }
 
 void CDevAdd::ShowSegmentFailures()

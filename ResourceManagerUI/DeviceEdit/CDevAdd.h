@@ -111,7 +111,7 @@ private:
     QWidget* FindField(const std::string& sErrorDetail) const;
     void ShowRefusal(int nErrorCode, const std::string& sDetail) override;
     std::pair<int, std::string> GetTaken() const override;
-    bool IsSegment() const { return m_sent.nAddMode == GroupLogical::AddBySegment; }
+    bool IsSegment() const { return m_editor.GetSent().nAddMode == GroupLogical::AddBySegment; }
     /// Addresses of the segment that was sent.
     int GetSentSize() const;
     void ShowSegmentFailures();
@@ -120,8 +120,7 @@ private:
 
     std::unique_ptr<Ui::CDevAdd> m_pUi;
     bool m_bEdit = false;
-    Device m_sent; ///< what was saved last
-    std::vector<GroupLogical::FailedItem_t> m_vecFailed; ///< addresses of that segment
+    std::vector<GroupLogical::FailedItem_t> m_vecFailed; ///< addresses of the segment that was saved
     bool m_bDictionary = false; ///< the dictionary is there
     RemoteConfigLogical::Dictionary_t m_dictionary;
     std::vector<RemoteConfigLogical::VideoServer_t> m_vecServers;

@@ -81,7 +81,6 @@ void CDevAdd::Describe(Common::RecordFields<Device>& fields) const
 
 void CDevAdd::Send(const Device& record, bool bNew)
 {
-    m_sent = record;
     m_vecFailed.clear();
     const std::string& sAddress = IsSegment() ? record.sIpStart : record.sIp;
     qCInfo(LogDeviceForm, "%s AddDevice IP[%s] Port[%d]", "ResourceManagerUI::CDevAdd::AddOrModifyDevice",
@@ -131,7 +130,7 @@ void CDevAdd::FindAdded(const Device& record)
         if (it == vecDevices.end())
             m_editor.OnFetched(param.nErrorCode, nullptr);
         else if (IsSegment())
-            m_editor.OnFetched(param.nErrorCode, &m_sent);
+            m_editor.OnFetched(param.nErrorCode, &m_editor.GetSent());
         else
             QueryDevice(it->sDeviceId);
     });
@@ -139,12 +138,13 @@ void CDevAdd::FindAdded(const Device& record)
 
 bool CDevAdd::IsOfSent(const GroupLogical::DeviceInfo_t& device) const
 {
+    const Device& sent = m_editor.GetSent();
     if (!IsSegment())
-        return device.sName == m_sent.sName;
+        return device.sName == sent.sName;
     // Each device of a segment has its address appended to the name; some of the addresses may be refused.
-    const std::size_t nPrefix = m_sent.sIpStart.rfind('.') + 1;
-    return device.sName == m_sent.sName + ' ' + device.sIp
-        && device.sIp.compare(0, nPrefix, m_sent.sIpStart, 0, nPrefix) == 0;
+    const std::size_t nPrefix = sent.sIpStart.rfind('.') + 1;
+    return device.sName == sent.sName + ' ' + device.sIp
+        && device.sIp.compare(0, nPrefix, sent.sIpStart, 0, nPrefix) == 0;
 }
 
 std::pair<int, std::string> CDevAdd::GetTaken() const

@@ -267,6 +267,23 @@ TEST_F(Editor, KeysAreMergedOneByOne)
     EXPECT_EQ(vecDifferences[0].sMine, QStringLiteral("also: C, M"));
 }
 
+TEST_F(Editor, WhatWasEmptiedIsToldAsChanged)
+{
+    const Note_t theirs = Theirs();
+    Edit().BeginEdit(Loaded());
+    m_form.m_pRemark->clear();
+    Edit().Save();
+    m_dialogs.ClickNext(QStringLiteral("btnGoOn"));
+    Edit().OnAnswer(ErrorVersionConflict, {}, nullptr);
+    Edit().OnFetched(ErrorNone, &theirs);
+    EXPECT_EQ(m_dialogs.LastDetails(), QStringLiteral("Remark: theirs | (empty)"));
+    Common::RecordFields<Note_t> fields;
+    fields.Add(QStringLiteral("Tags"), &Note_t::vecTags);
+    const auto vecDifferences = fields.Compare(Loaded(), {"1", "Gate", "old", "", {}, 4}, theirs);
+    ASSERT_EQ(vecDifferences.size(), 1);
+    EXPECT_TRUE(vecDifferences[0].bTouched);
+}
+
 /// Dialogs as those of the client are: they run the event loop, and go with their parent.
 class WaitingService : public VxGUI::VxDialogService
 {
