@@ -7,6 +7,7 @@
 
 #include <QNetworkReply>
 
+#include <algorithm>
 #include <utility>
 
 namespace PlatformLogic {
@@ -35,6 +36,38 @@ int ConnectionError(QNetworkReply::NetworkError error)
         return UICommonMdl::ErrorDisconnected;
     }
 }
+
+/// A body that is sent once. The library sends a request again by itself when the connection ends without a
+/// byte of its answer, though the server may have carried it out; with a body that cannot be read again it
+/// fails instead.
+class OnceBuffer : public QIODevice
+{
+public:
+    OnceBuffer(const QByteArray& body, QObject* pParent)
+        : QIODevice(pParent)
+        , m_body(body)
+    {
+        open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+    }
+    bool isSequential() const override { return true; }
+    bool atEnd() const override { return m_nRead == m_body.size(); }
+    qint64 bytesAvailable() const override { return m_body.size() - m_nRead; }
+    bool reset() override { return m_nRead == 0; }
+
+protected:
+    qint64 readData(char* pData, qint64 nMaximum) override
+    {
+        const qint64 nBytes = std::min<qint64>(nMaximum, bytesAvailable());
+        std::copy_n(m_body.constData() + m_nRead, nBytes, pData);
+        m_nRead += nBytes;
+        return nBytes > 0 || nMaximum == 0 ? nBytes : -1;
+    }
+    qint64 writeData(const char*, qint64) override { return -1; }
+
+private:
+    QByteArray m_body;
+    qint64 m_nRead = 0;
+};
 
 } // namespace
 
@@ -94,7 +127,12 @@ void CNetworkWorker::Post(
     // connection costs less.
     request.setRawHeader("Connection", "close");
     request.setTransferTimeout(nTimeOutMs);
-    QNetworkReply* pReply = m_network.post(request, body);
+    // Or else the library keeps a copy that can be read again.
+    request.setAttribute(QNetworkRequest::DoNotBufferUploadDataAttribute, true);
+    request.setHeader(QNetworkRequest::ContentLengthHeader, body.size());
+    auto* const pBody = new OnceBuffer(body, this);
+    QNetworkReply* pReply = m_network.post(request, pBody);
+    pBody->setParent(pReply);
     // The library hears of it only once the request was started, which it does from the event loop.
     QMetaObject::invokeMethod(
         pReply, [pReply] { pReply->setReadBufferSize(ReadBufferSize); }, Qt::QueuedConnection);

@@ -109,6 +109,7 @@ TEST_P(AnswerTest, EveryRequestHasExactlyOneAnswer)
     WaitFor([&] { return m_recorder.Answers().size() >= 2 && m_pClient->GetOpenRequestCount() == 0; });
     const auto vecAnswers = m_recorder.Answers();
     ASSERT_EQ(vecAnswers.size(), 2U);
+    EXPECT_EQ(m_server.RequestCount(PagePath), 2) << "what may have been done is not asked for again";
     EXPECT_THAT((std::vector<int>{vecAnswers[0].nSequence, vecAnswers[1].nSequence}),
         testing::UnorderedElementsAre(nFirst, nSecond));
     for (const auto& answer : vecAnswers) {
@@ -142,6 +143,9 @@ INSTANTIATE_TEST_SUITE_P(Answers, AnswerTest,
         AnswerCase{"field_of_wrong_type", ScriptedServer::Answer(R"({"code":0,"data":{"nTotal":"many"}})"),
             UICommonMdl::ErrorBadAnswer, ""},
         AnswerCase{"cut_before_the_answer", [](QTcpSocket& socket, const QByteArray&) { socket.abort(); },
+            UICommonMdl::ErrorDisconnected, ""},
+        AnswerCase{"closed_before_the_answer",
+            [](QTcpSocket& socket, const QByteArray&) { socket.disconnectFromHost(); },
             UICommonMdl::ErrorDisconnected, ""},
         AnswerCase{"cut_inside_the_answer",
             [](QTcpSocket& socket, const QByteArray&) {
