@@ -2,13 +2,12 @@
 
 #include "PersonManager/CPersonManagerCtrl.h"
 
+#include <UserLogical/RightCodes.h>
 #include <common/CModulePage.h>
 
 namespace BasicInfoManagerUI {
 
 namespace {
-
-constexpr const char* RightPersons = "002003001";
 
 struct Text
 {
@@ -33,7 +32,7 @@ QWidget* CBasicInfoManagerWidget::CreatePage(
     return new CModulePage(pInterfaceSet,
         {QStringLiteral("CBasicInfoManager"), QString(), GetWidgetTitle(QString(), 0),
             CModulePage::Look::Strip},
-        {{RightPersons, Text::tr("Personnel List"), QStringLiteral("PersonManager"),
+        {{UserLogical::RightChangePersons, Text::tr("Personnel List"), QStringLiteral("PersonManager"),
             &CModulePage::Make<CPersonManagerCtrl>}},
         pParent);
 }

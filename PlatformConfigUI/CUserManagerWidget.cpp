@@ -4,6 +4,7 @@
 #include "RoleManager/CRoleManagerCtrl.h"
 #include "UserManager/CUserManagerUserCtrl.h"
 
+#include <UserLogical/RightCodes.h>
 #include <common/CModulePage.h>
 
 namespace PlatformConfigUI {
@@ -11,8 +12,6 @@ namespace PlatformConfigUI {
 namespace {
 
 // Who may open the entry sees users and roles; changing them takes rights of their own.
-constexpr const char* RightOpen = "001002";
-constexpr const char* RightAuditLog = "001002003";
 
 struct Text
 {
@@ -23,7 +22,7 @@ struct Text
 
 CUserManagerWidget::CUserManagerWidget(UICommonMdl::CInterfaceSetManager* pInterfaceSet)
     : CEntryWidget(pInterfaceSet,
-        {RightOpen, "UserManagerWidget", QT_TRANSLATE_NOOP("CUserManagerWidget", "User"),
+        {UserLogical::RightSeeUsers, "UserManagerWidget", QT_TRANSLATE_NOOP("CUserManagerWidget", "User"),
             "CUserManagerWidget", QStringLiteral("PlatformConfigUI/UserManagerUI"),
             QStringLiteral("usermanager_pane.png"), QStringLiteral("usermanager_pane-d.png")})
 {
@@ -35,11 +34,11 @@ QWidget* CUserManagerWidget::CreatePage(UICommonMdl::CInterfaceSetManager* pInte
     return new CModulePage(pInterfaceSet,
         {QStringLiteral("CUserManagerPage"), QStringLiteral("PlatformConfigUI/UserManagerUI"),
             Text::tr("User"), CModulePage::Look::Tabs},
-        {{RightOpen, Text::tr("User"), QStringLiteral("UserManager"),
+        {{UserLogical::RightSeeUsers, Text::tr("User"), QStringLiteral("UserManager"),
              &CModulePage::Make<CUserManagerUserCtrl>},
-            {RightOpen, Text::tr("Role"), QStringLiteral("RoleManager"),
+            {UserLogical::RightSeeUsers, Text::tr("Role"), QStringLiteral("RoleManager"),
                 &CModulePage::Make<CRoleManagerCtrl>},
-            {RightAuditLog, Text::tr("Audit Log"), QStringLiteral("AuditLog"),
+            {UserLogical::RightSeeAuditLog, Text::tr("Audit Log"), QStringLiteral("AuditLog"),
                 &CModulePage::Make<CAuditLogCtrl>}},
         pParent);
 }

@@ -23,9 +23,6 @@ class CDeviceAccessDlg : public QDialog
     Q_OBJECT
 
 public:
-    /// Whoever sees users may see who has access.
-    static constexpr const char* RightNeeded = "001002";
-
     /// pInterfaceSet is borrowed.
     CDeviceAccessDlg(const UICommonMdl::CInterfaceSetManager* pInterfaceSet, const QString& sDeviceId,
         const QString& sDeviceName, QWidget* pParent);

@@ -19,6 +19,7 @@
 #include <Trv/QSkin.h>
 #include <UICommonMdl/CInterfaceSetManager.h>
 #include <UICommonMdl/CNumberPageCtrl.h>
+#include <UserLogical/RightCodes.h>
 #include <VxGUI/VxSearchBox.h>
 #include <common/CFilterBar.h>
 #include <common/CListStatus.h>
@@ -41,7 +42,6 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CDeviceManagerCtrl)
 };
 
-constexpr const char* RightExport = "004002";
 constexpr int MinSearchWidth = 180;
 constexpr int MaxSearchWidth = 220;
 constexpr int DiscoveryWidth = 460;
@@ -111,7 +111,8 @@ void CDeviceManagerCtrl::SetUpToolBar()
 {
     const Common::Need connection = GetFrame()->NeedsConnection();
     const Common::Need checked = GetFrame()->NeedsChecked(Text::tr("You must select an item at least."));
-    const Common::Need right = NeedsRight(RightExport, Text::tr("You have no permission to export devices."));
+    const Common::Need right =
+        NeedsRight(UserLogical::RightExportDevices, Text::tr("You have no permission to export devices."));
     Common::CToolBar* const pBar = GetToolBar();
     pBar->AddAction(
         {"btnAdd", "add", Text::tr("Add"), [this] { OnBtnAddClicked(); }, {connection}, QKeySequence::New});
@@ -234,7 +235,8 @@ void CDeviceManagerCtrl::OnConnectionChanged(bool bConnected)
 
 void CDeviceManagerCtrl::ApplyRights()
 {
-    const bool bAccess = HasRight(CDeviceAccessDlg::RightNeeded);
+    // Whoever sees users may see who has access.
+    const bool bAccess = HasRight(UserLogical::RightSeeUsers);
     m_pList->SetAccessOffered(bAccess);
     m_pDetailPage->SetAccessOffered(bAccess);
     CListPage::ApplyRights();

@@ -3,8 +3,7 @@
 #include "ui_COrganizationEditPage.h"
 
 #include <Trv/QSkin.h>
-#include <VxGUI/VxNotification.h>
-#include <common/Prompt.h>
+#include <UserLogical/RightCodes.h>
 
 #include <QKeyEvent>
 
@@ -35,12 +34,7 @@ COrganizationEditPage::COrganizationEditPage(
     setObjectName(QStringLiteral("pageOrg"));
     m_pUi->btnBack->setIcon(Trv::GetIcon(QStringLiteral("back")));
     SetUpFields();
-    m_editor.SetNotice(m_pUi->wgtSaveNotice);
-    m_editor.SetClose([this] {
-        m_calls.ForgetAll();
-        Q_EMIT SignalBack();
-    });
-    connect(&m_editor, &Common::CEditorBase::SignalStateChanged, this, &COrganizationEditPage::UpdateState);
+    SetUpEditor();
     const auto save = [this] { m_editor.Save(); };
     connect(m_pUi->btnOk, &QAbstractButton::clicked, this, save);
     connect(m_pUi->editName, &VxGUI::VxLineEdit::returnPressed, this, save);
@@ -64,9 +58,26 @@ void COrganizationEditPage::SetUpFields()
     m_fields.Text(&Organization_t::sRemark, m_pUi->editRemark);
 }
 
+void COrganizationEditPage::SetUpEditor()
+{
+    m_editor.SetForm(
+        {.pSave = m_pUi->btnOk, .pTitle = m_pUi->lbTitle, .vecInput = {m_pUi->editName, m_pUi->editRemark}},
+        {.sAddTitle = Text::tr("Add Organization"),
+            .sModifyTitle = Text::tr("Edit Organization"),
+            .sAddFailed = Text::tr("Failed to add organization"),
+            .sModifyFailed = Text::tr("Failed to modify organization."),
+            .sNoRight = Text::tr("You have no permission to change organizations.")},
+        UserLogical::RightChangeDevices);
+    m_editor.SetNotice(m_pUi->wgtSaveNotice);
+    m_editor.SetClose([this] {
+        m_calls.ForgetAll();
+        Q_EMIT SignalBack();
+    });
+}
+
 void COrganizationEditPage::BeginAdd(const Organization_t& parent)
 {
-    ShowTitles(Text::tr("Add Organization"), QString::fromStdString(parent.sName));
+    ShowParent(QString::fromStdString(parent.sName));
     Organization_t record;
     record.sParentCode = parent.sCode;
     m_editor.BeginNew(record);
@@ -74,15 +85,14 @@ void COrganizationEditPage::BeginAdd(const Organization_t& parent)
 
 void COrganizationEditPage::BeginModify(const Organization_t& organization, const QString& sParentName)
 {
-    ShowTitles(Text::tr("Edit Organization"), sParentName);
+    ShowParent(sParentName);
     m_editor.BeginEdit(organization);
 }
 
-void COrganizationEditPage::ShowTitles(const QString& sTitle, const QString& sParentName)
+void COrganizationEditPage::ShowParent(const QString& sName)
 {
     m_calls.ForgetAll();
-    m_pUi->lbTitle->setText(sTitle);
-    m_pUi->lbParent->setText(sParentName.isEmpty() ? QStringLiteral("-") : sParentName);
+    m_pUi->lbParent->setText(sName.isEmpty() ? QStringLiteral("-") : sName);
 }
 
 void COrganizationEditPage::ShowRecord(const Organization_t& record)
@@ -131,21 +141,6 @@ void COrganizationEditPage::OnSaved(const Organization_t& record)
 {
     Q_EMIT SignalAddOrModifyOrgComplete(m_editor.IsNew() ? ModeAdd : ModeModify,
         QString::fromStdString(record.sCode), QString::fromStdString(record.sName));
-}
-
-void COrganizationEditPage::ShowRefusal(int nErrorCode, const std::string&)
-{
-    VxGUI::VxNotification::Show(this,
-        Common::FailureText(m_editor.IsNew() ? Text::tr("Failed to add organization")
-                                             : Text::tr("Failed to modify organization."),
-            nErrorCode));
-}
-
-void COrganizationEditPage::UpdateState()
-{
-    m_pUi->btnOk->setEnabled(m_editor.CanSave());
-    m_pUi->editName->setEnabled(!m_editor.IsSaving());
-    m_pUi->editRemark->setEnabled(!m_editor.IsSaving());
 }
 
 void COrganizationEditPage::keyPressEvent(QKeyEvent* pEvent)

@@ -50,8 +50,8 @@ private:
     using Calls = Common::CCalls<GroupLogical::IGroupManagerObserver>;
     using Param = Calls::Param;
     void SetUpFields();
-    void ShowTitles(const QString& sTitle, const QString& sParentName);
-    void UpdateState();
+    void SetUpEditor();
+    void ShowParent(const QString& sName);
 
     void ShowRecord(const Organization& record) override;
     Organization GetEdited() const override;
@@ -59,7 +59,6 @@ private:
     void Send(const Organization& record, bool bNew) override;
     void Fetch(const Organization& record, bool bNew) override;
     void OnSaved(const Organization& record) override;
-    void ShowRefusal(int nErrorCode, const std::string& sDetail) override;
 
     std::unique_ptr<Ui::COrganizationEditPage> m_pUi;
     Common::CSession m_session;

@@ -2,14 +2,12 @@
 
 #include "CDeviceManagerCtrl.h"
 
+#include <UserLogical/RightCodes.h>
 #include <common/CModulePage.h>
 
 namespace ResourceManagerUI {
 
 namespace {
-
-constexpr const char* RightDeviceManager = "001001001";
-constexpr const char* RightDeviceConfig = "001001002";
 
 struct Text
 {
@@ -34,10 +32,11 @@ QWidget* CResourceManagerWidget::CreatePage(
     return new CModulePage(pInterfaceSet,
         {QStringLiteral("CResourceManager"), sDeviceFolder, GetWidgetTitle(QString(), 0),
             CModulePage::Look::Strip},
-        {{RightDeviceManager, Text::tr("Add Device"), QStringLiteral("DeviceManager"),
+        {{UserLogical::RightChangeDevices, Text::tr("Add Device"), QStringLiteral("DeviceManager"),
              &CModulePage::Make<CDeviceManagerCtrl>, sDeviceFolder, QStringLiteral("DeviceManager")},
-            {RightDeviceConfig, Text::tr("Device Configuration"), QStringLiteral("DeviceConfig"), nullptr,
-                QStringLiteral("ResourceManagerUI/ResourceConfig"), QStringLiteral("DeviceConfig")}},
+            {UserLogical::RightConfigureDevices, Text::tr("Device Configuration"),
+                QStringLiteral("DeviceConfig"), nullptr, QStringLiteral("ResourceManagerUI/ResourceConfig"),
+                QStringLiteral("DeviceConfig")}},
         pParent);
 }
 

@@ -2,45 +2,13 @@
 
 #include "CConflictDlg.h"
 #include "CEditorBase.h"
+#include "IRecordForm.h"
 #include "RecordFields.h"
-
-#include <UICommonMdl/ErrorCodes.h>
 
 #include <optional>
 #include <utility>
 
 namespace Common {
-
-/// The form of one record, as its editor needs it; implemented by the dialog or page that has the fields.
-template <class R>
-class IRecordForm
-{
-public:
-    /// Shows the record in place of what was entered.
-    virtual void ShowRecord(const R& record) = 0;
-    /// The record that was shown, with what was entered.
-    virtual R GetEdited() const = 0;
-    /// What is entered that the record does not hold, by the name of its field; empty: nothing.
-    virtual QString GetOtherChange() const { return {}; }
-    /// Checks the fields; the first failure is shown at its field, which gets the focus.
-    virtual bool CheckInput() = 0;
-    /// Asks the server to save; the answer goes to CEditor::OnAnswer.
-    virtual void Send(const R& record, bool bNew) = 0;
-    /// Asks the server for the record that has the key of this one or, when it is new, what makes it unique;
-    /// the answer goes to CEditor::OnFetched.
-    virtual void Fetch(const R& record, bool bNew) = 0;
-    /// The server has it.
-    virtual void OnSaved(const R& record) = 0;
-    /// The server refused it; the form is as it was.
-    virtual void ShowRefusal(int nErrorCode, const std::string& sDetail) = 0;
-    /// The record could not be loaded; true: the form says so itself.
-    virtual bool OnLoadFailed(int /*nErrorCode*/) { return false; }
-    /// Code and detail of the refusal when another record has what makes a new one unique.
-    virtual std::pair<int, std::string> GetTaken() const { return {UICommonMdl::ErrorNameExists, {}}; }
-
-protected:
-    ~IRecordForm() = default;
-};
 
 /// The way of one record through its form: it is loaded, changed, saved, and, when the answer does not say
 /// what became of it, looked up. What was entered stays until it is saved or given up. A member of the form.
@@ -59,13 +27,21 @@ public:
     /// What the form changes of the record: filled once, when the form is made.
     RecordFields<R>& Fields() { return m_fields; }
 
-    void BeginNew(const R& record) { Begin(record, true); }
-    void BeginEdit(const R& record) { Begin(record, false); }
-    /// Loads the record of that key first.
-    void BeginLoad(const R& key)
+    void BeginNew(const R& record)
+    {
+        SetPurpose(Purpose::Add);
+        Begin(record);
+    }
+    void BeginEdit(const R& record)
+    {
+        SetPurpose(Purpose::Modify);
+        Begin(record);
+    }
+    /// Loads the record of that key first; not for a new one.
+    void BeginLoad(const R& key, Purpose purpose = Purpose::Modify)
     {
         m_loaded = key;
-        m_bNew = false;
+        SetPurpose(purpose);
         Load();
     }
     void Load() override
@@ -75,22 +51,19 @@ public:
     }
     /// What the form shows now counts as unchanged.
     void TakeAsShown() { m_baseline = m_form.GetEdited(); }
-    /// The record is only shown, and nothing of it is saved.
-    void SetReadOnly(bool bReadOnly) { m_bReadOnly = bReadOnly; }
 
     const R& GetLoaded() const { return m_loaded; }
     /// What was saved last, whether it succeeded or not.
     const R& GetSent() const { return m_sent; }
-    bool IsNew() const { return m_bNew; }
     bool IsDirty() const override
     {
-        return !m_bReadOnly && IsLoaded()
+        return !IsReadOnly() && IsLoaded()
             && (!m_form.GetOtherChange().isEmpty() || !(m_form.GetEdited() == m_baseline));
     }
 
     void Save()
     {
-        if (CanSave() && !m_bReadOnly && m_form.CheckInput())
+        if (CanSave() && m_form.CheckInput())
             SendEdited();
     }
 
@@ -104,10 +77,10 @@ public:
             Finish(pRecord ? *pRecord : m_sent);
             return;
         }
-        m_bDoubt = m_bDoubt || IsDoubtful(nErrorCode);
+        m_bDoubt = m_bDoubt || UICommonMdl::IsOutcomeUnknown(nErrorCode);
         // What is taken may have been taken by the save whose answer did not come.
-        const bool bOwn = m_bDoubt && m_bNew && IsTaken(nErrorCode);
-        if (IsDoubtful(nErrorCode) || nErrorCode == UICommonMdl::ErrorVersionConflict || bOwn)
+        const bool bOwn = m_bDoubt && IsNew() && IsTaken(nErrorCode);
+        if (UICommonMdl::IsOutcomeUnknown(nErrorCode) || nErrorCode == UICommonMdl::ErrorVersionConflict || bOwn)
             LookUp();
         else
             Refuse(nErrorCode, sDetail);
@@ -134,14 +107,14 @@ protected:
     void LookUp() override
     {
         SetState(State::LookingUp);
-        m_form.Fetch(m_sent, m_bNew);
+        m_form.Fetch(m_sent, IsNew());
     }
+    void GoOnToModify() override { BeginEdit(R(m_loaded)); }
 
 private:
-    void Begin(const R& record, bool bNew)
+    void Begin(const R& record)
     {
         m_loaded = record;
-        m_bNew = bNew;
         m_bDoubt = false;
         m_optTheirs.reset();
         SetState(State::Ready);
@@ -153,7 +126,7 @@ private:
     void OnLoaded(int nErrorCode, const R* pRecord)
     {
         if (nErrorCode == UICommonMdl::ErrorNone)
-            Begin(*pRecord, false);
+            Begin(*pRecord);
         else if (!m_form.OnLoadFailed(nErrorCode))
             SetState(State::LoadFailed, nErrorCode);
     }
@@ -162,7 +135,7 @@ private:
         const R edited = m_form.GetEdited();
         m_sent = m_optTheirs ? m_fields.Merge(m_baseline, edited, *m_optTheirs) : edited;
         SetState(State::Saving);
-        m_form.Send(m_sent, m_bNew);
+        m_form.Send(m_sent, IsNew());
     }
     void Finish(const R& record)
     {
@@ -178,11 +151,14 @@ private:
     {
         // The form shows its own values: over whose they are saved is decided anew.
         m_optTheirs.reset();
-        WhenSeen([this, nErrorCode, sDetail] { m_form.ShowRefusal(nErrorCode, sDetail); });
+        WhenSeen([this, nErrorCode, sDetail] {
+            if (!m_form.ShowRefusal(nErrorCode, sDetail))
+                TellFailure(nErrorCode);
+        });
     }
     void OnGone()
     {
-        if (!m_bNew)
+        if (!IsNew())
             Refuse(UICommonMdl::ErrorNotFound, {});
         else if (IsTaken(m_refusal.first))
             Refuse(m_refusal.first, m_refusal.second);
@@ -201,12 +177,12 @@ private:
         // What the record does not show cannot be compared: without a doubt nobody else has entered the same.
         const bool bAllSeen = !m_fields.HasSecret(m_sent) && m_form.GetOtherChange().isEmpty();
         const bool bSame = m_fields.IsSame(m_sent, found) && (m_bDoubt || bAllSeen);
-        const bool bUnchanged = !m_bNew && m_bDoubt && found.nVersion == m_sent.nVersion;
+        const bool bUnchanged = !IsNew() && m_bDoubt && found.nVersion == m_sent.nVersion;
         if (bUnchanged) {
             NotSaved();
         } else if (bSame) {
             Finish(found);
-        } else if (m_bNew) {
+        } else if (IsNew()) {
             const auto [nErrorCode, sDetail] = IsTaken(m_refusal.first) ? m_refusal : m_form.GetTaken();
             Refuse(nErrorCode, sDetail);
         } else {
@@ -224,7 +200,7 @@ private:
         if (!guard || choice == CConflictDlg::Choice::GoOn)
             return;
         if (choice == CConflictDlg::Choice::LoadAgain) {
-            Begin(theirs, false);
+            Begin(theirs);
             return;
         }
         m_optTheirs = theirs;
@@ -238,8 +214,6 @@ private:
     R m_sent{};
     std::optional<R> m_optTheirs; ///< what is saved over, once the operator has said so
     std::pair<int, std::string> m_refusal; ///< why the last save did not succeed: code and detail
-    bool m_bNew = true;
-    bool m_bReadOnly = false;
     bool m_bDoubt = false; ///< a save of this record was not answered
 };
 

@@ -9,6 +9,8 @@
 #include <VxGUI/VxNotification.h>
 
 #include <QCoreApplication>
+#include <QLabel>
+#include <QPushButton>
 #include <QStackedWidget>
 
 namespace Common {
@@ -37,6 +39,26 @@ CEditorBase::CEditorBase(CSession& session, QWidget* pForm)
     m_lookTimer.setInterval(SecondLook);
     connect(&m_lookTimer, &QTimer::timeout, this, [this] { LookUp(); });
     connect(&session, &CSession::SignalConnectionChanged, this, &CEditorBase::OnConnectionChanged);
+    connect(&session, &CSession::SignalRightsChanged, this, &CEditorBase::OnRightsChanged);
+    connect(this, &CEditorBase::SignalStateChanged, this, &CEditorBase::UpdateControls);
+}
+
+void CEditorBase::SetForm(const Controls& controls, const FormTexts& texts, const char* pszRight)
+{
+    m_controls = controls;
+    m_formTexts = texts;
+    m_pszRight = pszRight;
+    for (QPushButton* const pButton : {controls.pSave, controls.pSaveAndGoOn, controls.pEdit}) {
+        if (pButton)
+            m_mapToolTips.insert(pButton, pButton->toolTip());
+    }
+    if (controls.pEdit) {
+        connect(controls.pEdit, &QAbstractButton::clicked, this, [this] {
+            if (m_purpose == Purpose::Details && m_state == State::Ready && GetObstacle().isEmpty())
+                GoOnToModify();
+        });
+    }
+    UpdateControls();
 }
 
 void CEditorBase::SetNotice(CSaveNotice* pNotice)
@@ -60,13 +82,13 @@ void CEditorBase::SetLoadView(
 
 bool CEditorBase::MayLeave()
 {
-    if (!IsSaving())
+    if (!IsUnsettled())
         return CInputGuard::MayLeave();
     const QPointer<CEditorBase> guard(this);
     // The question goes when it has become known meanwhile.
     const QPointer<QWidget> pAsker(new QWidget(GetForm()));
     connect(this, &CEditorBase::SignalStateChanged, pAsker, [this, pAsker] {
-        if (!IsSaving())
+        if (!IsUnsettled())
             pAsker->deleteLater();
     });
     const bool bLeave =
@@ -74,7 +96,7 @@ bool CEditorBase::MayLeave()
     if (!guard)
         return false;
     delete pAsker;
-    return bLeave || (!IsSaving() && CInputGuard::MayLeave());
+    return bLeave || (!IsUnsettled() && CInputGuard::MayLeave());
 }
 
 void CEditorBase::End()
@@ -82,12 +104,6 @@ void CEditorBase::End()
     m_noticeTimer.stop();
     m_lookTimer.stop();
     CInputGuard::End();
-}
-
-bool CEditorBase::IsDoubtful(int nErrorCode)
-{
-    return nErrorCode == UICommonMdl::ErrorTimeOut || nErrorCode == UICommonMdl::ErrorDisconnected
-        || nErrorCode == UICommonMdl::ErrorBadAnswer || nErrorCode == UICommonMdl::ErrorCancelled;
 }
 
 bool CEditorBase::IsTaken(int nErrorCode)
@@ -100,13 +116,13 @@ bool CEditorBase::IsTaken(int nErrorCode)
 
 void CEditorBase::SetState(State state, int nErrorCode)
 {
-    const bool bWasSaving = IsSaving();
+    const bool bWasSaving = IsUnsettled();
     m_state = state;
     m_bNotSaved = false;
     m_lookTimer.stop();
     if (state != State::LookingUp)
         m_bLookedOnce = false;
-    if (IsSaving() && !bWasSaving)
+    if (IsUnsettled() && !bWasSaving)
         m_pFocusBefore = GetForm()->focusWidget();
     if (state == State::Saving)
         m_noticeTimer.start();
@@ -115,8 +131,57 @@ void CEditorBase::SetState(State state, int nErrorCode)
     ShowLoadState(nErrorCode);
     Q_EMIT SignalStateChanged();
     // What was disabled for the save has lost the focus.
-    if (bWasSaving && !IsSaving() && m_pFocusBefore)
+    if (bWasSaving && !IsUnsettled() && m_pFocusBefore)
         m_pFocusBefore->setFocus();
+}
+
+void CEditorBase::SetPurpose(Purpose purpose)
+{
+    m_purpose = purpose;
+    Q_EMIT SignalStateChanged();
+}
+
+QString CEditorBase::GetObstacle() const
+{
+    if (!m_session.IsConnected())
+        return NoConnectionText();
+    return m_pszRight && !m_session.HasRight(m_pszRight) ? m_formTexts.sNoRight : QString();
+}
+
+void CEditorBase::UpdateControls()
+{
+    const QString sTitle = IsNew() ? m_formTexts.sAddTitle
+        : IsReadOnly()             ? m_formTexts.sDetailsTitle
+                                   : m_formTexts.sModifyTitle;
+    if (!sTitle.isEmpty())
+        GetForm()->setWindowTitle(sTitle);
+    if (m_controls.pTitle)
+        m_controls.pTitle->setText(sTitle);
+    UpdateButton(m_controls.pSave, !IsReadOnly());
+    UpdateButton(m_controls.pSaveAndGoOn, IsNew());
+    UpdateButton(m_controls.pEdit, m_purpose == Purpose::Details);
+    for (QWidget* const pInput : qAsConst(m_controls.vecInput))
+        pInput->setEnabled(!IsUnsettled());
+}
+
+void CEditorBase::UpdateButton(QPushButton* pButton, bool bShown)
+{
+    if (!pButton)
+        return;
+    // The steps of a form may hide the button, too.
+    if (m_controls.pEdit || pButton == m_controls.pSaveAndGoOn)
+        pButton->setVisible(bShown);
+    const QString sObstacle = GetObstacle();
+    pButton->setEnabled(m_state == State::Ready && sObstacle.isEmpty());
+    pButton->setToolTip(sObstacle.isEmpty() ? m_mapToolTips.value(pButton) : sObstacle);
+}
+
+void CEditorBase::TellFailure(int nErrorCode, const QString& sWhich)
+{
+    const QString sText =
+        FailureText(IsNew() ? m_formTexts.sAddFailed : m_formTexts.sModifyFailed, nErrorCode);
+    VxGUI::VxNotification::Show(
+        GetForm(), sWhich.isEmpty() ? sText : sText + QStringLiteral(" (%1)").arg(sWhich));
 }
 
 void CEditorBase::ShowLoadState(int nErrorCode)
@@ -163,9 +228,14 @@ void CEditorBase::ShowNotice(int nErrorCode)
             m_pNotice->SetText(
                 sUnknown + QLatin1Char(' ') + Text::tr("It will be checked as soon as the server is back."));
         break;
+    case State::Ready:
+        if (m_bNotSaved)
+            m_pNotice->SetText(Text::tr("This was not saved. What you entered is kept."));
+        else // that the connection is lost is told beside
+            m_pNotice->SetText(IsReadOnly() || !m_session.IsConnected() ? QString() : GetObstacle());
+        break;
     default:
-        m_pNotice->SetText(
-            m_bNotSaved ? Text::tr("This was not saved. What you entered is kept.") : QString());
+        m_pNotice->SetText({});
     }
 }
 
@@ -214,6 +284,15 @@ void CEditorBase::OnConnectionChanged(bool bConnected)
         ShowNotice(UICommonMdl::ErrorDisconnected);
     else if (m_state == State::LoadFailed && bConnected && GetForm()->isVisible())
         Load();
+    else if (m_state == State::Ready && !m_bNotSaved)
+        ShowNotice(UICommonMdl::ErrorNone);
+    Q_EMIT SignalStateChanged();
+}
+
+void CEditorBase::OnRightsChanged()
+{
+    if (m_state == State::Ready && !m_bNotSaved)
+        ShowNotice(UICommonMdl::ErrorNone);
     Q_EMIT SignalStateChanged();
 }
 

@@ -3,12 +3,16 @@
 #include "CInputGuard.h"
 #include "CSession.h"
 
+#include <QHash>
 #include <QPointer>
 #include <QTimer>
+#include <QVector>
 #include <QWidget>
 
 #include <chrono>
 
+class QLabel;
+class QPushButton;
 class QStackedWidget;
 namespace VxGUI {
 class VxEmptyState;
@@ -35,6 +39,32 @@ public:
         LookingUp, ///< the answer to a save did not say what became of it: the record is asked for
         Unknown ///< that was not answered either
     };
+    enum class Purpose
+    {
+        Add,
+        Modify,
+        Details, ///< shown; a button goes on to modifying it
+        ReadOnly ///< shown
+    };
+    /// What the operator reads of the form as a whole.
+    struct FormTexts
+    {
+        QString sAddTitle;
+        QString sModifyTitle;
+        QString sDetailsTitle;
+        QString sAddFailed;
+        QString sModifyFailed;
+        QString sNoRight; ///< why nothing can be changed
+    };
+    /// The widgets that all forms have; all are borrowed, and none has to be there.
+    struct Controls
+    {
+        QPushButton* pSave = nullptr;
+        QPushButton* pSaveAndGoOn = nullptr; ///< of a new record
+        QPushButton* pEdit = nullptr; ///< from the details to modifying it, where pSave is hidden
+        QLabel* pTitle = nullptr;
+        QVector<QWidget*> vecInput; ///< what must not change while a save is not settled
+    };
     struct LoadTexts
     {
         QString sLoading;
@@ -43,11 +73,16 @@ public:
     };
 
     State GetState() const { return m_state; }
-    bool IsLoaded() const { return m_state == State::Ready || IsSaving(); }
+    Purpose GetPurpose() const { return m_purpose; }
+    bool IsNew() const { return m_purpose == Purpose::Add; }
+    bool IsReadOnly() const { return m_purpose == Purpose::Details || m_purpose == Purpose::ReadOnly; }
+    bool IsLoaded() const { return m_state == State::Ready || IsUnsettled(); }
     /// A save is under way, or it is not known what became of it.
-    bool IsSaving() const { return m_state >= State::Saving; }
-    bool CanSave() const { return m_state == State::Ready && m_session.IsConnected(); }
+    bool IsUnsettled() const { return m_state >= State::Saving; }
+    bool CanSave() const { return !IsReadOnly() && m_state == State::Ready && GetObstacle().isEmpty(); }
 
+    /// pszRight is what the user needs to change records (borrowed for ever).
+    void SetForm(const Controls& controls, const FormTexts& texts, const char* pszRight);
     /// Where it is told that a save takes its time, or that its outcome is not known (borrowed).
     void SetNotice(CSaveNotice* pNotice);
     /// pStack shows pState (both borrowed) until the record is there, then pFields.
@@ -61,8 +96,11 @@ public:
     bool MayLeave() override;
     void End() override;
 
+    /// Notifies that the record was not saved, and why; sWhich names what of it was refused.
+    void TellFailure(int nErrorCode, const QString& sWhich = {});
+
 Q_SIGNALS:
-    /// The state is another one, or the connection was lost or is back.
+    /// The state or the purpose is another one, the connection was lost or is back, or the rights changed.
     void SignalStateChanged();
 
 protected:
@@ -70,14 +108,15 @@ protected:
     CEditorBase(CSession& session, QWidget* pForm);
 
     void SetState(State state, int nErrorCode = 0);
+    void SetPurpose(Purpose purpose);
+    /// The record that is shown can be changed from now on.
+    virtual void GoOnToModify() = 0;
     /// Asks for the record of the editor.
     virtual void Load() = 0;
     /// Asks for the record to see whether it was saved.
     virtual void LookUp() = 0;
-    bool IsHoldingInput() const override { return IsDirty() || IsSaving(); }
+    bool IsHoldingInput() const override { return IsDirty() || IsUnsettled(); }
     void OnLeft() override { SetState(State::Closed); }
-    /// After an answer of that code the server may have saved all the same.
-    static bool IsDoubtful(int nErrorCode);
     /// Something of the new record is there already.
     static bool IsTaken(int nErrorCode);
     /// Runs it now or, while the page of the form is hidden, when that is shown; not at all once the record
@@ -92,11 +131,21 @@ protected:
 
 private:
     void OnConnectionChanged(bool bConnected);
+    void OnRightsChanged();
+    /// Why nothing can be changed now; empty: nothing is in the way.
+    QString GetObstacle() const;
+    void UpdateControls();
+    void UpdateButton(QPushButton* pButton, bool bShown);
     void ShowLoadState(int nErrorCode);
     void ShowNotice(int nErrorCode);
 
     CSession& m_session;
     State m_state = State::Closed;
+    Purpose m_purpose = Purpose::Add;
+    Controls m_controls;
+    FormTexts m_formTexts;
+    const char* m_pszRight = nullptr; ///< null: none is needed
+    QHash<QPushButton*, QString> m_mapToolTips; ///< those of buttons that can be pressed
     bool m_bNotSaved = false; ///< that is what the last look has shown
     QPointer<CSaveNotice> m_pNotice;
     QPointer<QStackedWidget> m_pStack;

@@ -3,6 +3,7 @@
 #include "CListStatus.h"
 #include "CListView.h"
 #include "CTableModel.h"
+#include "Prompt.h"
 #include "TabOrder.h"
 
 #include <UICommonMdl/CNumberPageCtrl.h>
@@ -246,7 +247,7 @@ void CListFrame::SetTabOrders()
 
 Need CListFrame::NeedsConnection() const
 {
-    return [this] { return m_bConnected ? QString() : Text::tr("No connection to the server."); };
+    return [this] { return m_bConnected ? QString() : NoConnectionText(); };
 }
 
 Need CListFrame::NeedsChecked(const QString& sReason) const

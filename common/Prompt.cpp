@@ -78,6 +78,11 @@ void ShowFailures(QWidget* pParent, const QString& sText, const QStringList& lis
     ShowFailures(pParent, sText, vecFailures);
 }
 
+QString NoConnectionText()
+{
+    return Text::tr("No connection to the server.");
+}
+
 QString FailureText(const QString& sPrefix, int nErrorCode)
 {
     const QString sError = UICommonMdl::CErrorCode::GetErroCodeInfor(nErrorCode);

@@ -24,6 +24,8 @@ QString AskSaveFile(
 void ShowFailures(QWidget* pParent, const QString& sText, const QVector<Failure>& vecFailures);
 /// The same, from one line an item ("name: reason").
 void ShowFailures(QWidget* pParent, const QString& sText, const QStringList& listFailures);
+/// Why nothing can be done while the connection is lost.
+QString NoConnectionText();
 /// sPrefix followed by the text of the error, for a notification.
 QString FailureText(const QString& sPrefix, int nErrorCode);
 

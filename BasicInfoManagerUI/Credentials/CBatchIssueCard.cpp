@@ -61,7 +61,6 @@ CBatchIssueCard::CBatchIssueCard(UICommonMdl::CInterfaceSetManager* pInterfaceSe
     auto* const pEscape =
         new QShortcut(Qt::Key_Escape, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
     connect(pEscape, &QShortcut::activated, this, &CBatchIssueCard::Leave);
-    m_pUi->lbConnection->Watch(m_session);
     connect(&m_session, &Common::CSession::SignalConnectionChanged, this, &CBatchIssueCard::ShowState);
     ShowState();
 }
@@ -216,8 +215,11 @@ void CBatchIssueCard::OnIssued(const Param& param)
     } else if (param.nErrorCode == UICommonMdl::ErrorPersonDuplicate) {
         ShowClashes(param);
     } else {
-        VxGUI::VxNotification::Show(
-            this, Common::FailureText(Text::tr("Failed to batch issue card."), param.nErrorCode));
+        const QString sText = UICommonMdl::IsOutcomeUnknown(param.nErrorCode)
+            ? Text::tr("It is not known whether the cards were issued. You can save again: cards that were "
+                       "issued stay as they are.")
+            : Text::tr("Failed to batch issue card.");
+        VxGUI::VxNotification::Show(this, Common::FailureText(sText, param.nErrorCode));
     }
 }
 

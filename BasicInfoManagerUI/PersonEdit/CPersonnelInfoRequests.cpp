@@ -30,17 +30,16 @@ struct Text
 
 } // namespace
 
-void CPersonnelInfoUI::Begin(Mode mode)
+void CPersonnelInfoUI::Begin()
 {
     m_calls.ForgetAll();
     delete m_pExtract;
-    SetMode(mode);
     QueryChoices();
 }
 
 void CPersonnelInfoUI::AddPerson(const QString& sGroupCode)
 {
-    Begin(Mode::Add);
+    Begin();
     BeginNewPerson(sGroupCode.isEmpty() ? RootDepartmentCode : sGroupCode.toStdString());
 }
 
@@ -53,21 +52,22 @@ void CPersonnelInfoUI::BeginNewPerson(const std::string& sGroupCode)
 
 void CPersonnelInfoUI::EditPerson(const QString& sPersonId)
 {
-    Begin(Mode::Edit);
-    Load(sPersonId);
+    Begin();
+    Load(Common::CEditorBase::Purpose::Modify, sPersonId);
 }
 
 void CPersonnelInfoUI::ShowPerson(const QString& sPersonId)
 {
-    Begin(Mode::Details);
-    Load(sPersonId);
+    Begin();
+    Load(Common::CEditorBase::Purpose::Details, sPersonId);
 }
 
-void CPersonnelInfoUI::Load(const QString& sPersonId)
+void CPersonnelInfoUI::Load(Common::CEditorBase::Purpose purpose, const QString& sPersonId)
 {
     Person key;
     key.sPersonId = sPersonId.toStdString();
-    m_editor.BeginLoad(key);
+    m_editor.BeginLoad(key, purpose);
+    ShowPurpose();
 }
 
 void CPersonnelInfoUI::Fetch(const Person& record, bool)
@@ -135,7 +135,7 @@ void CPersonnelInfoUI::OnExtractClicked()
     m_pExtract = new CExtractPersonDlg(m_pInterfaceSet, this);
     connect(m_pExtract, &CExtractPersonDlg::SignalPerson, this, [this](const Person& extracted) {
         // What came from the device is input like what is typed.
-        ShowFields(MergeExtracted(GetEdited(), extracted, m_mode == Mode::Add));
+        ShowFields(MergeExtracted(GetEdited(), extracted, m_editor.IsNew()));
         OnChanged();
     });
     m_pExtract->open();
@@ -164,8 +164,7 @@ void CPersonnelInfoUI::OnSaved(const Person& record)
 {
     const QString sId = QString::fromStdString(record.sPersonId);
     VxGUI::VxNotification::Show(this,
-        (m_mode == Mode::Add ? Text::tr("Person %1 was added.") : Text::tr("Person %1 was modified."))
-            .arg(sId),
+        (m_editor.IsNew() ? Text::tr("Person %1 was added.") : Text::tr("Person %1 was modified.")).arg(sId),
         VxGUI::NotificationKind::Success);
     if (m_bContinue)
         BeginNewPerson(record.sGroupCode);
@@ -174,11 +173,11 @@ void CPersonnelInfoUI::OnSaved(const Person& record)
         Q_EMIT SignalBack();
 }
 
-void CPersonnelInfoUI::ShowRefusal(int nErrorCode, const std::string& sDetail)
+bool CPersonnelInfoUI::ShowRefusal(int nErrorCode, const std::string& sDetail)
 {
     if (nErrorCode == UICommonMdl::ErrorPersonDuplicate && !m_vecClashes.empty()) {
         ShowClashes();
-        return;
+        return true;
     }
     // A photo that is refused is told at the photo, whatever the detail says.
     const bool bPhoto = nErrorCode == UICommonMdl::ErrorPhoto;
@@ -190,7 +189,7 @@ void CPersonnelInfoUI::ShowRefusal(int nErrorCode, const std::string& sDetail)
         ScrollToFocus();
         break;
     }
-    VxGUI::VxNotification::Show(this, Common::FailureText(FailurePrefix(), nErrorCode));
+    return false;
 }
 
 std::pair<int, std::string> CPersonnelInfoUI::GetTaken() const

@@ -14,6 +14,7 @@
 
 #include <Trv/QSkin.h>
 #include <UICommonMdl/CInterfaceSetManager.h>
+#include <UserLogical/RightCodes.h>
 #include <VxGUI/VxNotification.h>
 #include <common/StyleSheet.h>
 
@@ -32,7 +33,6 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CPersonnelInfoUI)
 };
 
-constexpr const char* RightChangePersons = "002003001";
 const QString SkinFolder = QStringLiteral("BasicInfoManagerUI/Personnel");
 
 } // namespace
@@ -57,7 +57,7 @@ CPersonnelInfoUI::CPersonnelInfoUI(UICommonMdl::CInterfaceSetManager* pInterface
     Common::LoadStyleSheet(this, SkinFolder);
     for (CPersonSection* const pSection : m_vecSections)
         pSection->SetConnected(m_session.IsConnected());
-    SetMode(Mode::Add);
+    ShowPurpose();
 }
 
 CPersonnelInfoUI::~CPersonnelInfoUI() = default;
@@ -121,7 +121,6 @@ void CPersonnelInfoUI::SetUpButtons()
     onClick(m_pUi->m_pAddAndContinue, [this] { OnOkClicked(true); });
     onClick(m_pUi->m_pBtnCancel, &CPersonnelInfoUI::Leave);
     onClick(m_pUi->btnPersonBack, &CPersonnelInfoUI::Leave);
-    onClick(m_pUi->m_pBtnEdit, [this] { SetMode(Mode::Edit); });
     onClick(m_pUi->m_pBtnExtract, &CPersonnelInfoUI::OnExtractClicked);
     onClick(m_pUi->btnChoicesAgain, &CPersonnelInfoUI::QueryChoices);
 }
@@ -129,6 +128,18 @@ void CPersonnelInfoUI::SetUpButtons()
 void CPersonnelInfoUI::SetUpEditor()
 {
     DescribePerson(m_editor.Fields());
+    m_editor.SetForm({.pSave = m_pUi->m_pBtnOk,
+                         .pSaveAndGoOn = m_pUi->m_pAddAndContinue,
+                         .pEdit = m_pUi->m_pBtnEdit,
+                         .pTitle = m_pUi->lbPersonTitle,
+                         .vecInput = {m_pUi->wgtSections}},
+        {.sAddTitle = Text::tr("Add Person"),
+            .sModifyTitle = Text::tr("Edit Person"),
+            .sDetailsTitle = Text::tr("Person Details"),
+            .sAddFailed = Text::tr("Failed to add person"),
+            .sModifyFailed = Text::tr("Failed to modify user"),
+            .sNoRight = Text::tr("You have no permission to change persons.")},
+        UserLogical::RightChangePersons);
     m_editor.SetNotice(m_pUi->wgtSaveNotice);
     m_editor.SetLoadView(m_pUi->stackPerson, m_pUi->wgtPersonState, m_pUi->pagePersonForm,
         {Text::tr("Loading"), Text::tr("Failed to search user detail"),
@@ -158,23 +169,17 @@ void CPersonnelInfoUI::SetUpShortcuts()
     }
 }
 
-void CPersonnelInfoUI::SetMode(Mode mode)
+void CPersonnelInfoUI::ShowPurpose()
 {
-    m_mode = mode;
-    const QString sTitles[] = {Text::tr("Add Person"), Text::tr("Edit Person"), Text::tr("Person Details")};
-    m_pUi->lbPersonTitle->setText(sTitles[int(mode)]);
-    setWindowTitle(sTitles[int(mode)]);
-    const bool bDetails = mode == Mode::Details;
-    m_editor.SetReadOnly(bDetails);
+    const bool bDetails = m_editor.IsReadOnly();
     for (CPersonSection* const pSection : m_vecSections)
         pSection->SetReadOnly(bDetails);
-    m_pBasic->SetIdEditable(mode == Mode::Add);
+    m_pBasic->SetIdEditable(m_editor.IsNew());
     m_pUi->lbPersonNote->setVisible(!bDetails);
     if (property("details").toBool() != bDetails) {
         setProperty("details", bDetails);
         setStyleSheet(styleSheet()); // the looks of all fields go by it
     }
-    UpdateState();
 }
 
 void CPersonnelInfoUI::ShowFields(const Person& person)
@@ -185,10 +190,11 @@ void CPersonnelInfoUI::ShowFields(const Person& person)
 
 void CPersonnelInfoUI::ShowRecord(const Person& record)
 {
+    ShowPurpose();
     ShowFields(record);
     m_pUi->stackPerson->setCurrentWidget(m_pUi->pagePersonForm);
     m_pUi->scrollPerson->verticalScrollBar()->setValue(0);
-    if (m_mode != Mode::Details)
+    if (!m_editor.IsReadOnly())
         m_pBasic->FocusFirst();
 }
 
@@ -207,21 +213,8 @@ void CPersonnelInfoUI::OnChanged()
 
 void CPersonnelInfoUI::UpdateState()
 {
-    const bool bDetails = m_mode == Mode::Details;
-    const bool bUsable = m_editor.CanSave();
-    m_pUi->m_pBtnOk->setVisible(!bDetails);
-    m_pUi->m_pAddAndContinue->setVisible(m_mode == Mode::Add);
-    m_pUi->m_pBtnExtract->setVisible(!bDetails);
-    m_pUi->m_pBtnEdit->setVisible(bDetails);
-    m_pUi->m_pBtnOk->setEnabled(bUsable);
-    m_pUi->m_pAddAndContinue->setEnabled(bUsable);
-    m_pUi->m_pBtnExtract->setEnabled(bUsable);
-    const bool bMayChange = m_session.HasRight(RightChangePersons);
-    m_pUi->m_pBtnEdit->setEnabled(bUsable && bMayChange);
-    m_pUi->m_pBtnEdit->setToolTip(bMayChange
-            ? QKeySequence(QStringLiteral("Ctrl+E")).toString(QKeySequence::NativeText)
-            : Text::tr("You have no permission to change persons."));
-    m_pUi->wgtSections->setEnabled(!m_editor.IsSaving());
+    m_pUi->m_pBtnExtract->setVisible(!m_editor.IsReadOnly());
+    m_pUi->m_pBtnExtract->setEnabled(m_editor.CanSave());
     m_pUi->btnChoicesAgain->setEnabled(m_session.IsConnected());
     OnChanged();
 }
@@ -254,11 +247,6 @@ void CPersonnelInfoUI::ScrollToFocus()
     QWidget* const pFocus = m_pUi->wgtSections->focusWidget();
     if (pFocus && m_pUi->wgtSections->isAncestorOf(pFocus))
         m_pUi->scrollPerson->ensureWidgetVisible(pFocus);
-}
-
-QString CPersonnelInfoUI::FailurePrefix() const
-{
-    return m_mode == Mode::Add ? Text::tr("Failed to add person") : Text::tr("Failed to modify user");
 }
 
 void CPersonnelInfoUI::Leave()

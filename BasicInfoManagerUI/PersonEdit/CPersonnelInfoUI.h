@@ -58,12 +58,6 @@ protected:
 private:
     using Param = AccessControlLogical::IPersonManagerObserver::Param;
     using Person = AccessControlLogical::Person_t;
-    enum class Mode
-    {
-        Add,
-        Edit,
-        Details
-    };
 
     // Building the page.
     void SetUpSections();
@@ -73,16 +67,17 @@ private:
     void SetUpShortcuts();
 
     // What is shown.
-    void Begin(Mode mode);
+    void Begin();
     void BeginNewPerson(const std::string& sGroupCode);
-    void SetMode(Mode mode);
+    /// Makes the fields ones to read or to change.
+    void ShowPurpose();
     void ShowFields(const Person& person);
     void UpdateState();
     void OnChanged();
 
     // What it asks for.
     void OnConnectionChanged(bool bConnected);
-    void Load(const QString& sPersonId);
+    void Load(Common::CEditorBase::Purpose purpose, const QString& sPersonId);
     void QueryChoices();
     void QueryPermissionChoices();
     void QueryResidence();
@@ -93,14 +88,13 @@ private:
     void OnOkClicked(bool bContinue);
     void ShowClashes();
     void ScrollToFocus();
-    QString FailurePrefix() const;
     void ShowRecord(const Person& record) override;
     Person GetEdited() const override;
     bool CheckInput() override;
     void Send(const Person& record, bool bNew) override;
     void Fetch(const Person& record, bool bNew) override;
     void OnSaved(const Person& record) override;
-    void ShowRefusal(int nErrorCode, const std::string& sDetail) override;
+    bool ShowRefusal(int nErrorCode, const std::string& sDetail) override;
     std::pair<int, std::string> GetTaken() const override;
 
     std::unique_ptr<Ui::CPersonnelInfoUI> m_pUi;
@@ -113,7 +107,6 @@ private:
     CResidentInfo* m_pResident = nullptr;
     std::vector<CPersonSection*> m_vecSections; ///< in their order
     QPointer<CExtractPersonDlg> m_pExtract;
-    Mode m_mode = Mode::Add;
     bool m_bContinue = false; ///< once saved, the next person is added
     std::vector<AccessControlLogical::PersonClash_t> m_vecClashes; ///< of the last save
     QString m_sChoicesFailed; ///< empty: the choices came or are on their way

@@ -5,10 +5,9 @@
 
 #include <UICommonMdl/CDepartmentModelManager.h>
 #include <UICommonMdl/ErrorCodes.h>
+#include <UserLogical/RightCodes.h>
 #include <VxGUI/RequiredMark.h>
-#include <VxGUI/VxNotification.h>
 #include <common/PersonGroups.h>
-#include <common/Prompt.h>
 #include <common/StyleSheet.h>
 
 #include <algorithm>
@@ -46,6 +45,7 @@ CPersonGroupEditUI::CPersonGroupEditUI(
     setModal(true);
     m_pUi->lbConnection->Watch(m_session);
     SetUpFields();
+    SetUpEditor();
     SetUpButtons();
     Common::LoadStyleSheet(this, QStringLiteral("BasicInfoManagerUI/Personnel"));
 }
@@ -77,11 +77,23 @@ void CPersonGroupEditUI::SetUpFields()
     m_fields.Text(&Department_t::sRemark, m_pUi->m_pEditRemark);
 }
 
-void CPersonGroupEditUI::SetUpButtons()
+void CPersonGroupEditUI::SetUpEditor()
 {
+    m_editor.SetForm({.pSave = m_pUi->m_pBtnAdd,
+                         .pSaveAndGoOn = m_pUi->m_pAddAndPerson,
+                         .vecInput = {m_pUi->m_pCmbParent, m_pUi->m_pEditGroupName, m_pUi->m_pEditRemark}},
+        {.sAddTitle = Text::tr("Add Person Group"),
+            .sModifyTitle = Text::tr("Edit Person Group"),
+            .sAddFailed = Text::tr("Failed to add person group"),
+            .sModifyFailed = Text::tr("Failed to modify person group"),
+            .sNoRight = Text::tr("You have no permission to change persons.")},
+        UserLogical::RightChangePersons);
     m_editor.SetNotice(m_pUi->wgtSaveNotice);
     m_editor.SetClose([this] { QDialog::reject(); });
-    connect(&m_editor, &Common::CEditorBase::SignalStateChanged, this, &CPersonGroupEditUI::UpdateState);
+}
+
+void CPersonGroupEditUI::SetUpButtons()
+{
     connect(m_pUi->m_pBtnAdd, &QAbstractButton::clicked, this, &CPersonGroupEditUI::accept);
     connect(m_pUi->m_pAddAndPerson, &QAbstractButton::clicked, this, [this] { Save(true); });
     connect(m_pUi->m_pBtnCancel, &QAbstractButton::clicked, this, &CPersonGroupEditUI::reject);
@@ -106,10 +118,7 @@ bool CPersonGroupEditUI::IsRoot() const
 
 void CPersonGroupEditUI::ShowRecord(const Department_t& record)
 {
-    const bool bNew = m_editor.IsNew();
-    setWindowTitle(bNew ? Text::tr("Add Person Group") : Text::tr("Edit Person Group"));
-    m_pUi->m_pBtnAdd->setText(bNew ? Text::tr("Add") : Text::tr("Save"));
-    m_pUi->m_pAddAndPerson->setVisible(bNew);
+    m_pUi->m_pBtnAdd->setText(m_editor.IsNew() ? Text::tr("Add") : Text::tr("Save"));
     m_pUi->lbParent->setVisible(!IsRoot());
     m_pUi->m_pCmbParent->setVisible(!IsRoot());
     m_pUi->m_pCmbParent->SetCode(QString::fromStdString(record.sParentCode));
@@ -184,26 +193,13 @@ void CPersonGroupEditUI::OnSaved(const Department_t& record)
     QDialog::accept();
 }
 
-void CPersonGroupEditUI::ShowRefusal(int nErrorCode, const std::string&)
+bool CPersonGroupEditUI::ShowRefusal(int nErrorCode, const std::string&)
 {
-    if (nErrorCode == UICommonMdl::ErrorNameExists) {
-        m_pUi->m_pEditGroupName->SetErrorHint(Text::tr("The person group name already exists."));
-        m_pUi->m_pEditGroupName->GetLineEdit()->setFocus();
-        return;
-    }
-    VxGUI::VxNotification::Show(this,
-        Common::FailureText(m_editor.IsNew() ? Text::tr("Failed to add person group")
-                                             : Text::tr("Failed to modify person group"),
-            nErrorCode));
-}
-
-void CPersonGroupEditUI::UpdateState()
-{
-    m_pUi->m_pBtnAdd->setEnabled(m_editor.CanSave());
-    m_pUi->m_pAddAndPerson->setEnabled(m_editor.CanSave());
-    for (QWidget* const pField :
-        std::initializer_list<QWidget*>{m_pUi->m_pCmbParent, m_pUi->m_pEditGroupName, m_pUi->m_pEditRemark})
-        pField->setEnabled(!m_editor.IsSaving());
+    if (nErrorCode != UICommonMdl::ErrorNameExists)
+        return false;
+    m_pUi->m_pEditGroupName->SetErrorHint(Text::tr("The person group name already exists."));
+    m_pUi->m_pEditGroupName->GetLineEdit()->setFocus();
+    return true;
 }
 
 } // namespace BasicInfoManagerUI

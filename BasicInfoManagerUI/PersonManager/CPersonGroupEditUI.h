@@ -41,10 +41,10 @@ private:
     using Department = AccessControlLogical::Department_t;
     using Param = AccessControlLogical::IDepartmentManagerObserver::Param;
     void SetUpFields();
+    void SetUpEditor();
     void SetUpButtons();
     void Save(bool bAddPerson);
     bool IsRoot() const;
-    void UpdateState();
 
     void ShowRecord(const Department& record) override;
     Department GetEdited() const override;
@@ -52,7 +52,7 @@ private:
     void Send(const Department& record, bool bNew) override;
     void Fetch(const Department& record, bool bNew) override;
     void OnSaved(const Department& record) override;
-    void ShowRefusal(int nErrorCode, const std::string& sDetail) override;
+    bool ShowRefusal(int nErrorCode, const std::string& sDetail) override;
 
     std::unique_ptr<Ui::CPersonGroupEditUI> m_pUi;
     bool m_bAddPerson = false; ///< a person is added next

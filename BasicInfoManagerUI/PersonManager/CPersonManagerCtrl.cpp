@@ -14,6 +14,7 @@
 #include <UICommonMdl/CErrorCode.h>
 #include <UICommonMdl/CInterfaceSetManager.h>
 #include <UICommonMdl/CNumberPageCtrl.h>
+#include <UserLogical/RightCodes.h>
 #include <VxGUI/VxSearchBox.h>
 #include <common/CListStatus.h>
 #include <common/Prompt.h>
@@ -36,7 +37,6 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CPersonManagerCtrl)
 };
 
-constexpr const char* RightChangePersons = "002003001";
 constexpr int DeleteMenuHeight = 34;
 constexpr int SearchLimit = 30;
 constexpr int SearchMinimum = 160;
@@ -165,7 +165,7 @@ void CPersonManagerCtrl::SetUpToolBar()
 {
     const Common::Need connection = GetFrame()->NeedsConnection();
     const Common::Need right =
-        NeedsRight(RightChangePersons, Text::tr("You have no permission to change persons."));
+        NeedsRight(UserLogical::RightChangePersons, Text::tr("You have no permission to change persons."));
     const QVector<Common::Need> vecChecked{
         connection, right, GetFrame()->NeedsChecked(Text::tr("Please select at least one person."))};
     Common::CToolBar* const pBar = GetToolBar();
@@ -236,7 +236,7 @@ void CPersonManagerCtrl::SetUpPages()
 
 void CPersonManagerCtrl::ApplyRights()
 {
-    const bool bMayChange = HasRight(RightChangePersons);
+    const bool bMayChange = HasRight(UserLogical::RightChangePersons);
     m_pList->SetChangeable(bMayChange);
     m_pGroups->SetObstacle(bMayChange ? QString() : Text::tr("You have no permission to change persons."));
     CListPage::ApplyRights();

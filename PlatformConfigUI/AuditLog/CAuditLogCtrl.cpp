@@ -6,6 +6,7 @@
 #include "CAuditListView.h"
 
 #include <UICommonMdl/CNumberPageCtrl.h>
+#include <UserLogical/RightCodes.h>
 #include <common/CListStatus.h>
 #include <common/CTableModel.h>
 
@@ -20,8 +21,6 @@ struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(CAuditLogCtrl)
 };
-
-constexpr const char* RightExportAudit = "004003";
 
 } // namespace
 
@@ -61,7 +60,8 @@ void CAuditLogCtrl::SetUpToolBar()
     GetToolBar()->AddAction(
         {"btnExport", "export", Text::tr("Export"), [this] { m_pExport->Start(m_request); },
             {connection,
-                NeedsRight(RightExportAudit, Text::tr("You do not have the right to export the audit log.")),
+                NeedsRight(UserLogical::RightExportAuditLog,
+                    Text::tr("You do not have the right to export the audit log.")),
                 entries}});
     GetToolBar()->AddAction(
         {"btnRefresh", "refresh", Text::tr("Refresh"), [this] { QueryRows(); }, {connection}, Qt::Key_F5});

@@ -5,6 +5,7 @@
 #include "CRoleModel.h"
 
 #include <UICommonMdl/CErrorCode.h>
+#include <UserLogical/RightCodes.h>
 #include <VxGUI/VxSearchBox.h>
 #include <common/CFailureListDlg.h>
 #include <common/CListStatus.h>
@@ -22,7 +23,6 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(CRoleManagerCtrl)
 };
 
-constexpr const char* RightChangeRoles = "001002002";
 constexpr int SearchLimit = 50;
 constexpr int SearchWidth = 260;
 
@@ -52,8 +52,8 @@ CRoleManagerCtrl::CRoleManagerCtrl(UICommonMdl::CInterfaceSetManager* pInterface
 void CRoleManagerCtrl::SetUpToolBar()
 {
     const Common::Need connection = GetFrame()->NeedsConnection();
-    const Common::Need right =
-        NeedsRight(RightChangeRoles, Text::tr("You have no permission to add, change or delete roles."));
+    const Common::Need right = NeedsRight(
+        UserLogical::RightChangeRoles, Text::tr("You have no permission to add, change or delete roles."));
     GetToolBar()->AddAction({"btnAdd", "add", Text::tr("Add"), [this] { MakeDialog()->BeginAdd(); },
         {connection, right}, QKeySequence::New});
     GetToolBar()->AddAction(
@@ -70,7 +70,7 @@ void CRoleManagerCtrl::SetUpToolBar()
 
 void CRoleManagerCtrl::ApplyRights()
 {
-    m_pList->SetChangeable(HasRight(RightChangeRoles));
+    m_pList->SetChangeable(HasRight(UserLogical::RightChangeRoles));
     CListPage::ApplyRights();
 }
 

@@ -3,7 +3,8 @@
 #include "CRightsView.h"
 #include "ui_CRoleManagerEditDlg.h"
 
-#include <UICommonMdl/CErrorCode.h>
+#include <UICommonMdl/ErrorCodes.h>
+#include <UserLogical/RightCodes.h>
 #include <VxGUI/VxNotification.h>
 #include <common/Prompt.h>
 #include <common/StyleSheet.h>
@@ -47,7 +48,6 @@ CRoleManagerEditDlg::CRoleManagerEditDlg(UICommonMdl::CInterfaceSetManager* pInt
     m_pUi->lbConnection->Watch(m_session);
     SetUpFields();
     SetUpEditor();
-    connect(m_pUi->btnEdit, &QAbstractButton::clicked, this, [this] { BeginModify(m_sRoleId); });
     connect(m_pUi->btnOk, &QAbstractButton::clicked, this, &CRoleManagerEditDlg::accept);
     connect(m_pUi->btnCancel, &QAbstractButton::clicked, this, &CRoleManagerEditDlg::reject);
     connect(m_pUi->cmbCopyFrom, QOverload<int>::of(&QComboBox::activated), this,
@@ -77,6 +77,14 @@ void CRoleManagerEditDlg::SetUpFields()
 
 void CRoleManagerEditDlg::SetUpEditor()
 {
+    m_editor.SetForm({.pSave = m_pUi->btnOk, .pEdit = m_pUi->btnEdit, .vecInput = {m_pUi->pageForm}},
+        {.sAddTitle = Text::tr("Add Role"),
+            .sModifyTitle = Text::tr("Modify Role"),
+            .sDetailsTitle = Text::tr("Role Details"),
+            .sAddFailed = Text::tr("Failed to add role"),
+            .sModifyFailed = Text::tr("Failed to modify role"),
+            .sNoRight = Text::tr("You have no permission to add, change or delete roles.")},
+        UserLogical::RightChangeRoles);
     m_editor.SetNotice(m_pUi->wgtSaveNotice);
     m_editor.SetLoadView(m_pUi->stackRole, m_pUi->wgtRoleState, m_pUi->pageForm,
         {Text::tr("Loading role"), Text::tr("Failed to get role info."),
@@ -98,7 +106,7 @@ void CRoleManagerEditDlg::ShowRoles()
     pCombo->addItem(Text::tr("None"), QString());
     for (const Role_t& role : m_vecRoles) {
         const QString sId = QString::fromStdString(role.sRoleId);
-        if (sId != m_sRoleId)
+        if (sId != QString::fromStdString(m_editor.GetLoaded().sRoleId))
             pCombo->addItem(QString::fromStdString(role.sName), sId);
     }
     pCombo->setCurrentIndex(std::max(0, pCombo->findData(m_sCopyFrom)));
@@ -106,46 +114,43 @@ void CRoleManagerEditDlg::ShowRoles()
 
 void CRoleManagerEditDlg::BeginAdd()
 {
-    Begin(Purpose::Add, QString());
     m_editor.BeginNew({});
 }
 
 void CRoleManagerEditDlg::BeginModify(const QString& sRoleId)
 {
-    Begin(Purpose::Modify, sRoleId);
+    Load(Purpose::Modify, sRoleId);
 }
 
 void CRoleManagerEditDlg::BeginDetails(const QString& sRoleId, bool bMayEdit)
 {
-    m_bMayEdit = bMayEdit;
-    Begin(Purpose::Details, sRoleId);
+    Load(bMayEdit ? Purpose::Details : Purpose::ReadOnly, sRoleId);
 }
 
-void CRoleManagerEditDlg::Begin(Purpose purpose, const QString& sRoleId)
+void CRoleManagerEditDlg::Load(Purpose purpose, const QString& sRoleId)
 {
-    m_purpose = purpose;
-    m_sRoleId = sRoleId;
-    const bool bDetails = purpose == Purpose::Details;
-    m_editor.SetReadOnly(bDetails);
-    setWindowTitle(bDetails           ? Text::tr("Role Details")
-            : purpose == Purpose::Add ? Text::tr("Add Role")
-                                      : Text::tr("Modify Role"));
-    m_pUi->editRoleName->setReadOnly(bDetails);
-    m_pUi->editRemark->setReadOnly(bDetails);
-    m_pUi->lbCopyFrom->setVisible(!bDetails);
-    m_pUi->cmbCopyFrom->setVisible(!bDetails);
-    delete m_pRights;
-    m_pRights =
-        new CRightsView(m_pInterfaceSet, bDetails ? CRightsView::Mode::ReadOnly : CRightsView::Mode::Edit);
-    m_pUi->layPermissions->addWidget(m_pRights);
-    setTabOrder(bDetails ? static_cast<QWidget*>(m_pUi->editRemark) : m_pUi->cmbCopyFrom, m_pRights);
-    setTabOrder(m_pRights, m_pUi->btnEdit);
-    ShowRoles();
-    if (purpose == Purpose::Add)
-        return;
     Role_t key;
     key.sRoleId = sRoleId.toStdString();
-    m_editor.BeginLoad(key);
+    m_editor.BeginLoad(key, purpose);
+    ShowPurpose();
+}
+
+void CRoleManagerEditDlg::ShowPurpose()
+{
+    const bool bReadOnly = m_editor.IsReadOnly();
+    m_pUi->editRoleName->setReadOnly(bReadOnly);
+    m_pUi->editRemark->setReadOnly(bReadOnly);
+    m_pUi->lbCopyFrom->setVisible(!bReadOnly);
+    m_pUi->cmbCopyFrom->setVisible(!bReadOnly);
+    if (m_pRights && m_bRightsReadOnly == bReadOnly)
+        return;
+    m_bRightsReadOnly = bReadOnly;
+    delete m_pRights;
+    m_pRights =
+        new CRightsView(m_pInterfaceSet, bReadOnly ? CRightsView::Mode::ReadOnly : CRightsView::Mode::Edit);
+    m_pUi->layPermissions->addWidget(m_pRights);
+    setTabOrder(bReadOnly ? static_cast<QWidget*>(m_pUi->editRemark) : m_pUi->cmbCopyFrom, m_pRights);
+    setTabOrder(m_pRights, m_pUi->btnEdit);
 }
 
 void CRoleManagerEditDlg::Fetch(const Role_t& record, bool bNew)
@@ -189,6 +194,7 @@ bool CRoleManagerEditDlg::OnLoadFailed(int nErrorCode)
 
 void CRoleManagerEditDlg::ShowRecord(const Role_t& record)
 {
+    ShowPurpose();
     m_sCopyFrom.clear();
     ShowRoles();
     m_fields.Show(record);
@@ -275,19 +281,17 @@ void CRoleManagerEditDlg::OnSaved(const Role_t&)
     QDialog::accept();
 }
 
-void CRoleManagerEditDlg::ShowRefusal(int nErrorCode, const std::string& sDetail)
+bool CRoleManagerEditDlg::ShowRefusal(int nErrorCode, const std::string& sDetail)
 {
     if (nErrorCode == UICommonMdl::ErrorNameExists) {
         m_pUi->editRoleName->SetErrorHint(Text::tr("The role name already exists."));
         m_pUi->editRoleName->GetLineEdit()->setFocus();
-        return;
+        return true;
     }
-    QString sText = Common::FailureText(
-        m_editor.IsNew() ? Text::tr("Failed to add role") : Text::tr("Failed to modify role"), nErrorCode);
-    const QString sRight = m_pRights->GetRightName(QString::fromStdString(sDetail));
-    if (nErrorCode == UICommonMdl::ErrorRightNotOwn && !sRight.isEmpty())
-        sText += QStringLiteral(" (%1)").arg(sRight);
-    VxGUI::VxNotification::Show(this, sText);
+    if (nErrorCode != UICommonMdl::ErrorRightNotOwn)
+        return false;
+    m_editor.TellFailure(nErrorCode, m_pRights->GetRightName(QString::fromStdString(sDetail)));
+    return true;
 }
 
 void CRoleManagerEditDlg::CloseBecauseGone()
@@ -299,13 +303,9 @@ void CRoleManagerEditDlg::CloseBecauseGone()
 
 void CRoleManagerEditDlg::UpdateButtons()
 {
-    const bool bDetails = m_purpose == Purpose::Details;
-    m_pUi->btnEdit->setVisible(bDetails && m_bMayEdit);
-    m_pUi->btnEdit->setEnabled(m_editor.CanSave());
-    m_pUi->btnOk->setVisible(!bDetails);
+    // Its rights would not be those that the tree shows.
     m_pUi->btnOk->setEnabled(m_editor.CanSave() && !m_copyCalls.IsPending());
     m_pUi->cmbCopyFrom->setEnabled(m_editor.CanSave());
-    m_pUi->pageForm->setEnabled(!m_editor.IsSaving());
 }
 
 } // namespace PlatformConfigUI

@@ -46,15 +46,12 @@ Q_SIGNALS:
 private:
     using Role = UserLogical::Role_t;
     using Param = UserLogical::IUserManagerObserve::Param;
-    enum class Purpose
-    {
-        Add,
-        Modify,
-        Details
-    };
     void SetUpFields();
     void SetUpEditor();
-    void Begin(Purpose purpose, const QString& sRoleId);
+    using Purpose = Common::CEditorBase::Purpose;
+    void Load(Purpose purpose, const QString& sRoleId);
+    /// Makes the fields and the tree of rights ones to read or to change.
+    void ShowPurpose();
     void ShowRoles();
     void OnCopyChosen(int nIndex);
     void OnCopyInfo(const QString& sRoleId, const Param& param);
@@ -70,17 +67,15 @@ private:
     void Send(const Role& record, bool bNew) override;
     void Fetch(const Role& record, bool bNew) override;
     void OnSaved(const Role& record) override;
-    void ShowRefusal(int nErrorCode, const std::string& sDetail) override;
+    bool ShowRefusal(int nErrorCode, const std::string& sDetail) override;
     bool OnLoadFailed(int nErrorCode) override;
 
     UICommonMdl::CInterfaceSetManager* m_pInterfaceSet;
     std::unique_ptr<Ui::CRoleManagerEditDlg> m_pUi;
     CRightsView* m_pRights = nullptr;
-    Purpose m_purpose = Purpose::Add;
-    QString m_sRoleId;
+    bool m_bRightsReadOnly = false; ///< what m_pRights was made for
     QString m_sCopyFrom;
     std::vector<UserLogical::Role_t> m_vecRoles;
-    bool m_bMayEdit = false;
     Common::CSession m_session;
     Common::CCalls<UserLogical::IUserManagerObserve> m_calls; ///< the role itself
     Common::CCalls<UserLogical::IUserManagerObserve> m_copyCalls; ///< the role to copy from

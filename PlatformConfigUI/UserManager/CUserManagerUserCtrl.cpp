@@ -10,6 +10,7 @@
 
 #include <UICommonMdl/CErrorCode.h>
 #include <UICommonMdl/CNumberPageCtrl.h>
+#include <UserLogical/RightCodes.h>
 #include <VxGUI/VxSearchBox.h>
 #include <common/CFailureListDlg.h>
 #include <common/CListStatus.h>
@@ -59,7 +60,7 @@ void CUserManagerUserCtrl::SetUpToolBar()
 {
     const Common::Need connection = GetFrame()->NeedsConnection();
     const Common::Need right =
-        NeedsRight(RightManageUsers, Text::tr("You have no permission to change users."));
+        NeedsRight(UserLogical::RightChangeUsers, Text::tr("You have no permission to change users."));
     const Common::Need idle = [this] {
         return m_calls.IsPending<&IUserManager::DeleteUsers>() ? Text::tr("Users are being deleted.")
                                                                : QString();
@@ -107,7 +108,7 @@ void CUserManagerUserCtrl::OnRightsChanged()
 
 void CUserManagerUserCtrl::ApplyRights()
 {
-    m_pList->SetChangeable(HasRight(RightManageUsers));
+    m_pList->SetChangeable(HasRight(UserLogical::RightChangeUsers));
     CListPage::ApplyRights();
 }
 

@@ -5,8 +5,8 @@
 #include "ui_CUserManagerUserEditDlg.h"
 
 #include <UICommonMdl/CErrorCode.h>
+#include <UserLogical/RightCodes.h>
 #include <VxGUI/VxNotification.h>
-#include <common/Prompt.h>
 #include <common/StyleSheet.h>
 
 #include <algorithm>
@@ -37,12 +37,9 @@ CUserManagerUserEditDlg::CUserManagerUserEditDlg(
     setModal(true);
     m_pUi->lbConnection->Watch(m_session);
     m_pUi->tabUser->addTab(m_pPermission, Text::tr("Permissions"));
-    connect(m_pUi->btnEdit, &QAbstractButton::clicked, this, &CUserManagerUserEditDlg::OnEditClicked);
     connect(m_pUi->btnOk, &QAbstractButton::clicked, this, &CUserManagerUserEditDlg::accept);
     connect(m_pUi->btnCancel, &QAbstractButton::clicked, this, &CUserManagerUserEditDlg::reject);
     SetUpEditor();
-    connect(
-        &m_session, &Common::CSession::SignalRightsChanged, this, &CUserManagerUserEditDlg::UpdateButtons);
     Common::LoadStyleSheet(this, QStringLiteral("PlatformConfigUI/UserManagerUI"));
 }
 
@@ -53,45 +50,43 @@ void CUserManagerUserEditDlg::SetUpEditor()
     m_pUi->wgtBasicInfo->Describe(m_editor.Fields());
     m_editor.Fields().AddKeys(Text::tr("Roles"), &User_t::vecRoleIds,
         [this](const std::string& sId) { return m_pPermission->GetRoleNames({sId}); });
+    m_editor.SetForm({.pSave = m_pUi->btnOk, .pEdit = m_pUi->btnEdit, .vecInput = {m_pUi->tabUser}},
+        {.sAddTitle = Text::tr("Add User"),
+            .sModifyTitle = Text::tr("Modify User"),
+            .sDetailsTitle = Text::tr("User Details"),
+            .sAddFailed = Text::tr("Failed to add user."),
+            .sModifyFailed = Text::tr("Failed to modify user."),
+            .sNoRight = Text::tr("You have no permission to change users.")},
+        UserLogical::RightChangeUsers);
     m_editor.SetNotice(m_pUi->wgtSaveNotice);
     m_editor.SetLoadView(m_pUi->stackUser, m_pUi->wgtLoadState, m_pUi->tabUser,
         {Text::tr("Loading user"), Text::tr("Failed to get user info."),
             Text::tr("You have no permission to see users.")});
     m_editor.SetClose([this] { QDialog::reject(); });
-    connect(
-        &m_editor, &Common::CEditorBase::SignalStateChanged, this, &CUserManagerUserEditDlg::UpdateButtons);
+    connect(&m_editor, &Common::CEditorBase::SignalStateChanged, m_pUi->wgtLoadState,
+        [this] { m_pUi->wgtLoadState->setEnabled(m_session.IsConnected()); });
 }
 
 void CUserManagerUserEditDlg::BeginAdd()
 {
-    SetMode(Mode::Add);
     m_editor.BeginNew({});
 }
 
 void CUserManagerUserEditDlg::BeginModify(const QString& sUserName)
 {
-    SetMode(Mode::Modify);
-    Load(sUserName);
+    Load(Common::CEditorBase::Purpose::Modify, sUserName);
 }
 
 void CUserManagerUserEditDlg::BeginDetails(const QString& sUserName)
 {
-    SetMode(Mode::Details);
-    Load(sUserName);
+    Load(Common::CEditorBase::Purpose::Details, sUserName);
 }
 
-void CUserManagerUserEditDlg::SetMode(Mode mode)
-{
-    m_mode = mode;
-    m_editor.SetReadOnly(mode == Mode::Details);
-    UpdateButtons();
-}
-
-void CUserManagerUserEditDlg::Load(const QString& sUserName)
+void CUserManagerUserEditDlg::Load(Common::CEditorBase::Purpose purpose, const QString& sUserName)
 {
     User_t key;
     key.sUserName = sUserName.toStdString();
-    m_editor.BeginLoad(key);
+    m_editor.BeginLoad(key, purpose);
 }
 
 void CUserManagerUserEditDlg::Fetch(const User_t& record, bool)
@@ -106,12 +101,12 @@ void CUserManagerUserEditDlg::Fetch(const User_t& record, bool)
 void CUserManagerUserEditDlg::ShowRecord(const User_t& record)
 {
     using Form = CUserBasicInfoWidget::Mode;
-    const bool bDetails = m_mode == Mode::Details;
+    const bool bDetails = m_editor.IsReadOnly();
     setProperty("details", bDetails);
     m_pUi->wgtBasicInfo->ShowUser(record,
-        m_mode == Mode::Add ? Form::Add
-            : bDetails      ? Form::Details
-                            : Form::Modify);
+        m_editor.IsNew() ? Form::Add
+            : bDetails   ? Form::Details
+                         : Form::Modify);
     if (bDetails)
         m_pPermission->ShowUser(QString::fromStdString(record.sUserName));
     else
@@ -156,9 +151,9 @@ bool CUserManagerUserEditDlg::CheckInput()
 
 void CUserManagerUserEditDlg::accept()
 {
-    if (m_mode == Mode::Modify && m_editor.CanSave() && !m_editor.IsDirty())
+    if (!m_editor.IsNew() && m_editor.CanSave() && !m_editor.IsDirty())
         QDialog::accept();
-    else if (m_session.HasRight(RightManageUsers))
+    else
         m_editor.Save();
 }
 
@@ -180,55 +175,29 @@ void CUserManagerUserEditDlg::Send(const User_t& record, bool bNew)
 
 void CUserManagerUserEditDlg::OnSaved(const User_t&)
 {
-    Q_EMIT SignalSaved(m_mode == Mode::Add);
+    Q_EMIT SignalSaved(m_editor.IsNew());
     QDialog::accept();
 }
 
-void CUserManagerUserEditDlg::ShowRefusal(int nErrorCode, const std::string& sDetail)
+bool CUserManagerUserEditDlg::ShowRefusal(int nErrorCode, const std::string& sDetail)
 {
     const QString sError = UICommonMdl::CErrorCode::GetErroCodeInfor(nErrorCode);
     switch (nErrorCode) {
     case UICommonMdl::ErrorNameExists:
         m_pUi->tabUser->setCurrentWidget(m_pUi->pageBasicInfo);
         m_pUi->wgtBasicInfo->ShowUserNameExists(sError);
-        return;
+        return true;
     case UICommonMdl::ErrorPasswordRule:
         m_pUi->tabUser->setCurrentWidget(m_pUi->pageBasicInfo);
         m_pUi->wgtBasicInfo->ShowPasswordRefused(sError);
-        return;
+        return true;
+    case UICommonMdl::ErrorInvalidInput:
+    case UICommonMdl::ErrorRightNotOwn:
+        m_editor.TellFailure(nErrorCode, QString::fromStdString(sDetail));
+        return true;
+    default:
+        return false;
     }
-    QString sText = Common::FailureText(
-        m_mode == Mode::Add ? Text::tr("Failed to add user.") : Text::tr("Failed to modify user."),
-        nErrorCode);
-    const bool bNamed =
-        nErrorCode == UICommonMdl::ErrorInvalidInput || nErrorCode == UICommonMdl::ErrorRightNotOwn;
-    if (bNamed && !sDetail.empty())
-        sText += QStringLiteral(" (%1)").arg(QString::fromStdString(sDetail));
-    VxGUI::VxNotification::Show(this, sText);
-}
-
-void CUserManagerUserEditDlg::OnEditClicked()
-{
-    SetMode(Mode::Modify);
-    m_editor.BeginEdit(User_t(m_editor.GetLoaded()));
-}
-
-void CUserManagerUserEditDlg::UpdateButtons()
-{
-    const bool bDetails = m_mode == Mode::Details;
-    setWindowTitle(m_mode == Mode::Add ? Text::tr("Add User")
-            : bDetails                 ? Text::tr("User Details")
-                                       : Text::tr("Modify User"));
-    const bool bChangeable = m_session.HasRight(RightManageUsers);
-    const QString sNoRight = bChangeable ? QString() : Text::tr("You have no permission to change users.");
-    m_pUi->btnEdit->setVisible(bDetails);
-    m_pUi->btnOk->setVisible(!bDetails);
-    m_pUi->btnEdit->setEnabled(m_editor.CanSave() && bChangeable);
-    m_pUi->btnOk->setEnabled(m_editor.CanSave() && bChangeable);
-    m_pUi->tabUser->setEnabled(!m_editor.IsSaving());
-    m_pUi->wgtLoadState->setEnabled(m_session.IsConnected());
-    m_pUi->btnEdit->setToolTip(sNoRight);
-    m_pUi->btnOk->setToolTip(sNoRight);
 }
 
 } // namespace PlatformConfigUI

@@ -32,9 +32,6 @@ public:
     /// Read-only, until the operator chooses to edit.
     void BeginDetails(const QString& sUserName);
 
-    /// Something was entered and is not saved.
-    bool IsDirty() const { return m_editor.IsDirty(); }
-
     void accept() override;
     void reject() override;
 
@@ -45,17 +42,8 @@ Q_SIGNALS:
 private:
     using User = UserLogical::User_t;
     using Param = UserLogical::IUserManagerObserve::Param;
-    enum class Mode
-    {
-        Add,
-        Modify,
-        Details
-    };
     void SetUpEditor();
-    void Load(const QString& sUserName);
-    void SetMode(Mode mode);
-    void OnEditClicked();
-    void UpdateButtons();
+    void Load(Common::CEditorBase::Purpose purpose, const QString& sUserName);
 
     void ShowRecord(const User& record) override;
     User GetEdited() const override;
@@ -63,11 +51,10 @@ private:
     void Send(const User& record, bool bNew) override;
     void Fetch(const User& record, bool bNew) override;
     void OnSaved(const User& record) override;
-    void ShowRefusal(int nErrorCode, const std::string& sDetail) override;
+    bool ShowRefusal(int nErrorCode, const std::string& sDetail) override;
 
     std::unique_ptr<Ui::CUserManagerUserEditDlg> m_pUi;
     CUserDetailPermission* m_pPermission;
-    Mode m_mode = Mode::Add;
     Common::CSession m_session;
     Common::CCalls<UserLogical::IUserManagerObserve> m_calls;
     Common::CEditor<User> m_editor;

@@ -10,8 +10,6 @@
 namespace PlatformConfigUI {
 
 inline constexpr int DefaultPasswordDays = 90;
-/// Right code of changing accounts; seeing them needs less.
-inline constexpr const char* RightManageUsers = "001002001";
 
 /// The first thing that is wrong with the addresses that an account is bound to; empty: nothing.
 QString CheckMacAddresses(const std::vector<std::string>& vecAddresses, bool bBound);

@@ -5,6 +5,7 @@
 
 #include <Trv/QSkin.h>
 #include <UICommonMdl/CErrorCode.h>
+#include <UserLogical/RightCodes.h>
 #include <VxGUI/RequiredMark.h>
 #include <common/CFailureListDlg.h>
 #include <common/Prompt.h>
@@ -127,6 +128,13 @@ void CDevAdd::SetUpButtons()
 void CDevAdd::SetUpEditor()
 {
     Describe(m_editor.Fields());
+    m_editor.SetForm({.pSave = m_pUi->btnFinish, .pTitle = m_pUi->lbDevAddTitle},
+        {.sAddTitle = Text::tr("Add Device"),
+            .sModifyTitle = Text::tr("Edit Device"),
+            .sAddFailed = Text::tr("Failed to add device"),
+            .sModifyFailed = Text::tr("Failed to modify device"),
+            .sNoRight = Text::tr("You have no permission to change devices.")},
+        UserLogical::RightChangeDevices);
     m_editor.SetNotice(m_pUi->wgtSaveNotice);
     m_editor.SetLoadView(m_pUi->stackDevAdd, m_pUi->wgtDevAddState, m_pUi->pageLoginInformation,
         {Text::tr("Loading"), Text::tr("Failed to get device info"),
@@ -198,7 +206,7 @@ QString CDevAdd::CheckAddress() const
     if (GetModeFields(FormFields::GetCode(m_pUi->cmbRegister)).bSerialNumber)
         return CheckField(DeviceField::SerialNumber, sText);
     // A device that has another kind of address keeps it.
-    if (m_bEdit && !sText.isEmpty() && sText.toStdString() == m_editor.GetLoaded().sIp)
+    if (!m_editor.IsNew() && !sText.isEmpty() && sText.toStdString() == m_editor.GetLoaded().sIp)
         return {};
     return CheckField(DeviceField::Ip, sText);
 }
@@ -227,7 +235,8 @@ bool CDevAdd::CheckLogin()
     check(mode.bPort, m_pUi->editDevPort, DeviceField::Port);
     check(true, m_pUi->editUserName, DeviceField::UserName);
     // An empty password leaves that of the device as it is.
-    check(!m_bEdit || !m_pUi->editPassWord->text().isEmpty(), m_pUi->editPassWord, DeviceField::Password);
+    check(m_editor.IsNew() || !m_pUi->editPassWord->text().isEmpty(), m_pUi->editPassWord,
+        DeviceField::Password);
     if (pFirst)
         pFirst->setFocus();
     return !pFirst;
@@ -274,7 +283,7 @@ void CDevAdd::ShowSegmentFailures()
     const int nAdded = GetSentSize() - int(m_vecFailed.size());
     Common::ShowFailures(this,
         nAdded > 0 ? Text::tr("%1 of %2 devices were added.").arg(nAdded).arg(GetSentSize())
-                   : FailurePrefix(),
+                   : Text::tr("Failed to add device"),
         vecFailures);
 }
 
@@ -298,11 +307,11 @@ QWidget* CDevAdd::FindField(const std::string& sErrorDetail) const
     return nullptr;
 }
 
-void CDevAdd::ShowRefusal(int nErrorCode, const std::string& sDetail)
+bool CDevAdd::ShowRefusal(int nErrorCode, const std::string& sDetail)
 {
     if (IsSegment() && !m_vecFailed.empty()) {
         ShowSegmentFailures();
-        return;
+        return true;
     }
     QWidget* pField = FindField(sDetail);
     auto* pEdit = qobject_cast<VxGUI::VxLineEdit*>(pField);
@@ -311,15 +320,10 @@ void CDevAdd::ShowRefusal(int nErrorCode, const std::string& sDetail)
                                                                    : m_pUi->pageDeviceInformation);
         pField->setFocus();
     }
-    if (pEdit)
-        pEdit->SetErrorHint(UICommonMdl::CErrorCode::GetErroCodeInfor(nErrorCode));
-    else
-        Q_EMIT SignalShowNotify(Common::FailureText(FailurePrefix(), nErrorCode));
-}
-
-QString CDevAdd::FailurePrefix() const
-{
-    return m_bEdit ? Text::tr("Failed to modify device") : Text::tr("Failed to add device");
+    if (!pEdit)
+        return false;
+    pEdit->SetErrorHint(UICommonMdl::CErrorCode::GetErroCodeInfor(nErrorCode));
+    return true;
 }
 
 void CDevAdd::UpdateState()
@@ -327,9 +331,10 @@ void CDevAdd::UpdateState()
     const bool bConnected = m_session.IsConnected();
     if (!m_editor.IsLoaded() && m_pUi->stackDevAdd->currentWidget() == m_pUi->wgtDevAddState)
         ShowStep(m_pUi->wgtDevAddState);
-    m_pUi->stackDevAdd->setEnabled(bConnected && !m_editor.IsSaving());
-    for (QPushButton* const pButton : {m_pUi->btnNext, m_pUi->btnPrevious, m_pUi->btnFinish})
-        pButton->setEnabled(bConnected && !m_editor.IsSaving());
+    const bool bUsable = bConnected && !m_editor.IsUnsettled();
+    m_pUi->stackDevAdd->setEnabled(bUsable);
+    m_pUi->btnNext->setEnabled(bUsable);
+    m_pUi->btnPrevious->setEnabled(bUsable);
     m_pUi->btnChoicesAgain->setEnabled(bConnected);
 }
 

@@ -73,8 +73,9 @@ private:
     void FillDirections();
 
     // The form and its record.
-    void Start(bool bEdit, const std::vector<GroupLogical::Organization_t>& vecOrganizations,
-        const QString& sOrgCode);
+    void Start(const std::vector<GroupLogical::Organization_t>& vecOrganizations, const QString& sOrgCode);
+    /// What a new device needs is not what one that is edited needs.
+    void ShowPurpose();
     void ShowRecord(const Device& record) override;
     void ShowTexts(const Device& device);
     void ShowCounts(const Device& device);
@@ -109,17 +110,15 @@ private:
     void OnSaved(const Device& record) override;
     /// The field that a refusal names; null when it is not shown now.
     QWidget* FindField(const std::string& sErrorDetail) const;
-    void ShowRefusal(int nErrorCode, const std::string& sDetail) override;
+    bool ShowRefusal(int nErrorCode, const std::string& sDetail) override;
     std::pair<int, std::string> GetTaken() const override;
     bool IsSegment() const { return m_editor.GetSent().nAddMode == GroupLogical::AddBySegment; }
     /// Addresses of the segment that was sent.
     int GetSentSize() const;
     void ShowSegmentFailures();
     void UpdateState();
-    QString FailurePrefix() const;
 
     std::unique_ptr<Ui::CDevAdd> m_pUi;
-    bool m_bEdit = false;
     std::vector<GroupLogical::FailedItem_t> m_vecFailed; ///< addresses of the segment that was saved
     bool m_bDictionary = false; ///< the dictionary is there
     RemoteConfigLogical::Dictionary_t m_dictionary;

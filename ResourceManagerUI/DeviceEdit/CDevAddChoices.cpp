@@ -69,7 +69,7 @@ void CDevAdd::OnDictionary(const SystemParam& param)
             Common::FailureText(Text::tr("Failed to query dictionary."), param.nErrorCode));
         return;
     }
-    const bool bDirty = IsDirty();
+    const bool bDirty = m_editor.IsDirty();
     m_bDictionary = true;
     m_dictionary = param.dictionary;
     FillChoices();
@@ -151,7 +151,7 @@ void CDevAdd::FillModes()
     const QSignalBlocker blocker(m_pUi->cmbRegister);
     m_pUi->cmbRegister->clear();
     for (const auto& [nMode, sText] : modes) {
-        if (!m_bEdit || nMode != AddBySegment)
+        if (m_editor.IsNew() || nMode != AddBySegment)
             FormFields::AddChoice(m_pUi->cmbRegister, sText, nMode);
     }
 }

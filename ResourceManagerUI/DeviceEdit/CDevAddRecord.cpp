@@ -36,7 +36,7 @@ void ShowRow(QWidget* pLabel, QWidget* pField, bool bShown)
 void CDevAdd::StartAdd(
     const std::vector<GroupLogical::Organization_t>& vecOrganizations, const QString& sOrgCode)
 {
-    Start(false, vecOrganizations, sOrgCode);
+    Start(vecOrganizations, sOrgCode);
     Device device;
     device.nAddMode = GroupLogical::AddByIp;
     device.sUserName = DefaultUserName;
@@ -48,7 +48,7 @@ void CDevAdd::StartAdd(
 void CDevAdd::StartEdit(
     const QString& sDeviceId, const std::vector<GroupLogical::Organization_t>& vecOrganizations)
 {
-    Start(true, vecOrganizations, {});
+    Start(vecOrganizations, {});
     QueryChoices();
     Device key;
     key.sDeviceId = sDeviceId.toStdString();
@@ -56,24 +56,25 @@ void CDevAdd::StartEdit(
 }
 
 void CDevAdd::Start(
-    bool bEdit, const std::vector<GroupLogical::Organization_t>& vecOrganizations, const QString& sOrgCode)
+    const std::vector<GroupLogical::Organization_t>& vecOrganizations, const QString& sOrgCode)
 {
-    m_bEdit = bEdit;
-    // An empty password leaves that of the device as it is.
-    m_pUi->editPassWord->SetRequiredNow(!bEdit);
     m_groupCalls.ForgetAll();
-    const QString sTitle = bEdit ? Text::tr("Edit Device") : Text::tr("Add Device");
-    m_pUi->lbDevAddTitle->setText(sTitle);
-    setWindowTitle(sTitle);
-    const QString sKept = bEdit ? Text::tr("Leave empty to keep the present one") : QString();
+    FormFields::FillOrganizations(m_pUi->cmbGroupName, vecOrganizations, sOrgCode);
+}
+
+void CDevAdd::ShowPurpose()
+{
+    // An empty password leaves that of the device as it is.
+    m_pUi->editPassWord->SetRequiredNow(m_editor.IsNew());
+    const QString sKept = m_editor.IsNew() ? QString() : Text::tr("Leave empty to keep the present one");
     m_pUi->editPassWord->setPlaceholderText(sKept);
     m_pUi->editSipPassword->setPlaceholderText(sKept);
     FillModes();
-    FormFields::FillOrganizations(m_pUi->cmbGroupName, vecOrganizations, sOrgCode);
 }
 
 void CDevAdd::ShowRecord(const Device& record)
 {
+    ShowPurpose();
     QComboBox* const combos[] = {m_pUi->cmbRegister, m_pUi->cmbProtocal, m_pUi->cmbDevCategory,
         m_pUi->cmbDeviceType, m_pUi->cmbSeries};
     for (QComboBox* pCombo : combos)

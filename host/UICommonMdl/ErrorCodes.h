@@ -95,4 +95,11 @@ enum ErrorCode : int
     ErrorPhoto = 161, ///< no JPEG picture, damaged, or too large
 };
 
+/// After an answer of that code the server may have done what was asked all the same.
+constexpr bool IsOutcomeUnknown(int nErrorCode)
+{
+    return nErrorCode == ErrorTimeOut || nErrorCode == ErrorDisconnected || nErrorCode == ErrorBadAnswer
+        || nErrorCode == ErrorCancelled;
+}
+
 } // namespace UICommonMdl

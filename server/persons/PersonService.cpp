@@ -239,6 +239,10 @@ void PersonService::IssueCards(const Context& context, const wire::IssueCardsReq
             const std::string sCardNo = PersonRules::UpperCase(card.sCardNo);
             if (!PersonRules::IsCardNo(sCardNo))
                 throw ServiceError(UICommonMdl::ErrorInvalidInput, "sCardNo");
+            // Whose answer was lost asks again: what the person has already is not in its way.
+            const auto hasNo = [&](const Card_t& card) { return card.sCardNo == sCardNo; };
+            if (std::any_of(optBefore->vecCards.begin(), optBefore->vecCards.end(), hasNo))
+                continue;
             // Numbers that stand twice in the batch clash with the first one, which is in by then.
             if (database
                     .Run(QStringLiteral("SELECT 1 FROM person_card WHERE card_no = ?"), {TextValue(sCardNo)})

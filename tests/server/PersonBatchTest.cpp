@@ -126,7 +126,7 @@ TEST_P(PersonBatchTest, CardsAreIssuedAllOrNone)
 {
     using C = PersonClash_t;
     const Reply clash =
-        pClient->Call<wire::IssueCards>({{{"200", "bb"}, {"30", "aa"}, {"111222333444", "BB"}}, 0, 0});
+        pClient->Call<wire::IssueCards>({{{"200", "bb"}, {"200", "aa"}, {"111222333444", "BB"}}, 0, 0});
     EXPECT_EQ(clash.nCode, ErrorPersonDuplicate);
     EXPECT_THAT(
         wire::ClashesOf(clash.sDetail), testing::ElementsAre(C{ClashCardNo, "AA"}, C{ClashCardNo, "BB"}));
@@ -134,6 +134,9 @@ TEST_P(PersonBatchTest, CardsAreIssuedAllOrNone)
     pClient->Get<wire::IssueCards>({{{"200", "bb"}, {"30", "cc"}}, 1700000000, 1800000000});
     EXPECT_THAT(Detail("30").vecCards, testing::ElementsAre(Card_t{"AA"}, Card_t{"CC"}));
     EXPECT_EQ(Detail("200").nValidTo, 1800000000);
+    pClient->Get<wire::IssueCards>({{{"200", "BB"}, {"30", "dd"}}, 0, 0});
+    EXPECT_THAT(Detail("200").vecCards, testing::ElementsAre(Card_t{"BB"})) << "it has it already";
+    EXPECT_EQ(Detail("30").vecCards.size(), 3U);
     const std::pair<wire::IssueCardsRequest, int> refused[] = {{{{{"200", "xy"}}, 0, 0}, ErrorInvalidInput},
         {{{{"200", ""}}, 0, 0}, ErrorInvalidInput}, {{{{"201", "dd"}}, 0, 0}, ErrorNotFound},
         {{{{"200", "dd"}}, 5, 4}, ErrorInvalidInput}, {{{}, 0, 0}, ErrorInvalidInput}};

@@ -72,7 +72,11 @@ public:
     void Send(const Note_t& record, bool) override { m_vecSent.push_back(record); }
     void Fetch(const Note_t&, bool) override { ++m_nFetches; }
     void OnSaved(const Note_t& record) override { m_vecSaved.push_back(record); }
-    void ShowRefusal(int nErrorCode, const std::string&) override { m_vecRefusals.push_back(nErrorCode); }
+    bool ShowRefusal(int nErrorCode, const std::string&) override
+    {
+        m_vecRefusals.push_back(nErrorCode);
+        return true;
+    }
 
     QString Notice() const { return m_pNotice->findChild<QLabel*>()->text(); }
 
@@ -349,8 +353,9 @@ TEST_F(Editor, LeavingAsksForInputOnlyAndEndsIt)
     EXPECT_TRUE(Common::CInputGuard::LeaveBelow(&m_form));
     EXPECT_EQ(m_form.m_nClosed, 1);
     EXPECT_TRUE(Common::CInputGuard::LeaveBelow(&m_form)) << "it was given up";
-    Edit().BeginEdit(Loaded());
-    Edit().SetReadOnly(true);
+    Edit().BeginLoad(Loaded(), Common::CEditorBase::Purpose::Details);
+    const Note_t loaded = Loaded();
+    Fetched(ErrorNone, &loaded);
     m_form.m_pRemark->setText(QStringLiteral("new"));
     EXPECT_TRUE(Edit().Leave()) << "what is only shown is not lost";
 }
