@@ -106,7 +106,7 @@ public:
 protected:
     void LookUp() override
     {
-        SetState(State::LookingUp);
+        SetState(State::LookingUp, m_refusal.first);
         m_form.Fetch(m_sent, IsNew());
     }
     void GoOnToModify() override { BeginEdit(R(m_loaded)); }
@@ -134,6 +134,7 @@ private:
     {
         const R edited = m_form.GetEdited();
         m_sent = m_optTheirs ? m_fields.Merge(m_baseline, edited, *m_optTheirs) : edited;
+        m_optTheirs.reset();
         SetState(State::Saving);
         m_form.Send(m_sent, IsNew());
     }
@@ -149,8 +150,6 @@ private:
     }
     void Tell(int nErrorCode, const std::string& sDetail)
     {
-        // The form shows its own values: over whose they are saved is decided anew.
-        m_optTheirs.reset();
         WhenSeen([this, nErrorCode, sDetail] {
             if (!m_form.ShowRefusal(nErrorCode, sDetail))
                 TellFailure(nErrorCode);
@@ -170,7 +169,9 @@ private:
         if (LookAgain())
             return;
         SetNotSaved();
-        Tell(m_refusal.first, m_refusal.second);
+        // Why there was no answer is over by now.
+        if (!UICommonMdl::IsOutcomeUnknown(m_refusal.first))
+            Tell(m_refusal.first, m_refusal.second);
     }
     void OnFound(const R& found)
     {

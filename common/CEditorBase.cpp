@@ -219,7 +219,9 @@ void CEditorBase::ShowNotice(int nErrorCode)
         m_pNotice->SetText(Text::tr("Saving..."));
         break;
     case State::LookingUp:
-        m_pNotice->SetText(sUnknown + QLatin1Char(' ') + Text::tr("Checking..."));
+        m_pNotice->SetText(nErrorCode == UICommonMdl::ErrorVersionConflict
+                ? Text::tr("Somebody else has changed this meanwhile. Comparing...")
+                : sUnknown + QLatin1Char(' ') + Text::tr("Checking..."));
         break;
     case State::Unknown:
         if (m_session.IsConnected())

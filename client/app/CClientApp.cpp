@@ -77,7 +77,7 @@ bool CClientApp::Start()
         &CClientApp::OnSessionEnded);
     m_pSignIn = std::make_unique<CSignInDlg>(*m_pClient);
     connect(m_pSignIn.get(), &QDialog::accepted, this, &CClientApp::OnSignedIn);
-    connect(m_pSignIn.get(), &QDialog::rejected, qApp, &QApplication::quit);
+    connect(m_pSignIn.get(), &QDialog::rejected, this, &CClientApp::OnSignInGivenUp, Qt::QueuedConnection);
     if (!m_options.sScreenshotDir.isEmpty())
         m_pTour = std::make_unique<CScreenshotTour>(*m_pClient, *m_pSignIn, m_options.sScreenshotDir);
 
@@ -173,9 +173,23 @@ void CClientApp::OnSignedIn()
         m_pWindow->OnRightsChanged();
         return;
     }
+    // What the one before has entered is lost with his window.
+    if (m_pWindow && !m_pWindow->MayLeave()) {
+        m_pClient->SignOut();
+        OnSessionEnded();
+        return;
+    }
     CloseWindow();
     m_sWindowUser = sUser;
     OpenWindow();
+}
+
+void CClientApp::OnSignInGivenUp()
+{
+    if (!m_pWindow || m_pWindow->MayLeave())
+        QApplication::quit();
+    else
+        OnSessionEnded();
 }
 
 void CClientApp::OpenWindow()

@@ -41,6 +41,7 @@ private:
     void OnServerFailed(const QString& sReason);
     void AskForSignIn();
     void OnSignedIn();
+    void OnSignInGivenUp();
     void OnSessionEnded();
     void OnSignOut();
     void OpenWindow();

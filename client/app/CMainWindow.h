@@ -34,6 +34,8 @@ public:
     /// Shows the page of the entry with that name; false when the user may not open it.
     bool OpenEntry(const std::string& sName);
     QWidget* GetShownPage() const;
+    /// Asks every page that holds input; true when nothing keeps the user.
+    bool MayLeave();
     bool HasOpenPages() const { return !m_hashPages.isEmpty(); }
 
 Q_SIGNALS:
@@ -51,8 +53,6 @@ protected:
     void closeEvent(QCloseEvent* pEvent) override;
 
 private:
-    /// Asks every page that holds input; true when nothing keeps the user.
-    bool MayLeave();
     void BuildHome();
     void OpenWidget(VxPluginAPI::IAbstractWidget* pEntry);
     void OnConnectionChanged(bool bConnected);

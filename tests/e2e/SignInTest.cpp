@@ -12,6 +12,7 @@
 #include <server/services/RightsService.h>
 
 #include <QLabel>
+#include <QMenu>
 #include <QPluginLoader>
 #include <QToolButton>
 
@@ -237,6 +238,43 @@ TEST_F(MainWindow, EveryEntryOpensItsPageAndHomeLeadsBack)
         ASSERT_TRUE(pEntry) << right.sWidgetName;
         EXPECT_EQ(pEntry->GetWidgetRight(), right.sCode) << right.sWidgetName;
     }
+}
+
+TEST_F(MainWindow, EveryWayOutAsksTheFormThatHoldsInput)
+{
+    Open("system");
+    m_pDriver->Click(QStringLiteral("BasicInfoManagerUI"));
+    m_pClient->WaitIdle();
+    PageDriver::WaitFor([&] { return m_pDriver->IsUsable(QStringLiteral("m_btnAdd")); });
+    m_pDriver->Click(QStringLiteral("m_btnAdd"));
+    m_pDriver->Type(QStringLiteral("m_pEditName"), QStringLiteral("Ada"));
+    QStringList listLeft;
+    QObject::connect(m_pWindow.get(), &ClientApp::CMainWindow::SignalSwitchSkin, m_pWindow.get(),
+        [&] { listLeft << QStringLiteral("look"); });
+    QObject::connect(m_pWindow.get(), &ClientApp::CMainWindow::SignalSignOut, m_pWindow.get(),
+        [&] { listLeft << QStringLiteral("sign out"); });
+    const std::function<void()> ways[] = {[&] { m_pDriver->Click(QStringLiteral("btnHome")); },
+        [&] { m_pDriver->Key(QStringLiteral("m_pEditName"), Qt::Key_Home, Qt::AltModifier); },
+        [&] { m_pDriver->Click(QStringLiteral("btnSkin")); },
+        [&] {
+            m_pWindow->findChild<QToolButton*>(QStringLiteral("btnUser"))
+                ->menu()
+                ->actions()
+                .last()
+                ->trigger();
+        },
+        [&] { m_pWindow->close(); }};
+    RecordingDialogService dialogs;
+    for (const auto& leave : ways) {
+        dialogs.AnswerNext(false);
+        leave();
+    }
+    EXPECT_EQ(dialogs.Shown().size(), int(std::size(ways)));
+    EXPECT_TRUE(listLeft.isEmpty());
+    EXPECT_TRUE(m_pDriver->IsShown(QStringLiteral("m_pEditName")));
+    dialogs.AnswerNext(true);
+    m_pWindow->close();
+    EXPECT_FALSE(m_pWindow->isVisible());
 }
 
 TEST_F(MainWindow, ALostConnectionIsShownUntilItIsBack)
