@@ -8,6 +8,7 @@
 #include <UICommonMdl/CNumberPageCtrl.h>
 
 #include <QCoreApplication>
+#include <QScopedValueRollback>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -50,7 +51,10 @@ CListPage::CListPage(
 
     m_pQueryTimer->setSingleShot(true);
     m_pQueryTimer->setInterval(PushDelayMs);
-    connect(m_pQueryTimer, &QTimer::timeout, this, [this] { QueryStale(); });
+    connect(m_pQueryTimer, &QTimer::timeout, this, [this] {
+        const QScopedValueRollback<bool> stale(m_bStale, true);
+        QueryStale();
+    });
     connect(m_pFrame, &CListFrame::SignalPageWanted, this, &CListPage::QueryRows);
     connect(m_pFrame, &CListFrame::SignalStateAction, this, [this] {
         if (m_pFrame->GetState()->GetKind() == VxGUI::VxEmptyState::Kind::Empty) {
@@ -75,6 +79,7 @@ void CListPage::QueryRows()
 {
     if (m_pFrame->GetList()->GetTable()->rowCount() == 0)
         m_pFrame->ShowState(VxGUI::VxEmptyState::Kind::Loading, m_texts.sLoading);
+    m_bByPush = m_bStale;
     Query();
 }
 
@@ -94,7 +99,8 @@ void CListPage::ShowAnswer(int nErrorCode, int nTotal, int nPage, const std::fun
 {
     if (nErrorCode != UICommonMdl::ErrorNone)
         NotifyFailure(m_texts.sFailed, nErrorCode);
-    if (!IsUnheard(nErrorCode) || m_pFrame->GetList()->GetTable()->rowCount() == 0) {
+    const bool bKept = IsUnheard(nErrorCode) || (m_bByPush && UICommonMdl::IsOutcomeUnknown(nErrorCode));
+    if (!bKept || m_pFrame->GetList()->GetTable()->rowCount() == 0) {
         show();
         m_pFrame->SetTotal(nTotal, nPage);
         ShowListState(nErrorCode);

@@ -79,6 +79,8 @@ private:
     QStackedWidget* m_pPages;
     CListFrame* m_pFrame;
     QTimer* m_pQueryTimer;
+    bool m_bStale = false; ///< within QueryStale
+    bool m_bByPush = false; ///< the last query was made for a push, and not for the user
 };
 
 } // namespace Common

@@ -7,6 +7,8 @@ namespace Common {
 
 namespace {
 
+constexpr int NameWidth = 240; // pixels
+
 int WidthAt(const ColumnNeed& need, int nLevel)
 {
     if (!need.bGivesWay)
@@ -39,7 +41,10 @@ int FindLevel(const std::vector<ColumnNeed>& vecNeeds, int nRoom)
 
 std::vector<int> FitColumns(const std::vector<ColumnNeed>& vecNeeds, int nRoom)
 {
-    const int nLevel = FindLevel(vecNeeds, nRoom);
+    int nLevel = FindLevel(vecNeeds, nRoom);
+    // With a scroll bar there is room for names; only remarks and the like are still cut.
+    if (SumAt(vecNeeds, nLevel) > nRoom)
+        nLevel = NameWidth;
     std::vector<int> vecWidths;
     vecWidths.reserve(vecNeeds.size());
     for (const ColumnNeed& need : vecNeeds)

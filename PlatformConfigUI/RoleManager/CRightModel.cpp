@@ -223,7 +223,9 @@ Qt::CheckState CRightModel::GetCheck(const Node& node) const
 {
     if (node.nGiven == 0)
         return Qt::Unchecked;
-    return node.nGiven == node.nOffered ? Qt::Checked : Qt::PartiallyChecked;
+    // A part of it is one that is ticked below; what is given by itself is given.
+    const bool bAlone = node.bGiven && node.nGiven == 1;
+    return bAlone || node.nGiven == node.nOffered ? Qt::Checked : Qt::PartiallyChecked;
 }
 
 QVariant CRightModel::data(const QModelIndex& index, int nRole) const
@@ -264,6 +266,11 @@ bool CRightModel::setData(const QModelIndex& index, const QVariant& vValue, int 
             ++nDelta;
         }
         parent.nGiven += nDelta;
+        // A heading at the top opens nothing: it goes with the last right below it.
+        if (!bGiven && parent.nParent < 0 && parent.bGiven && parent.nGiven == 1) {
+            parent.bGiven = false;
+            parent.nGiven = 0;
+        }
         Q_EMIT dataChanged(IndexOf(nParent), IndexOf(nParent), {Qt::CheckStateRole});
     }
     Q_EMIT dataChanged(index, index, {Qt::CheckStateRole});

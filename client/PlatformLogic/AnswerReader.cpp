@@ -13,6 +13,8 @@ namespace {
 // less would move the whole list.
 constexpr double Margin = 1.1;
 constexpr double UnknownWhole = 2;
+// What the sender says of the length may be wrong: beyond so many bytes the list grows as it comes.
+constexpr std::size_t LongestWhole = 268435456;
 
 std::string Quote(const char* pszName)
 {
@@ -65,7 +67,8 @@ void AnswerReader::Take(char c)
 void AnswerReader::CutList()
 {
     m_sText += "]}}";
-    const double dWhole = static_cast<double>(m_nWhole) / static_cast<double>(m_nRead);
+    const double dWhole =
+        static_cast<double>(std::min(m_nWhole, LongestWhole)) / static_cast<double>(m_nRead);
     ReadText(m_nWhole > 0 ? std::max(dWhole * Margin, 1.0) : UnknownWhole);
     m_sText = '{' + Quote(wire::AnswerCode) + ':' + std::to_string(m_answer.nErrorCode) + ','
         + Quote(wire::AnswerData) + ":{" + m_sList + ":[";

@@ -64,6 +64,8 @@ QNetworkRequest CTransferManager::MakeRequest(const QString& sUrl) const
     if (url.scheme() == QLatin1String("https"))
         request.setSslConfiguration(m_tls);
     request.setRawHeader("Connection", "close");
+    // The library takes a packed body that was cut for a whole one.
+    request.setRawHeader("Accept-Encoding", "identity");
     request.setTransferTimeout(TimeOutMs);
     return request;
 }

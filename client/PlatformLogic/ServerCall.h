@@ -34,7 +34,7 @@ int CallServer(
         [pAnswer](const nlohmann::json& data, double dWhole) {
             try {
                 MergeJson(data, pAnswer->data, dWhole);
-            } catch (const nlohmann::json::exception&) {
+            } catch (const std::exception&) {
                 pAnswer->nErrorCode = UICommonMdl::ErrorBadAnswer;
             }
         },

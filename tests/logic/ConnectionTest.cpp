@@ -4,6 +4,7 @@
 #include <RemoteConfigLogical/IRemoteConfigManager.h>
 #include <UICommonMdl/ErrorCodes.h>
 #include <UICommonMdl/ILocalConfig.h>
+#include <UICommonMdl/ITransferManager.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -127,6 +128,13 @@ INSTANTIATE_TEST_SUITE_P(Answers, AnswerTest,
         AnswerCase{"long", ScriptedServer::Answer(LongPage("1")), 0, "", LongRows},
         AnswerCase{"long_with_a_field_of_wrong_type_at_its_end", ScriptedServer::Answer(LongPage("\"1\"")),
             UICommonMdl::ErrorBadAnswer, ""},
+        AnswerCase{"long_of_a_length_beyond_all_memory",
+            [](QTcpSocket& socket, const QByteArray&) {
+                socket.write(
+                    "HTTP/1.1 200 OK\r\nContent-Length: 9000000000000000000\r\n\r\n" + LongPage("1"));
+                socket.disconnectFromHost();
+            },
+            UICommonMdl::ErrorDisconnected, ""},
         AnswerCase{"long_and_cut",
             [](QTcpSocket& socket, const QByteArray&) {
                 socket.write("HTTP/1.1 200 OK\r\nContent-Length: 9999999\r\n\r\n" + LongPage("1"));
@@ -238,6 +246,33 @@ TEST_F(ConnectionTest, ALateRefusalOfAnOlderSessionLeavesTheNewOne)
     QCoreApplication::processEvents();
     EXPECT_TRUE(m_pClient->IsSignedIn());
     EXPECT_EQ(m_nSessionsEnded, 0);
+}
+
+TEST_F(ConnectionTest, ADownloadThatIsCutLeavesNoFile)
+{
+    QByteArray text;
+    for (int n = 0; n < 20000; ++n)
+        text += QByteArray::number(n * 7919) + '\n';
+    auto* const pTransfers = static_cast<UICommonMdl::ITransferManager*>(
+        m_pClient->FindManager(UICommonMdl::ITransferManager::InterfaceId));
+    std::vector<int> vecEnds;
+    QObject::connect(pTransfers, &UICommonMdl::ITransferManager::SignalFinished, m_pClient.get(),
+        [&](int, int nErrorCode) { vecEnds.push_back(nErrorCode); });
+    for (const bool bPacked : {false, true}) {
+        const QByteArray body = bPacked ? qCompress(text).mid(4) : text;
+        m_server.SetScript(QStringLiteral("/list"), [&](QTcpSocket& socket, const QByteArray&) {
+            socket.write(QByteArray("HTTP/1.1 200 OK\r\n") + (bPacked ? "Content-Encoding: deflate\r\n" : "")
+                + "Content-Length: " + QByteArray::number(body.size()) + "\r\n\r\n"
+                + body.left(body.size() / 2));
+            socket.disconnectFromHost();
+        });
+        const QString sFile = m_folder.filePath(QStringLiteral("list.txt"));
+        vecEnds.clear();
+        EXPECT_GT(pTransfers->Download(QStringLiteral("/list"), sFile), 0);
+        WaitFor([&] { return !vecEnds.empty(); });
+        EXPECT_EQ(vecEnds, std::vector<int>{UICommonMdl::ErrorDisconnected}) << bPacked;
+        EXPECT_FALSE(QFile::exists(sFile));
+    }
 }
 
 TEST_F(ConnectionTest, SettingsAreThereInTheNextRun)
