@@ -8,6 +8,7 @@
 #include <common/CRowButtonDelegate.h>
 #include <common/CTableModel.h>
 #include <common/Prompt.h>
+#include <common/ScreenFit.h>
 #include <common/StyleSheet.h>
 
 #include <QShortcut>
@@ -30,6 +31,7 @@ enum Column : int
 };
 
 constexpr int RoleForceDelete = 1;
+constexpr int MostLines = 5; ///< of refusals above the table
 
 } // namespace
 
@@ -51,7 +53,7 @@ CBatchDeleteDeviceDlg::CBatchDeleteDeviceDlg(const UICommonMdl::CInterfaceSetMan
     m_pUi->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);
-    resize(640, 420);
+    resize(Common::FitToScreen(this, {640, 560}));
     m_pUi->wgtWait->SetAnimation(
         Trv::GetSkinPath(QStringLiteral("DeleteGif.gif"), QStringLiteral("ResourceManagerUI/DeviceManager")));
     m_pUi->tableFailed->setModel(m_pModel);
@@ -177,11 +179,16 @@ void CBatchDeleteDeviceDlg::ShowResult()
         m_pUi->lbResult->setText(Text::tr("Delete device complete!"));
         return;
     }
-    QStringList listLines{Text::tr("Failed to delete device")};
+    QStringList listLines;
     for (const GroupLogical::FailedItem_t& item : m_vecFailed) {
         if (IsHeldByConfiguration(item.nErrorCode))
             listLines.append(GetDeleteFailureText(item));
     }
+    // The table has them all.
+    const int nMore = listLines.size() - MostLines;
+    if (nMore > 0)
+        listLines = listLines.mid(0, MostLines) << Text::tr("... and %1 more").arg(nMore);
+    listLines.prepend(Text::tr("Failed to delete device"));
     m_pUi->lbResult->setText(listLines.join(QLatin1Char('\n')));
 }
 

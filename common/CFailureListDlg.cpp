@@ -2,6 +2,7 @@
 
 #include "CColumnLayout.h"
 #include "CTableModel.h"
+#include "ScreenFit.h"
 #include "StyleSheet.h"
 
 #include <QClipboard>
@@ -11,7 +12,6 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -28,7 +28,6 @@ constexpr int Margin = 20;
 constexpr int LeastRows = 3;
 constexpr int MostRows = 12;
 constexpr int Width = 620;
-constexpr double ShareOfScreen = 0.8;
 
 enum FailureColumn : int
 {
@@ -124,10 +123,7 @@ QSize CFailureListDlg::FittingSize() const
     const int nTable = m_pTable->header()->sizeHint().height()
         + nRowHeight * qBound(LeastRows, m_vecFailures.size(), MostRows) + 2 * m_pTable->frameWidth();
     const int nRest = layout()->sizeHint().height() - m_pTable->sizeHint().height();
-    const QSize wanted(Width, nRest + nTable);
-    const QWidget* const pWindow = parentWidget() ? parentWidget()->window() : this;
-    const QScreen* const pScreen = pWindow->screen();
-    return wanted.boundedTo(pScreen->availableSize() * ShareOfScreen);
+    return FitToScreen(this, {Width, nRest + nTable});
 }
 
 } // namespace Common

@@ -83,7 +83,7 @@ void COptionalDateEdit::UseSwitch()
     auto* const pSwitch = new VxGUI::VxSwitchButton(this);
     pSwitch->setAccessibleName(m_pCheck->accessibleName());
     delete layout()->replaceWidget(m_pCheck, pSwitch);
-    setTabOrder(pSwitch, m_pEdit);
+    setTabOrder(m_pCheck, pSwitch);
     delete m_pCheck;
     m_pCheck = pSwitch;
     SetUpToggle();

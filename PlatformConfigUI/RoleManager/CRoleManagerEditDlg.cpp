@@ -8,6 +8,7 @@
 #include <VxGUI/VxNotification.h>
 #include <common/Prompt.h>
 #include <common/StyleSheet.h>
+#include <common/TabOrder.h>
 
 #include <algorithm>
 
@@ -149,8 +150,9 @@ void CRoleManagerEditDlg::ShowPurpose()
     m_pRights =
         new CRightsView(m_pInterfaceSet, bReadOnly ? CRightsView::Mode::ReadOnly : CRightsView::Mode::Edit);
     m_pUi->layPermissions->addWidget(m_pRights);
-    setTabOrder(bReadOnly ? static_cast<QWidget*>(m_pUi->editRemark) : m_pUi->cmbCopyFrom, m_pRights);
-    setTabOrder(m_pRights, m_pUi->btnEdit);
+    // It was made last, and the buttons follow it.
+    Common::SetTabOrder(
+        {Common::GetTabStops(m_pRights).last(), m_pUi->btnEdit, m_pUi->btnOk, m_pUi->btnCancel});
 }
 
 void CRoleManagerEditDlg::Fetch(const Role_t& record, bool bNew)

@@ -198,7 +198,7 @@ void CClientApp::OpenWindow()
     connect(m_pWindow.get(), &CMainWindow::SignalSignOut, this, &CClientApp::OnSignOut, Qt::QueuedConnection);
     connect(
         m_pWindow.get(), &CMainWindow::SignalSwitchSkin, this, &CClientApp::SwitchSkin, Qt::QueuedConnection);
-    m_pWindow->resize(1280, 800);
+    m_pWindow->resize(QSize(1280, 800).boundedTo(m_pWindow->screen()->availableSize()));
     m_pWindow->show();
     if (m_pTour)
         m_pTour->Start(*m_pWindow);

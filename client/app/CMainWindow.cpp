@@ -90,6 +90,15 @@ void CMainWindow::ShowHome()
     m_pUi->stackPages->setCurrentWidget(m_pUi->pageHome);
     m_pUi->lbTitle->setText(tr("Configuration"));
     m_pUi->btnHome->setEnabled(false);
+    // Not the button of the header that comes next.
+    QWidget* const pHome = m_pUi->pageHome->widget();
+    for (QWidget* pNext = pHome; pNext && (pNext == pHome || pHome->isAncestorOf(pNext));
+         pNext = pNext->nextInFocusChain()) {
+        if ((pNext->focusPolicy() & Qt::TabFocus) && pNext->isEnabled() && !pNext->isHidden()) {
+            pNext->setFocus();
+            return;
+        }
+    }
 }
 
 void CMainWindow::GoHome()

@@ -157,8 +157,37 @@ protected:
     }
     QString Notice() const { return m_pDriver->Find<QLabel>(QStringLiteral("lbSaveNotice"))->text(); }
 
+    static bool IsTabStop(const QWidget* pControl)
+    {
+        // A radio button of a group, a tab of a bar and the like are reached by arrows.
+        return (pControl->focusPolicy() & Qt::TabFocus) && !pControl->focusProxy() && pControl->isVisible()
+            && pControl->isEnabled();
+    }
+    static QString PathOf(const QWidget* pControl)
+    {
+        QString sPath;
+        for (; pControl && !pControl->isWindow(); pControl = pControl->parentWidget()) {
+            if (!pControl->objectName().isEmpty() && !pControl->objectName().startsWith(QLatin1String("qt_")))
+                sPath = QLatin1Char('/') + pControl->objectName() + sPath;
+        }
+        return sPath;
+    }
+    /// Where so many presses of the key lead, from the first field on.
+    QStringList Walk(Qt::Key key, int nPresses)
+    {
+        m_pFirst = m_pForm->findChild<QWidget*>(QLatin1String(GetParam().pszField))->findChild<QLineEdit*>();
+        m_pFirst->setFocus();
+        QStringList listWalk;
+        for (int n = 0; n < nPresses; ++n) {
+            QTest::keyClick(m_pForm->window()->focusWidget(), key);
+            listWalk << PathOf(m_pForm->window()->focusWidget());
+        }
+        return listWalk;
+    }
+
     FakeHost m_host;
     RecordingDialogService m_dialogs;
+    QWidget* m_pFirst = nullptr;
     QPointer<QWidget> m_pForm;
     std::unique_ptr<PageDriver> m_pDriver;
     QPointer<Common::CEditorBase> m_pEditor;
@@ -202,6 +231,58 @@ TEST_P(EditorContract, ALostConnectionKeepsTheInput)
     PageDriver::Settle();
     EXPECT_EQ(Input(), QStringLiteral("Mine"));
     EXPECT_TRUE(m_pDriver->IsUsable(QLatin1String(GetParam().pszOk)));
+}
+
+TEST_P(EditorContract, AConnectionThatIsLostWithinASaveIsLookedUpWhenItIsBack)
+{
+    Change();
+    m_pDriver->Click(QLatin1String(GetParam().pszOk));
+    m_host.PushConnected(false);
+    for (int n = 0; n < 4; ++n)
+        PageDriver::Settle();
+    EXPECT_TRUE(Notice().startsWith(QStringLiteral("It is not known whether this was saved.")))
+        << qPrintable(Notice());
+    EXPECT_EQ(Input(), QStringLiteral("Mine"));
+    m_host.PushConnected(true);
+    for (int n = 0; n < 4; ++n)
+        PageDriver::Settle();
+    EXPECT_TRUE(Notice().startsWith(QStringLiteral("This was not saved."))) << qPrintable(Notice());
+    EXPECT_EQ(Input(), QStringLiteral("Mine"));
+    EXPECT_TRUE(m_pDriver->IsUsable(QLatin1String(GetParam().pszOk)));
+}
+
+TEST_P(EditorContract, ARightThatIsTakenAwayIsToldAndKeepsTheInput)
+{
+    const std::set<std::string> setChanging{"001001001", "001002001", "001002002", "002003001"};
+    Change();
+    m_host.SetMissingRights(setChanging);
+    PageDriver::Settle();
+    EXPECT_FALSE(m_pDriver->IsUsable(QLatin1String(GetParam().pszOk)));
+    EXPECT_TRUE(Notice().startsWith(QStringLiteral("You have no permission to "))) << qPrintable(Notice());
+    EXPECT_EQ(Input(), QStringLiteral("Mine"));
+    m_host.SetMissingRights({});
+    PageDriver::Settle();
+    EXPECT_EQ(Notice(), QString());
+    EXPECT_TRUE(m_pDriver->IsUsable(QLatin1String(GetParam().pszOk)));
+}
+
+TEST_P(EditorContract, TabReachesEveryControlAndComesBackTheSameWay)
+{
+    m_pForm->activateWindow();
+    QStringList listAll;
+    for (const QWidget* const pControl : m_pForm->findChildren<QWidget*>()) {
+        if (IsTabStop(pControl))
+            listAll << PathOf(pControl);
+    }
+    QStringList listForth = Walk(Qt::Key_Tab, listAll.size());
+    QStringList listBack = Walk(Qt::Key_Backtab, listAll.size());
+    std::reverse(listBack.begin(), listBack.end());
+    EXPECT_EQ(listForth.last(), PathOf(m_pFirst)) << "it ends where it began";
+    EXPECT_EQ(listForth.mid(0, listForth.size() - 1).join(QLatin1Char('\n')).toStdString(),
+        listBack.mid(1).join(QLatin1Char('\n')).toStdString());
+    listForth.sort();
+    listAll.sort();
+    EXPECT_EQ(listForth.join(QLatin1Char('\n')).toStdString(), listAll.join(QLatin1Char('\n')).toStdString());
 }
 
 TEST_P(EditorContract, WhoLeavesAsksForInputOnly)

@@ -58,6 +58,7 @@ void FakeHost::SetMissingRights(const std::set<std::string>& setMissing)
 
 void FakeHost::PushConnected(bool bConnected)
 {
+    server.SetReachable(bConnected);
     server.Run([this, bConnected] { m_router.SetConnected(bConnected); });
 }
 

@@ -63,7 +63,9 @@ int FakeServer::Send(const std::string& sOperation, const QByteArray& body, Data
         if (m_setRefused.count(sOperation) == 0) {
             call.nSequence = ++m_nLastSequence;
             m_mapOpen[call.nSequence] = {std::move(onData), std::move(onEnd)};
-            if (const auto it = m_mapAutomatic.find(sOperation); it != m_mapAutomatic.end())
+            if (!m_bReachable)
+                maker = [](const FakeCall&) { return Reply{UICommonMdl::ErrorDisconnected, {}, "{}"}; };
+            else if (const auto it = m_mapAutomatic.find(sOperation); it != m_mapAutomatic.end())
                 maker = it->second;
         }
         m_vecCalls.push_back(call);
@@ -79,6 +81,18 @@ void FakeServer::CloseSession(OpenRequests openRequests)
         return;
     for (const FakeCall& call : OpenCalls())
         Fail(call, UICommonMdl::ErrorCancelled);
+}
+
+void FakeServer::SetReachable(bool bReachable)
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_bReachable = bReachable;
+    }
+    if (bReachable)
+        return;
+    for (const FakeCall& call : OpenCalls())
+        Fail(call, UICommonMdl::ErrorDisconnected);
 }
 
 void FakeServer::SetAutomatic(std::string_view sOperation, Maker maker)

@@ -51,6 +51,9 @@ public:
         int nDelayMs) override;
     void CloseSession(OpenRequests openRequests) override;
 
+    /// Out of reach: what is open ends with ErrorDisconnected, and so does what is sent until it is back.
+    void SetReachable(bool bReachable);
+
     // What the test says of an operation, from now on.
 
     /// maker(request, answer) fills the answer; a number that it returns is an error code.
@@ -195,7 +198,8 @@ private:
     void End(const FakeCall& call, const Reply& reply);
 
     EventHandler m_eventHandler;
-    mutable std::mutex m_mutex; ///< guards the five below
+    mutable std::mutex m_mutex; ///< guards the six below
+    bool m_bReachable = true;
     std::map<std::string, Maker> m_mapAutomatic;
     std::set<std::string> m_setRefused;
     int m_nLastSequence = 0;
