@@ -198,8 +198,6 @@ void CDeviceManagerCtrl::SetUpForm()
     m_pAddPage->layout()->addWidget(m_pForm);
     connect(m_pForm, &CDevAdd::SignalEditComplete, this, &CDeviceManagerCtrl::OnDeviceEditComplete);
     connect(m_pForm, &CDevAdd::SignalBack, this, &CDeviceManagerCtrl::ShowList);
-    connect(m_pForm, &CDevAdd::SignalShowNotify, this,
-        [this](const QString& sText) { Notify(sText, VxGUI::NotificationKind::Warning); });
 }
 
 void CDeviceManagerCtrl::SetUpDiscovery()

@@ -64,6 +64,8 @@ void COrganizationEditPage::SetUpEditor()
         {.pSave = m_pUi->btnOk, .pTitle = m_pUi->lbTitle, .vecInput = {m_pUi->editName, m_pUi->editRemark}},
         {.sAddTitle = Text::tr("Add Organization"),
             .sModifyTitle = Text::tr("Edit Organization"),
+            .sAdded = Text::tr("The organization was added."),
+            .sModified = Text::tr("The organization was modified."),
             .sAddFailed = Text::tr("Failed to add organization"),
             .sModifyFailed = Text::tr("Failed to modify organization."),
             .sNoRight = Text::tr("You have no permission to change organizations.")},

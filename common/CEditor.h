@@ -140,7 +140,7 @@ private:
     }
     void Finish(const R& record)
     {
-        SetState(State::Closed);
+        Close();
         m_form.OnSaved(record);
     }
     void Refuse(int nErrorCode, const std::string& sDetail)

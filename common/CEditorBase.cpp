@@ -176,6 +176,21 @@ void CEditorBase::UpdateButton(QPushButton* pButton, bool bShown)
     pButton->setToolTip(sObstacle.isEmpty() ? m_mapToolTips.value(pButton) : sObstacle);
 }
 
+void CEditorBase::Close()
+{
+    SetState(State::Closed);
+    TellSaved(IsNew() ? m_formTexts.sAdded : m_formTexts.sModified);
+}
+
+void CEditorBase::TellSaved(const QString& sText)
+{
+    QWidget* const pForm = GetForm();
+    if (!sText.isEmpty() && pForm->isVisible())
+        VxGUI::VxNotification::Show(
+            pForm->isWindow() && pForm->parentWidget() ? pForm->parentWidget() : pForm, sText,
+            VxGUI::NotificationKind::Success);
+}
+
 void CEditorBase::TellFailure(int nErrorCode, const QString& sWhich)
 {
     const QString sText =

@@ -52,6 +52,8 @@ public:
         QString sAddTitle;
         QString sModifyTitle;
         QString sDetailsTitle;
+        QString sAdded; ///< empty: the form tells it, with more than these words
+        QString sModified;
         QString sAddFailed;
         QString sModifyFailed;
         QString sNoRight; ///< why nothing can be changed
@@ -96,6 +98,8 @@ public:
     bool MayLeave() override;
     void End() override;
 
+    /// Notifies where the form was that the record is saved.
+    void TellSaved(const QString& sText);
     /// Notifies that the record was not saved, and why; sWhich names what of it was refused.
     void TellFailure(int nErrorCode, const QString& sWhich = {});
 
@@ -108,6 +112,8 @@ protected:
     CEditorBase(CSession& session, QWidget* pForm);
 
     void SetState(State state, int nErrorCode = 0);
+    /// The record is on the server; the form is about to be closed.
+    void Close();
     void SetPurpose(Purpose purpose);
     /// The record that is shown can be changed from now on.
     virtual void GoOnToModify() = 0;

@@ -163,9 +163,8 @@ void CPersonnelInfoUI::Send(const Person& record, bool bNew)
 void CPersonnelInfoUI::OnSaved(const Person& record)
 {
     const QString sId = QString::fromStdString(record.sPersonId);
-    VxGUI::VxNotification::Show(this,
-        (m_editor.IsNew() ? Text::tr("Person %1 was added.") : Text::tr("Person %1 was modified.")).arg(sId),
-        VxGUI::NotificationKind::Success);
+    m_editor.TellSaved(
+        (m_editor.IsNew() ? Text::tr("Person %1 was added.") : Text::tr("Person %1 was modified.")).arg(sId));
     if (m_bContinue)
         BeginNewPerson(record.sGroupCode);
     Q_EMIT SignalPersonSaved(sId);

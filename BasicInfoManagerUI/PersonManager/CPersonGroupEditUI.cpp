@@ -84,6 +84,8 @@ void CPersonGroupEditUI::SetUpEditor()
                          .vecInput = {m_pUi->m_pCmbParent, m_pUi->m_pEditGroupName, m_pUi->m_pEditRemark}},
         {.sAddTitle = Text::tr("Add Person Group"),
             .sModifyTitle = Text::tr("Edit Person Group"),
+            .sAdded = Text::tr("The person group was added."),
+            .sModified = Text::tr("The person group was modified."),
             .sAddFailed = Text::tr("Failed to add person group"),
             .sModifyFailed = Text::tr("Failed to modify person group"),
             .sNoRight = Text::tr("You have no permission to change persons.")},

@@ -119,15 +119,9 @@ CRoleManagerEditDlg* CRoleManagerCtrl::MakeDialog()
 {
     m_pDialog = new CRoleManagerEditDlg(GetInterfaceSet(), this);
     m_pDialog->SetRoles(m_vecRoles);
-    connect(m_pDialog, &CRoleManagerEditDlg::SignalSaved, this, &CRoleManagerCtrl::OnSaved);
+    connect(m_pDialog, &CRoleManagerEditDlg::SignalSaved, this, &CRoleManagerCtrl::QueryRows);
     m_pDialog->open();
     return m_pDialog;
-}
-
-void CRoleManagerCtrl::OnSaved()
-{
-    QueryRows();
-    Notify(Text::tr("The role is saved."), VxGUI::NotificationKind::Success);
 }
 
 void CRoleManagerCtrl::OnBtnDeleteClicked()

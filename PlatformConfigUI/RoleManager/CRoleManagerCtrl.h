@@ -34,7 +34,6 @@ private:
     void ShowRoles();
     void OnOperation(int nRole, const QString& sId);
     CRoleManagerEditDlg* MakeDialog();
-    void OnSaved();
     void OnBtnDeleteClicked();
     void DeleteRoles(const QStringList& listIds);
     void OnDeleteAnswer(const QStringList& listIds, const Param& param);

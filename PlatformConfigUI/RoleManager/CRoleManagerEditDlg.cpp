@@ -82,6 +82,8 @@ void CRoleManagerEditDlg::SetUpEditor()
         {.sAddTitle = Text::tr("Add Role"),
             .sModifyTitle = Text::tr("Modify Role"),
             .sDetailsTitle = Text::tr("Role Details"),
+            .sAdded = Text::tr("The role was added."),
+            .sModified = Text::tr("The role was modified."),
             .sAddFailed = Text::tr("Failed to add role"),
             .sModifyFailed = Text::tr("Failed to modify role"),
             .sNoRight = Text::tr("You have no permission to add, change or delete roles.")},

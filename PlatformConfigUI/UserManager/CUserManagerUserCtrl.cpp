@@ -238,16 +238,9 @@ void CUserManagerUserCtrl::OnDeleteAnswer(const QStringList& listNames, const Pa
 CUserManagerUserEditDlg* CUserManagerUserCtrl::OpenDialog()
 {
     auto* const pDialog = new CUserManagerUserEditDlg(GetInterfaceSet(), this);
-    connect(pDialog, &CUserManagerUserEditDlg::SignalSaved, this, &CUserManagerUserCtrl::OnUserSaved);
+    connect(pDialog, &CUserManagerUserEditDlg::SignalSaved, this, &CUserManagerUserCtrl::QueryRows);
     pDialog->open();
     return pDialog;
-}
-
-void CUserManagerUserCtrl::OnUserSaved(bool bNew)
-{
-    Notify(
-        bNew ? Text::tr("The user is added.") : Text::tr("The user is changed."), NotificationKind::Success);
-    QueryRows();
 }
 
 void CUserManagerUserCtrl::WaitFor(const QString& sText)

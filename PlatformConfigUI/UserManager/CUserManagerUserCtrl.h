@@ -44,7 +44,6 @@ private:
     void DeleteUsers(const QStringList& listNames);
     void OnDeleteAnswer(const QStringList& listNames, const Param& param);
     CUserManagerUserEditDlg* OpenDialog();
-    void OnUserSaved(bool bNew);
     /// Shows the wait dialog when the work is not done in a moment.
     void WaitFor(const QString& sText);
     void OnStopWaitImmediately();

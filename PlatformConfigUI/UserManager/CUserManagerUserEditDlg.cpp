@@ -54,6 +54,8 @@ void CUserManagerUserEditDlg::SetUpEditor()
         {.sAddTitle = Text::tr("Add User"),
             .sModifyTitle = Text::tr("Modify User"),
             .sDetailsTitle = Text::tr("User Details"),
+            .sAdded = Text::tr("The user was added."),
+            .sModified = Text::tr("The user was modified."),
             .sAddFailed = Text::tr("Failed to add user."),
             .sModifyFailed = Text::tr("Failed to modify user."),
             .sNoRight = Text::tr("You have no permission to change users.")},
@@ -175,7 +177,7 @@ void CUserManagerUserEditDlg::Send(const User_t& record, bool bNew)
 
 void CUserManagerUserEditDlg::OnSaved(const User_t&)
 {
-    Q_EMIT SignalSaved(m_editor.IsNew());
+    Q_EMIT SignalSaved();
     QDialog::accept();
 }
 

@@ -37,7 +37,7 @@ public:
 
 Q_SIGNALS:
     /// The server took the account.
-    void SignalSaved(bool bNew);
+    void SignalSaved();
 
 private:
     using User = UserLogical::User_t;

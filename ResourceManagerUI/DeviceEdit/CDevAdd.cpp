@@ -262,6 +262,11 @@ bool CDevAdd::CheckDevice()
 void CDevAdd::OnSaved(const Device&)
 {
     const QPointer<CDevAdd> guard(this);
+    if (!m_editor.IsNew())
+        m_editor.TellSaved(Text::tr("The device was modified."));
+    else if (m_vecFailed.empty())
+        m_editor.TellSaved(
+            IsSegment() ? Text::tr("The devices were added.") : Text::tr("The device was added."));
     if (IsSegment() && !m_vecFailed.empty())
         ShowSegmentFailures();
     if (guard)

@@ -42,7 +42,6 @@ Q_SIGNALS:
     void SignalBack();
     /// The server took the device, or some of a segment.
     void SignalEditComplete();
-    void SignalShowNotify(QString sText);
 
 protected:
     void keyPressEvent(QKeyEvent* pEvent) override;

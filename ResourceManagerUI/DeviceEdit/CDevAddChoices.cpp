@@ -6,6 +6,7 @@
 #include "DeviceFormLog.h"
 #include "ui_CDevAdd.h"
 
+#include <VxGUI/VxNotification.h>
 #include <common/DeviceCategory.h>
 #include <common/Prompt.h>
 
@@ -65,8 +66,9 @@ void CDevAdd::OnDictionary(const SystemParam& param)
     if (param.nErrorCode != UICommonMdl::ErrorNone) {
         // The lists of an earlier time still serve.
         m_pUi->wgtChoicesFailed->setVisible(!m_bDictionary);
-        Q_EMIT SignalShowNotify(
-            Common::FailureText(Text::tr("Failed to query dictionary."), param.nErrorCode));
+        if (isVisible())
+            VxGUI::VxNotification::Show(
+                this, Common::FailureText(Text::tr("Failed to query dictionary."), param.nErrorCode));
         return;
     }
     const bool bDirty = m_editor.IsDirty();

@@ -4,6 +4,7 @@
 #include <ResourceManagerUI/DeviceEdit/DeviceFormFields.h>
 #include <UICommonMdl/CErrorCode.h>
 #include <VxGUI/VxLineEdit.h>
+#include <VxGUI/VxNotification.h>
 #include <tests/support/fakes/FakeHost.h>
 #include <tests/support/gui/PageDriver.h>
 #include <tests/support/gui/RecordingDialogService.h>
@@ -51,8 +52,6 @@ protected:
         CDevAdd* pForm = m_pForm.get();
         QObject::connect(pForm, &CDevAdd::SignalBack, pForm, [this] { ++m_nBack; });
         QObject::connect(pForm, &CDevAdd::SignalEditComplete, pForm, [this] { ++m_nComplete; });
-        QObject::connect(pForm, &CDevAdd::SignalShowNotify, pForm,
-            [this](const QString& sText) { m_listNotices.append(sText); });
         m_pDriver = std::make_unique<PageDriver>(*m_pForm, QSize(1000, 800));
     }
     void OpenAdd(const QString& sOrgCode = QStringLiteral("001001"))
@@ -107,7 +106,7 @@ protected:
     }
     bool IsShown(const char* pszName) { return m_pDriver->IsShown(QLatin1String(pszName)); }
     bool IsUsable(const char* pszName) { return m_pDriver->IsUsable(QLatin1String(pszName)); }
-    std::string LastNotice() { return m_listNotices.isEmpty() ? "" : m_listNotices.last().toStdString(); }
+    std::string LastNotice() { return VxGUI::VxNotification::CurrentText(m_pForm.get()).toStdString(); }
 
     template <class Op>
     int Count()
@@ -149,7 +148,6 @@ protected:
     RecordingDialogService m_dialogs;
     std::unique_ptr<ResourceManagerUI::CDevAdd> m_pForm;
     std::unique_ptr<PageDriver> m_pDriver;
-    QStringList m_listNotices;
     int m_nBack = 0;
     int m_nComplete = 0;
 };

@@ -38,7 +38,7 @@ TEST_F(RoleDialog, AddsARoleWithItsRights)
     EXPECT_FALSE(IsUsable("btnOk")) << "it is being saved";
     FailSave<wire::AddRole>(UICommonMdl::ErrorNone);
     EXPECT_FALSE(Dialog());
-    EXPECT_EQ(Notice(), QStringLiteral("The role is saved."));
+    EXPECT_EQ(Notice(), QStringLiteral("The role was added."));
 }
 
 struct CheckCase

@@ -156,8 +156,13 @@ TEST_P(PageContract, LateAnswersOfAPageThatIsGoneAreDropped)
 TEST_P(PageContract, AHiddenPagePopsUpNothing)
 {
     Show();
+    AnswerAll(UICommonMdl::ErrorNone);
     m_host.server.HoldAll();
-    PushAll();
+    // Everything is asked for anew.
+    m_host.PushConnected(false);
+    m_host.PushConnected(true);
+    PageDriver::Settle();
+    ASSERT_FALSE(m_host.server.OpenCalls().empty());
     m_pPage->hide();
     PageDriver::Settle();
     AnswerAll(UICommonMdl::ErrorServerBusy);

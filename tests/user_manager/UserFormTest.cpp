@@ -197,7 +197,7 @@ TEST_F(UserForm, RefusalsOfTheServerKeepTheInput)
     PressOk();
     Answer<wire::AddUser>();
     EXPECT_FALSE(Form());
-    EXPECT_EQ(Notice(), QStringLiteral("The user is added."));
+    EXPECT_EQ(Notice(), QStringLiteral("The user was added."));
     EXPECT_EQ(Queries(), nQueries + 1);
     Users().Refuse<wire::AddUser>();
     Click("btnAdd");
