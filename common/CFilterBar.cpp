@@ -176,8 +176,11 @@ void CFilterBar::UpdateMarks()
             pReached = m_vecButtons[n]->isHidden() ? m_pMore : m_vecButtons[n];
     }
     m_pMore->setChecked(pReached == m_pMore);
-    m_pMore->setIcon(
-        Trv::GetIcon(m_pMore->isChecked() ? QStringLiteral("down-on-accent") : QStringLiteral("down")));
+    // An icon that is set asks for a layout, also when it is the same.
+    const QString sIcon = m_pMore->isChecked() ? QStringLiteral("down-on-accent") : QStringLiteral("down");
+    if (sIcon != m_sMoreIcon)
+        m_pMore->setIcon(Trv::GetIcon(sIcon));
+    m_sMoreIcon = sIcon;
     for (QPushButton* pButton : qAsConst(m_vecButtons))
         pButton->setFocusPolicy(!pReached || pButton == pReached ? Qt::StrongFocus : Qt::ClickFocus);
     m_pMore->setFocusPolicy(Qt::StrongFocus);
@@ -255,6 +258,8 @@ QSize CFilterBar::minimumSizeHint() const
 
 bool CFilterBar::event(QEvent* pEvent)
 {
+    if (pEvent->type() == QEvent::StyleChange)
+        m_sMoreIcon.clear(); // the look may be another one
     if (pEvent->type() == QEvent::StyleChange || pEvent->type() == QEvent::Polish
         || pEvent->type() == QEvent::Show || pEvent->type() == QEvent::LayoutRequest)
         Arrange();

@@ -64,6 +64,7 @@ private:
     QVector<int> m_vecOffered;
     bool m_bAllOffered = true;
     QPushButton* m_pMore;
+    QString m_sMoreIcon; ///< what it has
     QMenu* m_pMenu;
     QActionGroup* m_pGroup; ///< of the menu's choices
     int m_nValue = 0;

@@ -256,6 +256,7 @@ TEST_F(FilterBar, WhatDoesNotFitIsInADropDownThatShowsTheChoice)
     EXPECT_FALSE(Button(5)->isVisible());
     EXPECT_LE(More()->geometry().right(), m_pBar->width());
     EXPECT_EQ(More()->text(), QStringLiteral("More"));
+    EXPECT_TRUE(PageDriver::ComesToRest());
     m_pDriver->Click(QStringLiteral("btnMoreFilters"));
     auto* const pMenu = m_window.findChild<QMenu*>(QStringLiteral("menuMoreFilters"));
     EXPECT_EQ(pMenu->actions().last()->text(), QStringLiteral("Category 6")) << "7 is not offered";

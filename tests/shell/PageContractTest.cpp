@@ -211,6 +211,15 @@ TEST_P(PageContract, TheHostAsksTheFormsBeforeItLeaves)
     EXPECT_FALSE(bDirty) << "what is given up is closed";
 }
 
+TEST_P(PageContract, ItRestsWhenNothingHappens)
+{
+    Show();
+    for (const QSize size : {QSize(1280, 800), QSize(800, 700)}) {
+        m_pPage->resize(size);
+        EXPECT_TRUE(PageDriver::ComesToRest()) << size.width();
+    }
+}
+
 TEST_P(PageContract, RefusedCallsAndAHostWithoutManagersLeaveItUsable)
 {
     UICommonMdl::CInterfaceSetManager empty;

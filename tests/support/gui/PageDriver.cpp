@@ -163,6 +163,26 @@ void PageDriver::Settle()
     }
 }
 
+bool PageDriver::ComesToRest()
+{
+    class Counter : public QObject
+    {
+    public:
+        bool eventFilter(QObject*, QEvent* pEvent) override
+        {
+            m_nLayouts += pEvent->type() == QEvent::LayoutRequest ? 1 : 0;
+            return false;
+        }
+        int m_nLayouts = 0;
+    };
+    Settle();
+    Settle();
+    Counter counter;
+    qApp->installEventFilter(&counter);
+    Settle();
+    return counter.m_nLayouts == 0;
+}
+
 void PageDriver::Screenshot(const QString& sName) const
 {
     const QString sFolder = qEnvironmentVariable("PRODUCT_SCREENSHOT_DIR");

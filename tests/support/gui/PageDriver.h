@@ -47,6 +47,8 @@ public:
     static bool WaitFor(const std::function<bool()>& condition, int nDeadlineMs = 10000);
     /// Runs what is queued.
     static void Settle();
+    /// Whether no layout asks for the next one, over and over.
+    static bool ComesToRest();
     /// Writes a picture of the page to $PRODUCT_SCREENSHOT_DIR when that is set.
     void Screenshot(const QString& sName) const;
 
