@@ -2,7 +2,9 @@
 
 #include <UICommonMdl/CCodeTreeModel.h>
 
+#include <QCoreApplication>
 #include <QHeaderView>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
@@ -11,8 +13,15 @@ namespace Common {
 using UICommonMdl::CCodeTreeModel;
 
 namespace {
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(CSearchTreeView)
+};
+
 constexpr int Indentation = 16;
-}
+
+} // namespace
 
 CSearchTreeView::CSearchTreeView(QWidget* pParent)
     : QTreeView(pParent)
@@ -156,6 +165,17 @@ QModelIndex CSearchTreeView::FindMatch() const
             && node.data().toString().contains(sText, Qt::CaseInsensitive)))
         node = indexBelow(node);
     return node;
+}
+
+void CSearchTreeView::paintEvent(QPaintEvent* pEvent)
+{
+    QTreeView::paintEvent(pEvent);
+    if (m_pProxy->GetText().isEmpty() || m_pProxy->rowCount() > 0)
+        return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(viewport()->rect().adjusted(8, 8, -8, -8), Qt::AlignHCenter | Qt::TextWordWrap,
+        Text::tr("Nothing matches the search."));
 }
 
 void CSearchTreeView::resizeEvent(QResizeEvent* pEvent)

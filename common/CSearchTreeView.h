@@ -49,6 +49,7 @@ Q_SIGNALS:
     void SignalCurrentIndexChanged(const QModelIndex& index);
 
 protected:
+    void paintEvent(QPaintEvent* pEvent) override;
     void resizeEvent(QResizeEvent* pEvent) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 

@@ -22,12 +22,25 @@ CTreeChoice::CTreeChoice(const QString& sName, QWidget* pParent)
     pLayout->addWidget(m_pSearch);
     pLayout->addWidget(m_pTree);
     setTabOrder(m_pSearch, m_pTree);
-    connect(m_pSearch, &QLineEdit::textChanged, m_pTree, &CSearchTreeView::SetFilter);
+    connect(m_pSearch, &QLineEdit::textChanged, this, &CTreeChoice::OnSearch);
     connect(m_pTree, &QAbstractItemView::activated, this, &CTreeChoice::SignalActivated);
+}
+
+void CTreeChoice::OnSearch(const QString& sText)
+{
+    m_pTree->SetFilter(sText);
+    // What Enter takes is seen: the first match or, without a search, what was chosen before.
+    if (sText.trimmed().isEmpty())
+        m_pTree->SelectCode(m_sStart);
+    else if (m_pTree->FindMatch().isValid())
+        ChooseMatch();
+    else
+        m_pTree->ClearCurrent();
 }
 
 void CTreeChoice::Start(const QString& sCode)
 {
+    m_sStart = sCode;
     m_pSearch->clear();
     m_pTree->expandAll();
     if (sCode.isEmpty())

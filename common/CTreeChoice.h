@@ -35,6 +35,9 @@ Q_SIGNALS:
     void SignalActivated();
 
 private:
+    void OnSearch(const QString& sText);
+
+    QString m_sStart; ///< chosen before; empty: none
     VxGUI::VxSearchBox* m_pSearch;
     CSearchTreeView* m_pTree;
 };

@@ -79,7 +79,10 @@ void CPersonGroupPane::UpdateTools()
     m_pUi->m_btnDelOrg->setEnabled(bUsable && group.isValid() && group.parent().isValid());
     m_pUi->m_btnAddOrg->setToolTip(bUsable ? Text::tr("Add") : m_sObstacle);
     m_pUi->m_btnModifyOrg->setToolTip(bUsable ? Text::tr("Edit") : m_sObstacle);
-    m_pUi->m_btnDelOrg->setToolTip(bUsable ? Text::tr("Delete") : m_sObstacle);
+    const QString sDelete = !group.isValid() ? Text::tr("No group is selected.")
+        : group.parent().isValid()           ? Text::tr("Delete")
+                                             : Text::tr("The topmost group cannot be deleted.");
+    m_pUi->m_btnDelOrg->setToolTip(bUsable ? sDelete : m_sObstacle);
     const QList<QAction*> listActions = m_pUi->m_pTreeWnd->actions();
     for (QAction* const pAction : listActions)
         pAction->setEnabled(bUsable);

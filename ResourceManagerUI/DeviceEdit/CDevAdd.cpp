@@ -14,6 +14,7 @@
 #include <QKeyEvent>
 #include <QPointer>
 #include <QStyle>
+#include <QToolTip>
 
 namespace ResourceManagerUI {
 
@@ -73,8 +74,14 @@ void CDevAdd::SetUpFields()
         GroupLogical::DeviceSerialNumber, Text::tr("The sn cannot exceed %1 characters."));
     m_pUi->editDevPort->SetTyped(GroupLogical::DevicePort);
     for (QSpinBox* pCount : {m_pUi->spbVideo, m_pUi->spbAlarmInput, m_pUi->spbAlarmOutput, m_pUi->spbAccess,
-             m_pUi->spbDecode, m_pUi->spbLift, m_pUi->spbLiftFloor, m_pUi->spbPos})
+             m_pUi->spbDecode, m_pUi->spbLift, m_pUi->spbLiftFloor, m_pUi->spbPos}) {
         pCount->setRange(GroupLogical::DeviceCount.nMin, GroupLogical::DeviceCount.nMax);
+        // Else 4096 would become 409 in silence.
+        connect(pCount->findChild<QLineEdit*>(), &QLineEdit::inputRejected, pCount, [pCount] {
+            QToolTip::showText(pCount->mapToGlobal(pCount->rect().bottomLeft()),
+                Text::tr("At most %1").arg(pCount->maximum()), pCount);
+        });
+    }
     // A digit that would lead beyond the greatest port is not taken: say why.
     QLineEdit* pPort = m_pUi->editDevPort->GetLineEdit();
     connect(pPort, &QLineEdit::inputRejected, this, [this, pPort] {

@@ -18,8 +18,10 @@ VxLineEdit::VxLineEdit(QWidget* pParent)
     , m_pValidator(new FieldValidator(m_pEdit,
           [this](FieldValidator::Refusal refusal) {
               const QString& sMessage = refusal == FieldValidator::Refusal::Limit ? m_sTooLong : m_sNotTyped;
-              if (!sMessage.isEmpty())
-                  SetErrorHint(sMessage);
+              if (sMessage.isEmpty())
+                  return;
+              SetErrorHint(sMessage);
+              m_bRefused = true;
           }))
     , m_pHint(new QLabel(this))
 {
@@ -44,6 +46,11 @@ VxLineEdit::VxLineEdit(QWidget* pParent)
         if (text() != m_sHintedText)
             ClearErrorHint();
         Q_EMIT textChanged(text());
+    });
+    // What was refused is not there: nobody has to mend it.
+    connect(m_pEdit, &QLineEdit::editingFinished, this, [this] {
+        if (m_bRefused)
+            ClearErrorHint();
     });
     connect(m_pEdit, &QLineEdit::returnPressed, this, &VxLineEdit::returnPressed);
 }
@@ -179,6 +186,7 @@ QString VxLineEdit::CheckInput()
 
 void VxLineEdit::SetErrorHint(const QString& sMessage)
 {
+    m_bRefused = false;
     m_sHintedText = sMessage.isEmpty() ? QString() : text();
     m_pHint->setText(sMessage);
     m_pHint->setVisible(!sMessage.isEmpty());

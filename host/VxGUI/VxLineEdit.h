@@ -103,6 +103,7 @@ private:
     QString m_sNotTyped; ///< message of what cannot be typed
     QVector<Check> m_vecChecks;
     QString m_sHintedText; ///< the text that the hint is about
+    bool m_bRefused = false; ///< the hint is about what was not taken
 };
 
 } // namespace VxGUI

@@ -81,6 +81,7 @@ TEST_F(TreeCombo, IsUsedByKeysAlone)
 {
     Type("tow");
     ASSERT_TRUE(IsOpen());
+    EXPECT_EQ(Popup()->GetCode(), QStringLiteral("111")) << "what Enter would take is seen";
     Press(Qt::Key_Return);
     EXPECT_FALSE(IsOpen());
     EXPECT_EQ(m_pCombo->GetCode(), QStringLiteral("111")) << "the first that the search finds";
@@ -106,7 +107,12 @@ TEST_F(TreeCombo, WhatTheRuleForbidsIsPassedOver)
     Type("nor");
     Press(Qt::Key_Return);
     EXPECT_EQ(m_pCombo->GetCode(), QStringLiteral("12"));
-    Type("not there");
+    Type("xx");
+    EXPECT_EQ(Popup()->GetCode(), QString()) << "nothing that is not seen";
+    Press(Qt::Key_Backspace);
+    Press(Qt::Key_Backspace);
+    EXPECT_EQ(Popup()->GetCode(), QStringLiteral("12"));
+    Type("xx");
     Press(Qt::Key_Return);
     EXPECT_EQ(m_pCombo->GetCode(), QStringLiteral("12"));
 }
