@@ -182,6 +182,8 @@ TEST(LineEdit, WhatIsDroppedIsCutLikeWhatIsPasted)
     Drop(field, QStringLiteral("XYZ"));
     EXPECT_EQ(field.text(), QStringLiteral("abcXY"));
     EXPECT_EQ(field.GetErrorHint(), QStringLiteral("too long"));
+    QTest::keyClick(field.GetLineEdit(), Qt::Key_Return);
+    EXPECT_EQ(field.GetErrorHint(), QString()) << "what was not taken need not be mended";
 }
 
 TEST(LineEdit, AnUndoneEntryLeavesWhatWasTypedBefore)
