@@ -11,8 +11,6 @@ namespace PlatformConfigUI {
 
 namespace {
 
-// Who may open the entry sees users and roles; changing them takes rights of their own.
-
 struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(CUserManagerPage)

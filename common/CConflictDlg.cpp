@@ -2,6 +2,7 @@
 
 #include "CColumnLayout.h"
 #include "CTableModel.h"
+#include "Prompt.h"
 #include "StyleSheet.h"
 
 #include <VxGUI/VxDialogService.h>
@@ -9,7 +10,6 @@
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLabel>
-#include <QPointer>
 #include <QPushButton>
 #include <QTreeView>
 #include <QVBoxLayout>
@@ -124,17 +124,14 @@ void CConflictDlg::Choose(Choice choice)
 
 CConflictDlg::Choice CConflictDlg::Ask(const QVector<Difference>& vecDifferences, QWidget* pParent)
 {
-    const QPointer<QWidget> guard(pParent);
-    const QPointer<CConflictDlg> pDialog(new CConflictDlg(vecDifferences, pParent));
+    auto* const pDialog = new CConflictDlg(vecDifferences, pParent);
     QStringList listLines;
     for (const Difference& difference : vecDifferences)
         listLines.append(QStringLiteral("%1: %2 | %3")
                              .arg(difference.sField, GetText(difference.sTheirs), GetMine(difference)));
-    const bool bChosen = VxGUI::VxDialogService::Current()->Show(
-        pDialog, {true, GetQuestion(), listLines.join(QLatin1Char('\n'))});
-    const bool bThere = bChosen && guard == pParent && pDialog;
-    const Choice choice = bThere ? pDialog->m_choice : Choice::GoOn;
-    delete pDialog;
+    Choice choice = Choice::GoOn;
+    ShowAndDelete(pDialog, {true, GetQuestion(), listLines.join(QLatin1Char('\n'))},
+        [&choice, pDialog] { choice = pDialog->m_choice; });
     return choice;
 }
 

@@ -80,7 +80,8 @@ public:
         m_bDoubt = m_bDoubt || UICommonMdl::IsOutcomeUnknown(nErrorCode);
         // What is taken may have been taken by the save whose answer did not come.
         const bool bOwn = m_bDoubt && IsNew() && IsTaken(nErrorCode);
-        if (UICommonMdl::IsOutcomeUnknown(nErrorCode) || nErrorCode == UICommonMdl::ErrorVersionConflict || bOwn)
+        if (UICommonMdl::IsOutcomeUnknown(nErrorCode) || nErrorCode == UICommonMdl::ErrorVersionConflict
+            || bOwn)
             LookUp();
         else
             Refuse(nErrorCode, sDetail);
@@ -106,7 +107,8 @@ public:
 protected:
     void LookUp() override
     {
-        SetState(State::LookingUp, m_refusal.first);
+        SetConflict(!m_bDoubt);
+        SetState(State::LookingUp);
         m_form.Fetch(m_sent, IsNew());
     }
     void GoOnToModify() override { BeginEdit(R(m_loaded)); }
@@ -140,7 +142,7 @@ private:
     }
     void Finish(const R& record)
     {
-        Close();
+        SetSaved();
         m_form.OnSaved(record);
     }
     void Refuse(int nErrorCode, const std::string& sDetail)
@@ -169,7 +171,7 @@ private:
         if (LookAgain())
             return;
         SetNotSaved();
-        // Why there was no answer is over by now.
+        // That there was no answer is no news any more.
         if (!UICommonMdl::IsOutcomeUnknown(m_refusal.first))
             Tell(m_refusal.first, m_refusal.second);
     }
@@ -177,7 +179,8 @@ private:
     {
         // What the record does not show cannot be compared: without a doubt nobody else has entered the same.
         const bool bAllSeen = !m_fields.HasSecret(m_sent) && m_form.GetOtherChange().isEmpty();
-        const bool bSame = m_fields.IsSame(m_sent, found) && (m_bDoubt || bAllSeen);
+        const bool bOwn = IsNew() ? m_bDoubt : UICommonMdl::IsOutcomeUnknown(m_refusal.first);
+        const bool bSame = m_fields.IsSame(m_sent, found) && (bOwn || bAllSeen);
         const bool bUnchanged = !IsNew() && m_bDoubt && found.nVersion == m_sent.nVersion;
         if (bUnchanged) {
             NotSaved();

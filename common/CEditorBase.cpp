@@ -82,7 +82,7 @@ void CEditorBase::SetLoadView(
 
 bool CEditorBase::MayLeave()
 {
-    if (!IsUnsettled())
+    if (!IsUnsettled() || (m_bConflict && m_state != State::Saving))
         return CInputGuard::MayLeave();
     const QPointer<CEditorBase> guard(this);
     // The question goes when it has become known meanwhile.
@@ -116,13 +116,13 @@ bool CEditorBase::IsTaken(int nErrorCode)
 
 void CEditorBase::SetState(State state, int nErrorCode)
 {
-    const bool bWasSaving = IsUnsettled();
+    const bool bWasUnsettled = IsUnsettled();
     m_state = state;
     m_bNotSaved = false;
     m_lookTimer.stop();
     if (state != State::LookingUp)
         m_bLookedOnce = false;
-    if (IsUnsettled() && !bWasSaving)
+    if (IsUnsettled() && !bWasUnsettled)
         m_pFocusBefore = GetForm()->focusWidget();
     if (state == State::Saving)
         m_noticeTimer.start();
@@ -131,7 +131,7 @@ void CEditorBase::SetState(State state, int nErrorCode)
     ShowLoadState(nErrorCode);
     Q_EMIT SignalStateChanged();
     // What was disabled for the save has lost the focus.
-    if (bWasSaving && !IsUnsettled() && m_pFocusBefore)
+    if (bWasUnsettled && !IsUnsettled() && m_pFocusBefore)
         m_pFocusBefore->setFocus();
 }
 
@@ -168,7 +168,7 @@ void CEditorBase::UpdateButton(QPushButton* pButton, bool bShown)
 {
     if (!pButton)
         return;
-    // The steps of a form may hide the button, too.
+    // Without details the button is always there, unless a form of several steps hides it.
     if (m_controls.pEdit || pButton == m_controls.pSaveAndGoOn)
         pButton->setVisible(bShown);
     const QString sObstacle = GetObstacle();
@@ -176,7 +176,7 @@ void CEditorBase::UpdateButton(QPushButton* pButton, bool bShown)
     pButton->setToolTip(sObstacle.isEmpty() ? m_mapToolTips.value(pButton) : sObstacle);
 }
 
-void CEditorBase::Close()
+void CEditorBase::SetSaved()
 {
     SetState(State::Closed);
     TellSaved(IsNew() ? m_formTexts.sAdded : m_formTexts.sModified);
@@ -228,15 +228,15 @@ void CEditorBase::ShowNotice(int nErrorCode)
     m_noticeTimer.stop();
     if (!m_pNotice)
         return;
-    const QString sUnknown = Text::tr("It is not known whether this was saved.");
+    const QString sUnknown = m_bConflict ? Text::tr("Somebody else has changed this in the meantime.")
+                                         : Text::tr("It is not known whether this was saved.");
     switch (m_state) {
     case State::Saving:
         m_pNotice->SetText(Text::tr("Saving..."));
         break;
     case State::LookingUp:
-        m_pNotice->SetText(nErrorCode == UICommonMdl::ErrorVersionConflict
-                ? Text::tr("Somebody else has changed this meanwhile. Comparing...")
-                : sUnknown + QLatin1Char(' ') + Text::tr("Checking..."));
+        m_pNotice->SetText(
+            sUnknown + QLatin1Char(' ') + (m_bConflict ? Text::tr("Comparing...") : Text::tr("Checking...")));
         break;
     case State::Unknown:
         if (m_session.IsConnected())
@@ -246,10 +246,12 @@ void CEditorBase::ShowNotice(int nErrorCode)
                 sUnknown + QLatin1Char(' ') + Text::tr("It will be checked as soon as the server is back."));
         break;
     case State::Ready:
-        if (m_bNotSaved)
-            m_pNotice->SetText(Text::tr("This was not saved. What you entered is kept."));
-        else // that the connection is lost is told beside
-            m_pNotice->SetText(IsReadOnly() || !m_session.IsConnected() ? QString() : GetObstacle());
+        // That the connection is lost is told beside.
+        if (!IsReadOnly() && m_session.IsConnected() && !GetObstacle().isEmpty())
+            m_pNotice->SetText(GetObstacle());
+        else
+            m_pNotice->SetText(
+                m_bNotSaved ? Text::tr("This was not saved. What you entered is kept.") : QString());
         break;
     default:
         m_pNotice->SetText({});
@@ -258,15 +260,8 @@ void CEditorBase::ShowNotice(int nErrorCode)
 
 void CEditorBase::WhenSeen(std::function<void()> act)
 {
-    CPage* pPage = nullptr;
-    for (QWidget* pWidget = GetForm(); pWidget && !pPage; pWidget = pWidget->parentWidget())
-        pPage = qobject_cast<CPage*>(pWidget);
-    if (!pPage || pPage->isVisible()) {
-        act();
-        return;
-    }
     const QPointer<CEditorBase> guard(this);
-    pPage->WhenShown([guard, act = std::move(act)] {
+    CPage::WhenShownAt(GetForm(), [guard, act = std::move(act)] {
         if (guard && guard->GetState() == State::Ready)
             act();
     });
@@ -301,14 +296,14 @@ void CEditorBase::OnConnectionChanged(bool bConnected)
         ShowNotice(UICommonMdl::ErrorDisconnected);
     else if (m_state == State::LoadFailed && bConnected && GetForm()->isVisible())
         Load();
-    else if (m_state == State::Ready && !m_bNotSaved)
+    else if (m_state == State::Ready)
         ShowNotice(UICommonMdl::ErrorNone);
     Q_EMIT SignalStateChanged();
 }
 
 void CEditorBase::OnRightsChanged()
 {
-    if (m_state == State::Ready && !m_bNotSaved)
+    if (m_state == State::Ready)
         ShowNotice(UICommonMdl::ErrorNone);
     Q_EMIT SignalStateChanged();
 }

@@ -83,7 +83,7 @@ public:
     bool IsUnsettled() const { return m_state >= State::Saving; }
     bool CanSave() const { return !IsReadOnly() && m_state == State::Ready && GetObstacle().isEmpty(); }
 
-    /// pszRight is what the user needs to change records (borrowed for ever).
+    /// pszRight is what the user needs to change records (a constant).
     void SetForm(const Controls& controls, const FormTexts& texts, const char* pszRight);
     /// Where it is told that a save takes its time, or that its outcome is not known (borrowed).
     void SetNotice(CSaveNotice* pNotice);
@@ -112,8 +112,10 @@ protected:
     CEditorBase(CSession& session, QWidget* pForm);
 
     void SetState(State state, int nErrorCode = 0);
-    /// The record is on the server; the form is about to be closed.
-    void Close();
+    /// Done: the record is on the server, and that is told.
+    void SetSaved();
+    /// The look that comes next is for a save that is known to be refused.
+    void SetConflict(bool bConflict) { m_bConflict = bConflict; }
     void SetPurpose(Purpose purpose);
     /// The record that is shown can be changed from now on.
     virtual void GoOnToModify() = 0;
@@ -153,6 +155,7 @@ private:
     const char* m_pszRight = nullptr; ///< null: none is needed
     QHash<QPushButton*, QString> m_mapToolTips; ///< those of buttons that can be pressed
     bool m_bNotSaved = false; ///< that is what the last look has shown
+    bool m_bConflict = false; ///< the last look is for a save that was refused
     QPointer<CSaveNotice> m_pNotice;
     QPointer<QStackedWidget> m_pStack;
     QPointer<VxGUI::VxEmptyState> m_pLoadState;

@@ -108,10 +108,10 @@ CFailureListDlg::CFailureListDlg(const QString& sText, const QVector<Failure>& v
     resize(FittingSize());
 }
 
-QString CFailureListDlg::GetLines() const
+QString GetLines(const QVector<Failure>& vecFailures)
 {
     QStringList listLines;
-    for (const Failure& failure : m_vecFailures)
+    for (const Failure& failure : vecFailures)
         listLines.append(failure.sReason.isEmpty() ? failure.sName
                                                    : failure.sName + QStringLiteral(": ") + failure.sReason);
     return listLines.join(QLatin1Char('\n'));

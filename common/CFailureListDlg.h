@@ -1,18 +1,12 @@
 #pragma once
 
+#include "Failure.h"
+
 #include <QDialog>
-#include <QVector>
 
 class QTreeView;
 
 namespace Common {
-
-/// What failed in a batch, and why.
-struct Failure
-{
-    QString sName;
-    QString sReason;
-};
 
 /// Lists what failed in a batch: a text, a table that scrolls, "Copy" and "Close". User-interface thread.
 class CFailureListDlg : public QDialog
@@ -23,8 +17,8 @@ public:
     /// What is told twice is shown once.
     CFailureListDlg(const QString& sText, const QVector<Failure>& vecFailures, QWidget* pParent = nullptr);
 
-    /// One line a failure, "name: reason"; as "Copy" puts it into the clipboard.
-    QString GetLines() const;
+    /// As "Copy" puts them into the clipboard.
+    QString GetLines() const { return Common::GetLines(m_vecFailures); }
 
 private:
     QSize FittingSize() const;

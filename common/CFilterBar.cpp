@@ -176,7 +176,7 @@ void CFilterBar::UpdateMarks()
             pReached = m_vecButtons[n]->isHidden() ? m_pMore : m_vecButtons[n];
     }
     m_pMore->setChecked(pReached == m_pMore);
-    // An icon that is set asks for a layout, also when it is the same.
+    // Setting an icon asks for a layout, even when it is the same one.
     const QString sIcon = m_pMore->isChecked() ? QStringLiteral("down-on-accent") : QStringLiteral("down");
     if (sIcon != m_sMoreIcon)
         m_pMore->setIcon(Trv::GetIcon(sIcon));

@@ -33,8 +33,16 @@ CInputGuard::CInputGuard(QWidget* pForm)
 {
 }
 
+void CInputGuard::SetBusyCheck(std::function<bool()> isBusy, const QString& sQuestion)
+{
+    m_isBusy = std::move(isBusy);
+    m_sBusyQuestion = sQuestion;
+}
+
 bool CInputGuard::MayLeave()
 {
+    if (IsBusy())
+        return AskPrompt(m_pForm, m_sBusyQuestion);
     return !IsDirty()
         || AskPrompt(m_pForm, m_sQuestion.isEmpty() ? Text::tr("Are you sure to cancel?") : m_sQuestion);
 }
@@ -68,6 +76,7 @@ bool CInputGuard::LeaveBelow(QWidget* pTop)
 void CInputGuard::End()
 {
     m_isDirty = nullptr;
+    m_isBusy = nullptr;
     m_close = nullptr;
 }
 

@@ -22,6 +22,8 @@ public:
     void SetDirtyCheck(std::function<bool()> isDirty) { m_isDirty = std::move(isDirty); }
     /// Closes the form without a question, its input being given up.
     void SetClose(std::function<void()> close) { m_close = std::move(close); }
+    /// Whether what was entered is being carried out, and what is asked of who leaves meanwhile.
+    void SetBusyCheck(std::function<bool()> isBusy, const QString& sQuestion);
     /// In place of the question that all forms ask.
     void SetQuestion(const QString& sQuestion) { m_sQuestion = sQuestion; }
 
@@ -40,12 +42,16 @@ public:
 
 protected:
     QWidget* GetForm() const { return m_pForm; }
-    virtual bool IsHoldingInput() const { return IsDirty(); }
+    virtual bool IsHoldingInput() const { return IsDirty() || IsBusy(); }
     /// The form was left; it is about to be closed.
     virtual void OnLeft() { }
 
 private:
+    bool IsBusy() const { return m_isBusy && m_isBusy(); }
+
     QWidget* m_pForm;
+    std::function<bool()> m_isBusy;
+    QString m_sBusyQuestion;
     std::function<bool()> m_isDirty;
     std::function<void()> m_close;
     QString m_sQuestion;

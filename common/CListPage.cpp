@@ -79,7 +79,9 @@ void CListPage::QueryRows()
 {
     if (m_pFrame->GetList()->GetTable()->rowCount() == 0)
         m_pFrame->ShowState(VxGUI::VxEmptyState::Kind::Loading, m_texts.sLoading);
-    m_bByPush = m_bStale;
+    // An answer that the user waits for is not called that of a push which came meanwhile.
+    m_bByPush = m_bStale && !m_bAwaited;
+    m_bAwaited = true;
     Query();
 }
 
@@ -97,6 +99,7 @@ void CListPage::QueryLater()
 
 void CListPage::ShowAnswer(int nErrorCode, int nTotal, int nPage, const std::function<void()>& show)
 {
+    m_bAwaited = false;
     if (nErrorCode != UICommonMdl::ErrorNone)
         NotifyFailure(m_texts.sFailed, nErrorCode);
     const bool bKept = IsUnheard(nErrorCode) || (m_bByPush && UICommonMdl::IsOutcomeUnknown(nErrorCode));

@@ -80,7 +80,8 @@ private:
     CListFrame* m_pFrame;
     QTimer* m_pQueryTimer;
     bool m_bStale = false; ///< within QueryStale
-    bool m_bByPush = false; ///< the last query was made for a push, and not for the user
+    bool m_bByPush = false; ///< the open query was made for pushes alone, and not for the user
+    bool m_bAwaited = false; ///< a query is open
 };
 
 } // namespace Common

@@ -70,10 +70,21 @@ void CPage::NotifyFailure(const QString& sPrefix, int nErrorCode)
 
 void CPage::TellFailures(const QString& sPrefix, const QVector<Failure>& vecFailures, int nErrorCode)
 {
+    if (nErrorCode != UICommonMdl::ErrorNone)
+        NotifyFailure(sPrefix, nErrorCode);
     if (!vecFailures.isEmpty())
         WhenShown([this, sPrefix, vecFailures] { ShowFailures(this, sPrefix, vecFailures); });
-    else if (nErrorCode != UICommonMdl::ErrorNone)
-        NotifyFailure(sPrefix, nErrorCode);
+}
+
+void CPage::WhenShownAt(QWidget* pWidget, std::function<void()> act)
+{
+    for (; pWidget; pWidget = pWidget->parentWidget()) {
+        if (auto* const pPage = qobject_cast<CPage*>(pWidget)) {
+            pPage->WhenShown(std::move(act));
+            return;
+        }
+    }
+    act();
 }
 
 void CPage::WhenShown(std::function<void()> act)

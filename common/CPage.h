@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CSession.h"
+#include "Failure.h"
 #include "IConfigPage.h"
 
 #include <VxGUI/VxNotification.h>
@@ -11,8 +12,6 @@
 #include <vector>
 
 namespace Common {
-
-struct Failure;
 
 /// Base of all pages: knows connection and rights, shows its style sheet, ends with everything below it, and
 /// keeps what it has to say to itself while nobody sees it. User-interface thread.
@@ -39,9 +38,11 @@ public:
     /// A passing message; a hidden page says nothing.
     void Notify(const QString& sText, VxGUI::NotificationKind kind);
     /// A failed request as a passing message: sPrefix and the text of the code.
+    /// Runs it now or, while the page that pWidget is on is hidden, when that is shown.
+    static void WhenShownAt(QWidget* pWidget, std::function<void()> act);
     void NotifyFailure(const QString& sPrefix, int nErrorCode);
-    /// How a batch failed: the items that did, as a list, or why none was done; nothing when all went well.
-    /// The page may be gone when it returns.
+    /// How a batch failed: the items that did, as a list, and why the rest was not done; nothing when all
+    /// went well. The page may be gone when it returns.
     void TellFailures(const QString& sPrefix, const QVector<Failure>& vecFailures, int nErrorCode);
     /// Runs it now or, on a hidden page, when the page is shown: what opens a window, and must not be lost.
     /// The page may be gone when it returns.

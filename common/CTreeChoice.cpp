@@ -31,11 +31,17 @@ void CTreeChoice::OnSearch(const QString& sText)
     m_pTree->SetFilter(sText);
     // What Enter takes is seen: the first match or, without a search, what was chosen before.
     if (sText.trimmed().isEmpty())
-        m_pTree->SelectCode(m_sStart);
-    else if (m_pTree->FindMatch().isValid())
-        ChooseMatch();
+        Choose(m_sStart);
     else
+        Choose(UICommonMdl::CCodeTreeModel::GetCode(m_pTree->FindMatch()));
+}
+
+void CTreeChoice::Choose(const QString& sCode)
+{
+    if (sCode.isEmpty())
         m_pTree->ClearCurrent();
+    else
+        m_pTree->SelectCode(sCode);
 }
 
 void CTreeChoice::Start(const QString& sCode)
@@ -43,9 +49,7 @@ void CTreeChoice::Start(const QString& sCode)
     m_sStart = sCode;
     m_pSearch->clear();
     m_pTree->expandAll();
-    if (sCode.isEmpty())
-        m_pTree->ClearCurrent();
-    m_pTree->SelectCode(sCode);
+    Choose(sCode);
     m_pSearch->setFocus();
 }
 

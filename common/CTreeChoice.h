@@ -36,6 +36,8 @@ Q_SIGNALS:
 
 private:
     void OnSearch(const QString& sText);
+    /// Makes that node the chosen one; empty: none is.
+    void Choose(const QString& sCode);
 
     QString m_sStart; ///< chosen before; empty: none
     VxGUI::VxSearchBox* m_pSearch;

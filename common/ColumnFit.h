@@ -14,8 +14,8 @@ struct ColumnNeed
 };
 
 /// Widths of the columns in a table of nRoom pixels. What is left over goes to those that stretch; when there
-/// is too little, the widest of those that give way are cut first. When that is not enough for all, the sum is
-/// above nRoom, and they are cut at the width of a long name.
+/// is too little, the widest of those that give way are cut first. When that is not enough for all, the sum
+/// is above nRoom, and they are cut at the width of a long name.
 std::vector<int> FitColumns(const std::vector<ColumnNeed>& vecNeeds, int nRoom);
 
 } // namespace Common

@@ -28,13 +28,23 @@ bool AskPrompt(QWidget* pParent, const QString& sText)
 
 bool AskDelete(QWidget* pParent, const QString& sQuestion, const QStringList& listNames)
 {
-    // The parent may take the dialog along.
-    const QPointer<QWidget> guard(pParent);
-    const QPointer<QDialog> pDialog(new CDeletePromptDlg(Text::tr("Prompt"), sQuestion, listNames, pParent));
-    const bool bOk = VxGUI::VxDialogService::Current()->Show(
-        pDialog, {true, sQuestion, CDeletePromptDlg::GetNameLines(listNames)});
-    delete pDialog;
-    return bOk && guard == pParent;
+    auto* const pDialog = new CDeletePromptDlg(Text::tr("Prompt"), sQuestion, listNames, pParent);
+    return ShowAndDelete(pDialog, {true, sQuestion, CDeletePromptDlg::GetNameLines(listNames)});
+}
+
+bool ShowAndDelete(
+    QDialog* pDialog, const VxGUI::DialogSummary& summary, const std::function<void()>& onAccepted)
+{
+    // The parent may go meanwhile, and take the dialog along.
+    const bool bParent = pDialog->parentWidget();
+    const QPointer<QWidget> pParent(pDialog->parentWidget());
+    const QPointer<QDialog> guard(pDialog);
+    const bool bAccepted =
+        VxGUI::VxDialogService::Current()->Show(pDialog, summary) && guard && (pParent || !bParent);
+    if (bAccepted && onAccepted)
+        onAccepted();
+    delete guard;
+    return bAccepted;
 }
 
 QString AskSaveFile(QWidget* pParent, const QString& sTitle, const QString& sProposal, const QString& sEnding)
@@ -59,23 +69,9 @@ QString AskSaveFile(QWidget* pParent, const QString& sTitle, const QString& sPro
 void ShowFailures(QWidget* pParent, const QString& sText, const QVector<Failure>& vecFailures)
 {
     const QString sHead = sText + QLatin1Char('\n') + Text::tr("Result of failure is shown below:");
-    const QPointer<CFailureListDlg> pDialog(new CFailureListDlg(sHead, vecFailures, pParent));
+    auto* const pDialog = new CFailureListDlg(sHead, vecFailures, pParent);
     pDialog->setWindowTitle(Text::tr("Prompt"));
-    VxGUI::VxDialogService::Current()->Show(pDialog, {false, sHead, pDialog->GetLines()});
-    delete pDialog;
-}
-
-void ShowFailures(QWidget* pParent, const QString& sText, const QStringList& listFailures)
-{
-    const QString sSeparator = QStringLiteral(": ");
-    QVector<Failure> vecFailures;
-    for (const QString& sLine : listFailures) {
-        const int nReason = sLine.indexOf(sSeparator);
-        vecFailures.append(nReason < 0
-                ? Failure{sLine, QString()}
-                : Failure{sLine.left(nReason), sLine.mid(nReason + sSeparator.size())});
-    }
-    ShowFailures(pParent, sText, vecFailures);
+    ShowAndDelete(pDialog, {false, sHead, pDialog->GetLines()});
 }
 
 QString NoConnectionText()

@@ -5,6 +5,7 @@
 
 #include <Trv/QSkin.h>
 #include <UICommonMdl/CInterfaceSetManager.h>
+#include <UserLogical/RightCodes.h>
 #include <VxGUI/VxNotification.h>
 #include <common/CRowButtonDelegate.h>
 #include <common/Prompt.h>
@@ -46,6 +47,8 @@ CBatchIssueCard::CBatchIssueCard(UICommonMdl::CInterfaceSetManager* pInterfaceSe
     m_guard.SetDirtyCheck([this] { return IsDirty(); });
     m_guard.SetClose([this] { Finish(false); });
     m_guard.SetQuestion(Text::tr("The card numbers are not saved. Are you sure to leave?"));
+    m_guard.SetBusyCheck([this] { return m_bSaving; },
+        Text::tr("It is not known yet whether the cards are issued. Are you sure to leave?"));
     m_nextTimer.setSingleShot(true);
     m_nextTimer.setInterval(NextRowDelay);
     connect(&m_nextTimer, &QTimer::timeout, this, &CBatchIssueCard::GoToNextRow);
@@ -62,6 +65,7 @@ CBatchIssueCard::CBatchIssueCard(UICommonMdl::CInterfaceSetManager* pInterfaceSe
         new QShortcut(Qt::Key_Escape, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
     connect(pEscape, &QShortcut::activated, this, &CBatchIssueCard::Leave);
     connect(&m_session, &Common::CSession::SignalConnectionChanged, this, &CBatchIssueCard::ShowState);
+    connect(&m_session, &Common::CSession::SignalRightsChanged, this, &CBatchIssueCard::ShowState);
     ShowState();
 }
 
@@ -239,9 +243,8 @@ void CBatchIssueCard::ShowClashes(const Param& param)
 
 void CBatchIssueCard::Leave()
 {
-    if (m_bSaving)
-        return;
-    m_pUi->tableIssueCard->setFocus();
+    if (!m_bSaving)
+        m_pUi->tableIssueCard->setFocus();
     m_guard.Leave();
 }
 
@@ -260,9 +263,10 @@ void CBatchIssueCard::ShowState()
     m_pUi->wgtBatchReaderBar->setEnabled(bAny && !m_bSaving);
     m_pUi->tableIssueCard->setEnabled(!m_bSaving);
     m_pUi->m_dtEffectivePeriod->setEnabled(bAny && !m_bSaving);
-    m_pUi->m_pBtnSaveBatch->setEnabled(bAny && !m_bSaving && m_session.IsConnected());
-    m_pUi->m_pBtnCancelBatch->setEnabled(!m_bSaving);
-    m_pUi->m_pBtnBack->setEnabled(!m_bSaving);
+    const bool bMayChange = m_session.HasRight(UserLogical::RightChangePersons);
+    m_pUi->m_pBtnSaveBatch->setEnabled(bAny && !m_bSaving && bMayChange && m_session.IsConnected());
+    m_pUi->m_pBtnSaveBatch->setToolTip(
+        bMayChange ? QString() : Text::tr("You have no permission to change persons."));
 }
 
 } // namespace BasicInfoManagerUI

@@ -6,8 +6,10 @@
 #include <Trv/QSkin.h>
 #include <UICommonMdl/CErrorCode.h>
 #include <UICommonMdl/CInterfaceSetManager.h>
+#include <UserLogical/RightCodes.h>
 #include <VxGUI/VxMessageBox.h>
 #include <VxGUI/VxNotification.h>
+#include <common/CPage.h>
 #include <common/Prompt.h>
 #include <common/StyleSheet.h>
 
@@ -29,13 +31,13 @@ struct Text
 
 const QString SkinFolder = QStringLiteral("BasicInfoManagerUI/Personnel");
 
-QString DescribeFailure(const PersonFailure_t& failure)
+Common::Failure DescribeFailure(const PersonFailure_t& failure)
 {
     const QString sName = QString::fromStdString(failure.sName.empty() ? failure.sPersonId : failure.sName);
     if (failure.nErrorCode == UICommonMdl::ErrorPersonDuplicate)
-        return Text::tr("Failed to authorize some plate number of %1.").arg(sName);
-    const QString sText = Common::FailureText(Text::tr("Failed to modify user"), failure.nErrorCode);
-    return QStringLiteral("%1 (%2): %3").arg(sName, QString::fromStdString(failure.sPersonId), sText);
+        return {Text::tr("Failed to authorize some plate number of %1.").arg(sName), {}};
+    return {QStringLiteral("%1 (%2)").arg(sName, QString::fromStdString(failure.sPersonId)),
+        Common::FailureText(Text::tr("Failed to modify user"), failure.nErrorCode)};
 }
 
 } // namespace
@@ -54,8 +56,12 @@ CPersonnelBatchAuthorizeUI::CPersonnelBatchAuthorizeUI(
     m_guard.SetDirtyCheck([this] { return IsDirty(); });
     m_guard.SetClose([this] { Close(); });
     m_guard.SetQuestion(Text::tr("Current page data are changed, are you sure to leave?"));
+    m_guard.SetBusyCheck([this] { return m_bBusy; },
+        Text::tr("The rest of the persons will not be authorized. Are you sure to leave?"));
     connect(&m_session, &Common::CSession::SignalConnectionChanged, this,
         &CPersonnelBatchAuthorizeUI::OnConnectionChanged);
+    connect(
+        &m_session, &Common::CSession::SignalRightsChanged, this, &CPersonnelBatchAuthorizeUI::UpdateState);
     Common::LoadStyleSheet(this, SkinFolder);
     SetBusy(false);
 }
@@ -214,9 +220,13 @@ void CPersonnelBatchAuthorizeUI::Finish(int nErrorCode)
         Q_EMIT SignalBack(true);
         return;
     }
-    VxGUI::VxNotification::Show(
-        this, Common::FailureText(Text::tr("Batch authorize person failed"), nErrorCode));
-    ShowFailures();
+    Common::CPage::WhenShownAt(this, [guard = QPointer<CPersonnelBatchAuthorizeUI>(this), nErrorCode] {
+        if (!guard)
+            return;
+        VxGUI::VxNotification::Show(
+            guard, Common::FailureText(Text::tr("Batch authorize person failed"), nErrorCode));
+        guard->ShowFailures();
+    });
 }
 
 void CPersonnelBatchAuthorizeUI::ShowFailures()
@@ -231,10 +241,10 @@ void CPersonnelBatchAuthorizeUI::ShowFailures()
             this, Text::tr("Prompt"), Text::tr("License plate number already exists."), sPlates);
     if (!guard || m_vecFailed.empty())
         return;
-    QStringList listLines;
+    QVector<Common::Failure> vecFailures;
     for (const PersonFailure_t& failure : m_vecFailed)
-        listLines << DescribeFailure(failure);
-    Common::ShowFailures(this, Text::tr("Batch authorize person failed"), listLines);
+        vecFailures << DescribeFailure(failure);
+    Common::ShowFailures(this, Text::tr("Batch authorize person failed"), vecFailures);
 }
 
 void CPersonnelBatchAuthorizeUI::Leave()
@@ -264,7 +274,10 @@ void CPersonnelBatchAuthorizeUI::SetBusy(bool bBusy)
 
 void CPersonnelBatchAuthorizeUI::UpdateState()
 {
-    m_pUi->m_pBtnOk->setEnabled(m_session.IsConnected() && !m_bBusy);
+    const bool bMayChange = m_session.HasRight(UserLogical::RightChangePersons);
+    m_pUi->m_pBtnOk->setEnabled(m_session.IsConnected() && bMayChange && !m_bBusy);
+    m_pUi->m_pBtnOk->setToolTip(
+        bMayChange ? QString() : Text::tr("You have no permission to change persons."));
     m_pUi->btnChoicesAgain->setEnabled(m_session.IsConnected());
 }
 

@@ -49,8 +49,8 @@ CPersonnelInfoUI::CPersonnelInfoUI(UICommonMdl::CInterfaceSetManager* pInterface
     setObjectName(QStringLiteral("CPersonnelInfoUI"));
     SetUpSections();
     SetUpButtons();
-    SetUpEditor();
     SetUpShortcuts();
+    SetUpEditor();
     connect(
         &m_session, &Common::CSession::SignalConnectionChanged, this, &CPersonnelInfoUI::OnConnectionChanged);
     connect(&m_session, &Common::CSession::SignalRightsChanged, this, &CPersonnelInfoUI::UpdateState);

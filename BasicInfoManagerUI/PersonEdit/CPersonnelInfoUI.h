@@ -69,7 +69,7 @@ private:
     // What is shown.
     void Begin();
     void BeginNewPerson(const std::string& sGroupCode);
-    /// Makes the fields ones to read or to change.
+    /// Makes the fields editable, or not.
     void ShowPurpose();
     void ShowFields(const Person& person);
     void UpdateState();

@@ -59,25 +59,25 @@ QStringList FailedIds(const std::vector<AccessControlLogical::PersonFailure_t>& 
     return listIds;
 }
 
-QStringList FailureLines(const std::vector<AccessControlLogical::PersonFailure_t>& vecFailed)
+QVector<Common::Failure> FailuresOf(const std::vector<AccessControlLogical::PersonFailure_t>& vecFailed)
 {
-    QStringList listLines;
+    QVector<Common::Failure> vecFailures;
     for (const AccessControlLogical::PersonFailure_t& failure : vecFailed)
-        listLines.append(
-            QStringLiteral("%1 (%2): %3")
-                .arg(QString::fromStdString(failure.sName), QString::fromStdString(failure.sPersonId),
-                    UICommonMdl::CErrorCode::GetErroCodeInfor(failure.nErrorCode)));
-    return listLines;
+        vecFailures.append({QStringLiteral("%1 (%2)").arg(QString::fromStdString(failure.sName),
+                                QString::fromStdString(failure.sPersonId)),
+            UICommonMdl::CErrorCode::GetErroCodeInfor(failure.nErrorCode)});
+    return vecFailures;
 }
 
-QStringList ExceptionLines(const std::vector<AccessControlLogical::AuthorizeException_t>& vecExceptions)
+QVector<Common::Failure> FailuresOf(
+    const std::vector<AccessControlLogical::AuthorizeException_t>& vecExceptions)
 {
-    QStringList listLines;
+    QVector<Common::Failure> vecFailures;
     for (const AccessControlLogical::AuthorizeException_t& exception : vecExceptions)
-        listLines.append(QStringLiteral("%1, %2: %3")
-                             .arg(QString::fromStdString(exception.sDeviceName),
-                                 GetCredentialText(exception.nCredential), GetExceptionReason(exception)));
-    return listLines;
+        vecFailures.append({QStringLiteral("%1, %2").arg(QString::fromStdString(exception.sDeviceName),
+                                GetCredentialText(exception.nCredential)),
+            GetExceptionReason(exception)});
+    return vecFailures;
 }
 
 } // namespace
@@ -382,7 +382,7 @@ void CPersonManagerCtrl::OnAllDeleted(const Param& param, const QString& sGroupC
 {
     if (param.nErrorCode == UICommonMdl::ErrorNone)
         ForgetGroup(sGroupCode, bSubGroups, FailedIds(param.vecFailed));
-    ShowOutcome(Text::tr("Failed to delete person"), FailureLines(param.vecFailed), param.nErrorCode);
+    ShowOutcome(Text::tr("Failed to delete person"), FailuresOf(param.vecFailed), param.nErrorCode);
 }
 
 void CPersonManagerCtrl::MovePersons(const QStringList& listIds)
@@ -420,7 +420,7 @@ void CPersonManagerCtrl::SendNext(const Batch& batch)
 
 void CPersonManagerCtrl::OnBatchAnswer(const Param& param, const QStringList& listSent, Batch batch)
 {
-    batch.listFailures += FailureLines(param.vecFailed);
+    batch.vecFailures += FailuresOf(param.vecFailed);
     if (param.nErrorCode == UICommonMdl::ErrorNone && batch.sGroupCode.isEmpty()) {
         QStringList listGone = listSent;
         for (const QString& sId : FailedIds(param.vecFailed))
@@ -430,17 +430,15 @@ void CPersonManagerCtrl::OnBatchAnswer(const Param& param, const QStringList& li
     if (param.nErrorCode == UICommonMdl::ErrorNone && !batch.listLeft.isEmpty())
         SendNext(batch);
     else
-        ShowOutcome(batch.sFailure, batch.listFailures, param.nErrorCode);
+        ShowOutcome(batch.sFailure, batch.vecFailures, param.nErrorCode);
 }
 
-void CPersonManagerCtrl::ShowOutcome(const QString& sFailure, const QStringList& listFailures, int nErrorCode)
+void CPersonManagerCtrl::ShowOutcome(
+    const QString& sFailure, const QVector<Common::Failure>& vecFailures, int nErrorCode)
 {
     QueryRows();
-    if (nErrorCode != UICommonMdl::ErrorNone)
-        NotifyFailure(sFailure, nErrorCode);
     // Last: the page may be gone when the message is closed.
-    if (!listFailures.isEmpty())
-        WhenShown([this, sFailure, listFailures] { Common::ShowFailures(this, sFailure, listFailures); });
+    TellFailures(sFailure, vecFailures, nErrorCode);
 }
 
 void CPersonManagerCtrl::ReissuePerson(const QString& sPersonId)
@@ -454,8 +452,8 @@ void CPersonManagerCtrl::ReissuePerson(const QString& sPersonId)
             Notify(sFailure, VxGUI::NotificationKind::Error);
         QueryRows();
         if (!param.vecExceptions.empty())
-            WhenShown([this, listLines = ExceptionLines(param.vecExceptions)] {
-                Common::ShowFailures(this, Text::tr("Details of authorization failure"), listLines);
+            WhenShown([this, vecFailures = FailuresOf(param.vecExceptions)] {
+                Common::ShowFailures(this, Text::tr("Details of authorization failure"), vecFailures);
             });
     };
     m_reissueCalls.Each<&IAccessControlManager::ReissuePersonRight>(sPersonId.toStdString(), onAnswer);

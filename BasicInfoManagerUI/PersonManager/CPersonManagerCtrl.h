@@ -43,7 +43,7 @@ private:
         QStringList listLeft; ///< not yet sent
         QString sGroupCode; ///< where they move; empty: they are deleted
         QString sFailure; ///< begins the message of a failure
-        QStringList listFailures; ///< a line each
+        QVector<Common::Failure> vecFailures;
     };
 
     void Query() override;
@@ -80,7 +80,7 @@ private:
     void SendNext(const Batch& batch);
     void OnBatchAnswer(const Param& param, const QStringList& listSent, Batch batch);
     /// The end of a batch: the list anew, and what failed.
-    void ShowOutcome(const QString& sFailure, const QStringList& listFailures, int nErrorCode);
+    void ShowOutcome(const QString& sFailure, const QVector<Common::Failure>& vecFailures, int nErrorCode);
     void ReissuePerson(const QString& sPersonId);
     void ShowHistory(const QString& sPersonId);
     void ShowQrCode(const QString& sPersonId);

@@ -307,7 +307,7 @@ void CRoleManagerEditDlg::CloseBecauseGone()
 
 void CRoleManagerEditDlg::UpdateButtons()
 {
-    // Its rights would not be those that the tree shows.
+    // While the rights to copy are on their way the tree still shows others.
     m_pUi->btnOk->setEnabled(m_editor.CanSave() && !m_copyCalls.IsPending());
     m_pUi->cmbCopyFrom->setEnabled(m_editor.CanSave());
 }

@@ -50,7 +50,7 @@ private:
     void SetUpEditor();
     using Purpose = Common::CEditorBase::Purpose;
     void Load(Purpose purpose, const QString& sRoleId);
-    /// Makes the fields and the tree of rights ones to read or to change.
+    /// Makes the fields and the rights editable, or not.
     void ShowPurpose();
     void ShowRoles();
     void OnCopyChosen(int nIndex);

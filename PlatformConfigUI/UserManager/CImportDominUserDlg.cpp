@@ -194,7 +194,7 @@ void CImportDominUserDlg::ShowFailed(const std::vector<UserLogical::UserFailure_
     VxGUI::VxDialogService::Current()->Message(this, Text::tr("Failed to add domain user"),
         Text::tr("Failed to add domain user.") + QLatin1Char('\n')
             + Text::tr("The list of domain users that are failed to add is as follows:"),
-        GetFailureLines(vecFailed).join(QLatin1Char('\n')));
+        Common::GetLines(GetFailures(vecFailed)));
 }
 
 void CImportDominUserDlg::OnConnectionChanged(bool bConnected)

@@ -111,7 +111,7 @@ void CSyncDominUserDlg::OnDeleteAnswer(const Param& param)
         Q_EMIT SignalUsersDeleted();
         Query();
         // Last: the dialog may be gone when the message is closed.
-        Common::ShowFailures(this, sFailure, GetFailureLines(param.vecFailed));
+        Common::ShowFailures(this, sFailure, GetFailures(param.vecFailed));
     } else if (param.nErrorCode != UICommonMdl::ErrorNone) {
         VxGUI::VxNotification::Show(this, Common::FailureText(sFailure, param.nErrorCode));
     } else {

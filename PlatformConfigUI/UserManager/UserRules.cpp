@@ -52,13 +52,13 @@ QString GetPasswordExpirationText(bool bInterval, qint64 nChanged, int nDays)
     return end.toString(QStringLiteral("yyyy-MM-dd HH:mm"));
 }
 
-QStringList GetFailureLines(const std::vector<UserLogical::UserFailure_t>& vecFailed)
+QVector<Common::Failure> GetFailures(const std::vector<UserLogical::UserFailure_t>& vecFailed)
 {
-    QStringList listLines;
+    QVector<Common::Failure> vecFailures;
     for (const UserLogical::UserFailure_t& failure : vecFailed)
-        listLines.append(QStringLiteral("%1: %2").arg(QString::fromStdString(failure.sUserName),
-            UICommonMdl::CErrorCode::GetErroCodeInfor(failure.nErrorCode)));
-    return listLines;
+        vecFailures.append({QString::fromStdString(failure.sUserName),
+            UICommonMdl::CErrorCode::GetErroCodeInfor(failure.nErrorCode)});
+    return vecFailures;
 }
 
 std::vector<std::string> ToNames(const QStringList& listNames)

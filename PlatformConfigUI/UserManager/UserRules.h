@@ -1,6 +1,7 @@
 #pragma once
 
 #include <UserLogical/UserRecords.h>
+#include <common/Failure.h>
 
 #include <QDateTime>
 #include <QString>
@@ -21,8 +22,7 @@ QString GetOnlineText(bool bOnline);
 /// Until when a password serves: "Never" ends it without an interval, nothing is said for a number of days
 /// that is none. nChanged in milliseconds since 1970.
 QString GetPasswordExpirationText(bool bInterval, qint64 nChanged, int nDays);
-/// One line a user: the name and why it was refused.
-QStringList GetFailureLines(const std::vector<UserLogical::UserFailure_t>& vecFailed);
+QVector<Common::Failure> GetFailures(const std::vector<UserLogical::UserFailure_t>& vecFailed);
 
 std::vector<std::string> ToNames(const QStringList& listNames);
 QStringList FromNames(const std::vector<std::string>& vecNames);

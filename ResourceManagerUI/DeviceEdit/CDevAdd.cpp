@@ -7,7 +7,7 @@
 #include <UICommonMdl/CErrorCode.h>
 #include <UserLogical/RightCodes.h>
 #include <VxGUI/RequiredMark.h>
-#include <common/CFailureListDlg.h>
+#include <common/CPage.h>
 #include <common/Prompt.h>
 #include <common/StyleSheet.h>
 
@@ -78,8 +78,11 @@ void CDevAdd::SetUpFields()
         pCount->setRange(GroupLogical::DeviceCount.nMin, GroupLogical::DeviceCount.nMax);
         // Else 4096 would become 409 in silence.
         connect(pCount->findChild<QLineEdit*>(), &QLineEdit::inputRejected, pCount, [pCount] {
-            QToolTip::showText(pCount->mapToGlobal(pCount->rect().bottomLeft()),
-                Text::tr("At most %1").arg(pCount->maximum()), pCount);
+            const QString sLimit = QString::number(pCount->maximum());
+            if (pCount->cleanText().size() < sLimit.size() - 1)
+                return;
+            QToolTip::showText(
+                pCount->mapToGlobal(pCount->rect().bottomLeft()), Text::tr("At most %1").arg(sLimit), pCount);
         });
     }
     // A digit that would lead beyond the greatest port is not taken: say why.
@@ -271,13 +274,23 @@ void CDevAdd::OnSaved(const Device&)
     const QPointer<CDevAdd> guard(this);
     if (!m_editor.IsNew())
         m_editor.TellSaved(Text::tr("The device was modified."));
-    else if (m_vecFailed.empty())
-        m_editor.TellSaved(
-            IsSegment() ? Text::tr("The devices were added.") : Text::tr("The device was added."));
-    if (IsSegment() && !m_vecFailed.empty())
-        ShowSegmentFailures();
+    else if (IsSegment())
+        TellSegment();
+    else
+        m_editor.TellSaved(Text::tr("The device was added."));
     if (guard)
         Q_EMIT SignalEditComplete();
+}
+
+void CDevAdd::TellSegment()
+{
+    // Of one that was looked up it is known what is there, but not why the rest is not.
+    if (m_nFound > 0 && m_nFound < GetSentSize())
+        m_editor.TellSaved(Text::tr("%1 of %2 devices were added.").arg(m_nFound).arg(GetSentSize()));
+    else if (m_vecFailed.empty())
+        m_editor.TellSaved(Text::tr("The devices were added."));
+    else
+        ShowSegmentFailures();
 }
 
 int CDevAdd::GetSentSize() const
@@ -293,10 +306,12 @@ void CDevAdd::ShowSegmentFailures()
         vecFailures.append({QString::fromStdString(item.sId.empty() ? item.sName : item.sId),
             UICommonMdl::CErrorCode::GetErroCodeInfor(item.nErrorCode)});
     const int nAdded = GetSentSize() - int(m_vecFailed.size());
-    Common::ShowFailures(this,
-        nAdded > 0 ? Text::tr("%1 of %2 devices were added.").arg(nAdded).arg(GetSentSize())
-                   : Text::tr("Failed to add device"),
-        vecFailures);
+    const QString sText = nAdded > 0 ? Text::tr("%1 of %2 devices were added.").arg(nAdded).arg(GetSentSize())
+                                     : Text::tr("Failed to add device");
+    Common::CPage::WhenShownAt(this, [guard = QPointer<CDevAdd>(this), sText, vecFailures] {
+        if (guard)
+            Common::ShowFailures(guard, sText, vecFailures);
+    });
 }
 
 QWidget* CDevAdd::FindField(const std::string& sErrorDetail) const

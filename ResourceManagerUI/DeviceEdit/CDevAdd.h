@@ -73,7 +73,7 @@ private:
 
     // The form and its record.
     void Start(const std::vector<GroupLogical::Organization_t>& vecOrganizations, const QString& sOrgCode);
-    /// What a new device needs is not what one that is edited needs.
+    /// A new device needs other fields than one that is edited.
     void ShowPurpose();
     void ShowRecord(const Device& record) override;
     void ShowTexts(const Device& device);
@@ -114,11 +114,13 @@ private:
     bool IsSegment() const { return m_editor.GetSent().nAddMode == GroupLogical::AddBySegment; }
     /// Addresses of the segment that was sent.
     int GetSentSize() const;
+    void TellSegment();
     void ShowSegmentFailures();
     void UpdateState();
 
     std::unique_ptr<Ui::CDevAdd> m_pUi;
     std::vector<GroupLogical::FailedItem_t> m_vecFailed; ///< addresses of the segment that was saved
+    int m_nFound = 0; ///< devices of the segment that a look-up has found; 0: none was needed
     bool m_bDictionary = false; ///< the dictionary is there
     RemoteConfigLogical::Dictionary_t m_dictionary;
     std::vector<RemoteConfigLogical::VideoServer_t> m_vecServers;

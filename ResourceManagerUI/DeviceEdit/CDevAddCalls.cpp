@@ -82,6 +82,7 @@ void CDevAdd::Describe(Common::RecordFields<Device>& fields) const
 void CDevAdd::Send(const Device& record, bool bNew)
 {
     m_vecFailed.clear();
+    m_nFound = 0;
     const std::string& sAddress = IsSegment() ? record.sIpStart : record.sIp;
     qCInfo(LogDeviceForm, "%s AddDevice IP[%s] Port[%d]", "ResourceManagerUI::CDevAdd::AddOrModifyDevice",
         sAddress.c_str(), record.nPort);
@@ -125,8 +126,9 @@ void CDevAdd::FindAdded(const Device& record)
     request.sSearchText = QUrl::toPercentEncoding(QString::fromStdString(record.sName)).toStdString();
     m_groupCalls.Latest<&IGroupManager::QueryDevicePage>(request, [this](const GroupParam& param) {
         const auto& vecDevices = param.devicePage.vecDevices;
-        const auto it = std::find_if(vecDevices.begin(), vecDevices.end(),
-            [this](const GroupLogical::DeviceInfo_t& device) { return IsOfSent(device); });
+        const auto isOfSent = [this](const auto& device) { return IsOfSent(device); };
+        const auto it = std::find_if(vecDevices.begin(), vecDevices.end(), isOfSent);
+        m_nFound = int(std::count_if(it, vecDevices.end(), isOfSent));
         if (it == vecDevices.end())
             m_editor.OnFetched(param.nErrorCode, nullptr);
         else if (IsSegment())

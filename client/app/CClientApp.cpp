@@ -173,12 +173,6 @@ void CClientApp::OnSignedIn()
         m_pWindow->OnRightsChanged();
         return;
     }
-    // What the one before has entered is lost with his window.
-    if (m_pWindow && !m_pWindow->MayLeave()) {
-        m_pClient->SignOut();
-        OnSessionEnded();
-        return;
-    }
     CloseWindow();
     m_sWindowUser = sUser;
     OpenWindow();
@@ -186,8 +180,10 @@ void CClientApp::OnSignedIn()
 
 void CClientApp::OnSignInGivenUp()
 {
-    if (!m_pWindow || m_pWindow->MayLeave())
+    if (!m_pWindow)
         QApplication::quit();
+    else if (m_pWindow->MayLeave())
+        OnSignOut(); // another account may sign in now
     else
         OnSessionEnded();
 }

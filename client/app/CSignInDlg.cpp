@@ -102,6 +102,7 @@ void CSignInDlg::ShowFailure(const QString& sText)
 void CSignInDlg::Connect()
 {
     m_pUi->lbServer->setText(m_client.GetServer().toDisplayString());
+    m_pUi->edtUserName->setReadOnly(false);
     ShowWaiting(tr("Connecting to the server..."));
     m_client.QueryServerState();
 }
@@ -110,6 +111,7 @@ void CSignInDlg::AskAgain(const QString& sUserName, const QString& sReason)
 {
     ShowForm(Mode::SignIn);
     m_pUi->edtUserName->setText(sUserName);
+    m_pUi->edtUserName->setReadOnly(true);
     m_pUi->edtPassword->setText(QString());
     m_pUi->edtPassword->GetLineEdit()->setFocus();
     ShowError(sReason);

@@ -43,7 +43,7 @@ public:
     void ShowForm(Mode mode);
     /// Asks the server and goes on with what it answers.
     void Connect();
-    /// Shows why the user has to sign in again, and for which account.
+    /// Shows why the user has to sign in again; it is for that account alone, until Connect.
     void AskAgain(const QString& sUserName, const QString& sReason);
     /// Signs in without asking; on a server without a password this one becomes it.
     void SignInAtOnce(const QString& sUserName, const QString& sPassword);

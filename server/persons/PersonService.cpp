@@ -239,24 +239,27 @@ void PersonService::IssueCards(const Context& context, const wire::IssueCardsReq
             const std::string sCardNo = PersonRules::UpperCase(card.sCardNo);
             if (!PersonRules::IsCardNo(sCardNo))
                 throw ServiceError(UICommonMdl::ErrorInvalidInput, "sCardNo");
-            // Whose answer was lost asks again: what the person has already is not in its way.
-            const auto hasNo = [&](const Card_t& card) { return card.sCardNo == sCardNo; };
-            if (std::any_of(optBefore->vecCards.begin(), optBefore->vecCards.end(), hasNo))
-                continue;
+            // A client whose answer was lost asks again: what the person has already is no clash.
+            const bool bHeld = std::any_of(optBefore->vecCards.begin(), optBefore->vecCards.end(),
+                [&](const Card_t& held) { return held.sCardNo == sCardNo; });
             // Numbers that stand twice in the batch clash with the first one, which is in by then.
-            if (database
-                    .Run(QStringLiteral("SELECT 1 FROM person_card WHERE card_no = ?"), {TextValue(sCardNo)})
-                    .Next()) {
+            if (!bHeld
+                && database
+                       .Run(QStringLiteral("SELECT 1 FROM person_card WHERE card_no = ?"),
+                           {TextValue(sCardNo)})
+                       .Next()) {
                 vecClashes.push_back({ClashCardNo, sCardNo});
                 continue;
             }
             Person_t after = *optBefore;
-            after.vecCards.push_back({sCardNo});
+            if (!bHeld)
+                after.vecCards.push_back({sCardNo});
             if (request.nValidFrom != 0 || request.nValidTo != 0) {
                 after.nValidFrom = request.nValidFrom;
                 after.nValidTo = request.nValidTo;
             }
-            Write(database, *optBefore, after, context, wire::IssueCards::Name);
+            if (!(after == *optBefore))
+                Write(database, *optBefore, after, context, wire::IssueCards::Name);
         }
         if (!vecClashes.empty())
             throw ServiceError(UICommonMdl::ErrorPersonDuplicate, wire::ClashText(vecClashes));

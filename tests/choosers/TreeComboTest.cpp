@@ -115,6 +115,10 @@ TEST_F(TreeCombo, WhatTheRuleForbidsIsPassedOver)
     Type("xx");
     Press(Qt::Key_Return);
     EXPECT_EQ(m_pCombo->GetCode(), QStringLiteral("12"));
+    m_pCombo->SetCode(QString());
+    Type("n");
+    Press(Qt::Key_Backspace);
+    EXPECT_EQ(Popup()->GetCode(), QString()) << "nothing was chosen before";
 }
 
 TEST_F(TreeCombo, KeepsItsNodeWhileTheTreeIsReadAgain)

@@ -78,8 +78,8 @@ TEST(FailureList, ThePageMayGoWhileItIsOpen)
 TEST(FailureList, TheDialogServiceHearsWhatIsTold)
 {
     RecordingDialogService dialogs;
-    Common::ShowFailures(
-        nullptr, QStringLiteral("Failed to delete user."), QStringList{QStringLiteral("anna: busy: later")});
+    Common::ShowFailures(nullptr, QStringLiteral("Failed to delete user."),
+        {{QStringLiteral("anna"), QStringLiteral("busy: later")}});
     EXPECT_EQ(dialogs.Shown(),
         QStringList{QStringLiteral(
             "Prompt: Failed to delete user.\nResult of failure is shown below:\nanna: busy: later")});

@@ -78,6 +78,9 @@ TEST_F(BatchIssue, TypedNumbersAreCheckedAndSentWithThePeriodThatWasChosen)
     EXPECT_EQ(Sent().vecCards, vecCards);
     EXPECT_EQ(Sent().nValidFrom + Sent().nValidTo, 0);
     Answer(ErrorCode::ErrorTimeOut);
+    EXPECT_TRUE(Notice().startsWith(QLatin1String("It is not known whether the cards were issued.")));
+    Save();
+    Answer(ErrorCode::ErrorDatabaseBusy);
     EXPECT_TRUE(Notice().startsWith(QLatin1String("Failed to batch issue card. ")));
 
     m_driver.Click(QStringLiteral("m_ckEffective"));
@@ -85,7 +88,7 @@ TEST_F(BatchIssue, TypedNumbersAreCheckedAndSentWithThePeriodThatWasChosen)
     auto* const pTo = m_driver.Find<QDateTimeEdit>(QStringLiteral("m_dtEffectiveTo"));
     pTo->setDateTime(pFrom->dateTime());
     Save();
-    EXPECT_EQ(Requests(), 1) << "a period without a length was sent";
+    EXPECT_EQ(Requests(), 2) << "a period without a length was sent";
     pTo->setDateTime(pFrom->dateTime().addSecs(60));
     Save();
     const std::int64_t nFrom = pFrom->dateTime().toSecsSinceEpoch();
@@ -99,7 +102,11 @@ TEST_F(BatchIssue, ServersClashesAreNamedMarkedAndCanBeMended)
     TypeAll({"A1", "B2", "C3"});
     Save();
     EXPECT_FALSE(m_driver.IsUsable(QStringLiteral("m_pBtnSaveBatch")));
-    EXPECT_FALSE(m_driver.IsUsable(QStringLiteral("m_pBtnBack")));
+    m_dialogs.AnswerNext(false);
+    m_driver.Click(QStringLiteral("m_pBtnBack"));
+    EXPECT_EQ(m_dialogs.LastText(),
+        QStringLiteral("It is not known yet whether the cards are issued. Are you sure to leave?"));
+    EXPECT_EQ(back.count(), 0);
     Answer(ErrorCode::ErrorPersonDuplicate, {{ClashCardNo, "B2"}, {ClashCardNo, "C3"}});
     EXPECT_EQ(Notice(), "The card number already exists: B2, C3");
     EXPECT_TRUE(!IsMarked(0) && IsMarked(1) && IsMarked(2));

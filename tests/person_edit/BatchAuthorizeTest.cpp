@@ -74,6 +74,19 @@ TEST_F(BatchAuthorize, ChosenPermissionsGoToThePersonsThatAreLeft)
     EXPECT_FALSE(m_pPage->IsDirty());
 }
 
+TEST_F(BatchAuthorize, WhoLeavesWhileItRunsIsAskedAlsoWithoutAChoice)
+{
+    Open(3);
+    m_dialogs.AnswerNext(true); // all lose their permissions
+    Click("m_pBtnOk");
+    m_dialogs.AnswerNext(false);
+    EXPECT_FALSE(Common::CInputGuard::LeaveBelow(m_pPage.get()));
+    EXPECT_TRUE(m_vecBack.empty());
+    m_host.SetMissingRights({"002003001"});
+    Answer();
+    EXPECT_FALSE(IsUsable("m_pBtnOk"));
+}
+
 TEST_F(BatchAuthorize, ManyPersonsGoOneBatchAfterTheOther)
 {
     Open(2500);

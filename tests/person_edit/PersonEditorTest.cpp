@@ -28,6 +28,7 @@ TEST_F(PersonEditor, NewPersonGoesToTheServerAsItWasEntered)
 {
     OpenAdd();
     EXPECT_EQ(LabelText("lbPersonTitle"), "Add Person");
+    EXPECT_EQ(m_pPage->findChild<QWidget*>(QStringLiteral("m_pBtnOk"))->toolTip(), QStringLiteral("Ctrl+S"));
     FillRequired();
     Choose("m_pCmbGender", "Male");
     Type("m_pEditTelephone", "555");

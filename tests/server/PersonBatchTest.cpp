@@ -136,6 +136,9 @@ TEST_P(PersonBatchTest, CardsAreIssuedAllOrNone)
     EXPECT_EQ(Detail("200").nValidTo, 1800000000);
     pClient->Get<wire::IssueCards>({{{"200", "BB"}, {"30", "dd"}}, 0, 0});
     EXPECT_THAT(Detail("200").vecCards, testing::ElementsAre(Card_t{"BB"})) << "it has it already";
+    EXPECT_EQ(Detail("200").nValidTo, 1800000000);
+    pClient->Get<wire::IssueCards>({{{"200", "BB"}}, 1700000000, 1900000000});
+    EXPECT_EQ(Detail("200").nValidTo, 1900000000);
     EXPECT_EQ(Detail("30").vecCards.size(), 3U);
     const std::pair<wire::IssueCardsRequest, int> refused[] = {{{{{"200", "xy"}}, 0, 0}, ErrorInvalidInput},
         {{{{"200", ""}}, 0, 0}, ErrorInvalidInput}, {{{{"201", "dd"}}, 0, 0}, ErrorNotFound},

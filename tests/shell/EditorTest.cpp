@@ -205,6 +205,32 @@ TEST_F(Editor, NeverClashesWithItsOwnSave)
     EXPECT_TRUE(m_form.m_vecRefusals.empty());
 }
 
+TEST_F(Editor, AConflictIsNotCalledUnknown)
+{
+    Rename(false);
+    Edit().OnAnswer(ErrorVersionConflict, {}, nullptr);
+    Edit().OnFetched(ErrorDatabaseBusy, nullptr);
+    ASSERT_TRUE(IsUnknown());
+    EXPECT_TRUE(m_form.Notice().startsWith(QStringLiteral("Somebody else has changed this")));
+}
+
+TEST_F(Editor, AnEarlierDoubtDoesNotTakeAnothersSecretForItsOwn)
+{
+    Edit().BeginEdit(Loaded());
+    m_form.m_sSecret = "1234";
+    Edit().Save();
+    Edit().OnAnswer(ErrorTimeOut, {}, nullptr);
+    const Note_t unchanged = Loaded();
+    Fetched(ErrorNone, &unchanged);
+    Edit().Save();
+    Edit().OnAnswer(ErrorVersionConflict, {}, nullptr);
+    Note_t changed = Loaded();
+    ++changed.nVersion;
+    m_dialogs.ClickNext(QStringLiteral("btnGoOn"));
+    Edit().OnFetched(ErrorNone, &changed);
+    EXPECT_TRUE(m_form.m_vecSaved.empty()) << "whose secret it is cannot be seen";
+}
+
 TEST_F(Editor, AsksAgainWhenTheServerIsBackAndWhenItIsTold)
 {
     Rename(false);
