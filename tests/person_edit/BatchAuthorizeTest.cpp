@@ -1,6 +1,7 @@
 #include "PersonEditFixture.h"
 
 #include <PersonEdit/CPersonnelBatchAuthorizeUI.h>
+#include <common/CInputGuard.h>
 
 #include <QComboBox>
 

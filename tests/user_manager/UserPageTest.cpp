@@ -162,6 +162,24 @@ TEST_F(UserPage, LongWorkShowsTheWaitDialogUntilItsAnswerOrTheLossOfTheConnectio
     }
 }
 
+TEST_F(UserPage, AQueryThatIsNotAnsweredTakesTheRowsOnlyFromWhoAsked)
+{
+    Open();
+    Users().FailAlways<wire::QueryUserPage>(UICommonMdl::ErrorTimeOut);
+    const int nQueries = Queries();
+    Push(wire::event::UsersChanged);
+    PageDriver::WaitFor([&] { return Queries() == nQueries + 1; });
+    PageDriver::Settle();
+    EXPECT_TRUE(Cell("alice").isValid()) << "the user has asked for nothing";
+    Users().Hold<wire::QueryUserPage>();
+    Click("btnRefresh");
+    Push(wire::event::UsersChanged);
+    PageDriver::WaitFor([&] { return Queries() == nQueries + 3; });
+    Users().FailLast<wire::QueryUserPage>(UICommonMdl::ErrorTimeOut);
+    PageDriver::Settle();
+    EXPECT_FALSE(Cell("alice").isValid()) << "the push came in between";
+}
+
 TEST_F(UserPage, ChangesOfOthersAreGatheredIntoOneQueryAndChecksStay)
 {
     Open();
