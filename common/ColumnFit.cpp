@@ -7,7 +7,7 @@ namespace Common {
 
 namespace {
 
-constexpr int NameWidth = 240; // pixels
+constexpr int NameWidth = 280; // pixels
 
 int WidthAt(const ColumnNeed& need, int nLevel)
 {

@@ -6,14 +6,18 @@
 #include <VxPluginAPI/IAbstractUI.h>
 #include <VxPluginAPI/IAbstractWidget.h>
 #include <VxPluginAPI/IPluginAPI.h>
+#include <client/app/CClientApp.h>
 #include <client/app/CMainWindow.h>
 #include <client/app/CPluginHost.h>
 #include <client/app/CSignInDlg.h>
 #include <server/services/RightsService.h>
 
+#include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPluginLoader>
+#include <QPointer>
 #include <QToolButton>
 
 using ClientApp::CSignInDlg;
@@ -141,15 +145,16 @@ TEST_F(SignIn, AServerThatIsDownCanBeTriedAgain)
 
 namespace {
 
+QString PluginPath()
+{
+    return qEnvironmentVariable("PRODUCT_BINARY_DIR")
+        + QStringLiteral("/lib/plugins/libConfigManagerPlugin.so");
+}
+
 /// The client's window on the plug-in library itself.
 class MainWindow : public testing::Test
 {
 protected:
-    static QString PluginPath()
-    {
-        return qEnvironmentVariable("PRODUCT_BINARY_DIR")
-            + QStringLiteral("/lib/plugins/libConfigManagerPlugin.so");
-    }
     void Open(const std::string& sUser)
     {
         m_pClient = std::make_unique<LiveClient>(m_server, sUser);
@@ -285,4 +290,62 @@ TEST_F(MainWindow, ALostConnectionIsShownUntilItIsBack)
     PageDriver::WaitFor([&] { return m_pDriver->IsShown(QStringLiteral("lbConnection")); });
     m_server.Start();
     PageDriver::WaitFor([&] { return !m_pDriver->IsShown(QStringLiteral("lbConnection")); });
+}
+
+namespace {
+
+template <class Window>
+Window* FindWindow()
+{
+    for (QWidget* const pWindow : QApplication::topLevelWidgets()) {
+        if (auto* const pFound = qobject_cast<Window*>(pWindow))
+            return pFound;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+TEST(ClientRun, WhoGivesUpTheSignInAfterTheSessionIsAskedAboutHisForms)
+{
+    TestServer server;
+    server.AddAccount("guard", {"002", "002003", "002003001"});
+    LiveClient admin(server);
+    RecordingDialogService dialogs;
+    const QTemporaryDir folder;
+    ClientApp::ClientOptions options;
+    options.server = server.Url();
+    options.sDataDir = folder.path();
+    options.sPluginPath = PluginPath();
+    ClientApp::CClientApp client(options);
+    ASSERT_TRUE(client.Start());
+    const QPointer<CSignInDlg> pSignIn(FindWindow<CSignInDlg>());
+    {
+        PageDriver driver(*pSignIn, QSize(420, 520));
+        PageDriver::WaitFor([&] { return driver.IsUsable(QStringLiteral("btnSignIn")); });
+        driver.Type(QStringLiteral("edtUserName"), QStringLiteral("guard"));
+        driver.Type(QStringLiteral("edtPassword"), QString::fromStdString(TestServer::AdminPassword()));
+        driver.Key(QStringLiteral("edtPassword"), Qt::Key_Return);
+        PageDriver::WaitFor([] { return FindWindow<ClientApp::CMainWindow>() != nullptr; });
+    }
+    const QPointer<ClientApp::CMainWindow> pWindow(FindWindow<ClientApp::CMainWindow>());
+    PageDriver driver(*pWindow, QSize(1280, 800));
+    driver.Click(QStringLiteral("BasicInfoManagerUI"));
+    PageDriver::WaitFor([&] { return driver.IsUsable(QStringLiteral("m_btnAdd")); });
+    driver.Click(QStringLiteral("m_btnAdd"));
+    driver.Type(QStringLiteral("m_pEditName"), QStringLiteral("Ada"));
+
+    ASSERT_GT(admin.Client().GetUserManager()->LockUser("guard"), 0);
+    PageDriver::WaitFor([&] { return pSignIn->isVisible(); });
+    const auto* const pUserName = pSignIn->findChild<VxGUI::VxLineEdit*>(QStringLiteral("edtUserName"));
+    EXPECT_TRUE(pUserName->GetLineEdit()->isReadOnly()) << "the forms are those of one account";
+    dialogs.AnswerNext(false);
+    pSignIn->reject();
+    PageDriver::WaitFor([&] { return dialogs.Shown().size() == 1 && pSignIn->isVisible(); });
+    ASSERT_TRUE(pWindow);
+    EXPECT_TRUE(driver.IsShown(QStringLiteral("m_pEditName"))) << "it waits for him";
+    dialogs.AnswerNext(true);
+    pSignIn->reject();
+    PageDriver::WaitFor([&] { return !pWindow && pSignIn->isVisible(); });
+    PageDriver::WaitFor([&] { return !pUserName->GetLineEdit()->isReadOnly(); });
 }
