@@ -162,6 +162,8 @@ void CEditorBase::UpdateControls()
     UpdateButton(m_controls.pEdit, m_purpose == Purpose::Details);
     for (QWidget* const pInput : qAsConst(m_controls.vecInput))
         pInput->setEnabled(!IsUnsettled());
+    if (m_pLoadState)
+        m_pLoadState->setEnabled(m_session.IsConnected());
 }
 
 void CEditorBase::UpdateButton(QPushButton* pButton, bool bShown)

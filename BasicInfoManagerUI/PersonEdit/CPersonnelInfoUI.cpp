@@ -53,7 +53,6 @@ CPersonnelInfoUI::CPersonnelInfoUI(UICommonMdl::CInterfaceSetManager* pInterface
     SetUpEditor();
     connect(
         &m_session, &Common::CSession::SignalConnectionChanged, this, &CPersonnelInfoUI::OnConnectionChanged);
-    connect(&m_session, &Common::CSession::SignalRightsChanged, this, &CPersonnelInfoUI::UpdateState);
     Common::LoadStyleSheet(this, SkinFolder);
     for (CPersonSection* const pSection : m_vecSections)
         pSection->SetConnected(m_session.IsConnected());
@@ -223,7 +222,6 @@ void CPersonnelInfoUI::OnConnectionChanged(bool bConnected)
 {
     for (CPersonSection* const pSection : m_vecSections)
         pSection->SetConnected(bConnected);
-    UpdateState();
     if (bConnected && isVisible() && !(m_sChoicesFailed.isEmpty() && m_sResidenceFailed.isEmpty()))
         QueryChoices();
 }

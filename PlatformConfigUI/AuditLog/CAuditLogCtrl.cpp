@@ -61,7 +61,7 @@ void CAuditLogCtrl::SetUpToolBar()
         {"btnExport", "export", Text::tr("Export"), [this] { m_pExport->Start(m_request); },
             {connection,
                 NeedsRight(UserLogical::RightExportAuditLog,
-                    Text::tr("You do not have the right to export the audit log.")),
+                    Text::tr("You have no permission to export the audit log.")),
                 entries}});
     GetToolBar()->AddAction(
         {"btnRefresh", "refresh", Text::tr("Refresh"), [this] { QueryRows(); }, {connection}, Qt::Key_F5});

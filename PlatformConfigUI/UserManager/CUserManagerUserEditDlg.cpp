@@ -65,8 +65,6 @@ void CUserManagerUserEditDlg::SetUpEditor()
         {Text::tr("Loading user"), Text::tr("Failed to get user info."),
             Text::tr("You have no permission to see users.")});
     m_editor.SetClose([this] { QDialog::reject(); });
-    connect(&m_editor, &Common::CEditorBase::SignalStateChanged, m_pUi->wgtLoadState,
-        [this] { m_pUi->wgtLoadState->setEnabled(m_session.IsConnected()); });
 }
 
 void CUserManagerUserEditDlg::BeginAdd()

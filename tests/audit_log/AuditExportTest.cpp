@@ -117,7 +117,7 @@ TEST_F(AuditExportTest, NeedsItsRight)
     Open();
     EXPECT_FALSE(IsUsable("btnExport"));
     EXPECT_EQ(m_pDriver->Find(QStringLiteral("btnExport"))->toolTip(),
-        QStringLiteral("You do not have the right to export the audit log."));
+        QStringLiteral("You have no permission to export the audit log."));
     m_host.SetMissingRights({});
     PageDriver::Settle();
     EXPECT_TRUE(IsUsable("btnExport"));
