@@ -49,14 +49,14 @@ public:
     /// What the operator reads of the form as a whole.
     struct FormTexts
     {
-        QString sAddTitle;
-        QString sModifyTitle;
-        QString sDetailsTitle;
-        QString sAdded; ///< empty: the form tells it, with more than these words
-        QString sModified;
-        QString sAddFailed;
-        QString sModifyFailed;
-        QString sNoRight; ///< why nothing can be changed
+        QString sAddTitle = {};
+        QString sModifyTitle = {};
+        QString sDetailsTitle = {};
+        QString sAdded = {}; ///< empty: the form tells it, with more than these words
+        QString sModified = {};
+        QString sAddFailed = {};
+        QString sModifyFailed = {};
+        QString sNoRight = {}; ///< why nothing can be changed
     };
     /// The widgets that all forms have; all are borrowed, and none has to be there.
     struct Controls
@@ -65,7 +65,7 @@ public:
         QPushButton* pSaveAndGoOn = nullptr; ///< of a new record
         QPushButton* pEdit = nullptr; ///< from the details to modifying it, where pSave is hidden
         QLabel* pTitle = nullptr;
-        QVector<QWidget*> vecInput; ///< what must not change while a save is not settled
+        QVector<QWidget*> vecInput = {}; ///< what must not change while a save is not settled
     };
     struct LoadTexts
     {
